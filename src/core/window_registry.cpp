@@ -1,0 +1,144 @@
+#include "core/window_registry.h"
+
+#include "platform/pump.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QTimer>
+#include <QWidget>
+#include <utility>
+
+namespace core {
+
+void WindowRegistry::add(const QString& name, Factory factory)
+{
+    m_factories[name] = std::move(factory);
+}
+
+bool WindowRegistry::hasFactory(const QString& name) const
+{
+    return m_factories.contains(name);
+}
+
+QWidget* WindowRegistry::find(const QString& name) const
+{
+    const auto found = m_windows.find(name);
+    return found == m_windows.end() ? nullptr : found->second.data();
+}
+
+QWidget* WindowRegistry::load(const QString& name)
+{
+    if (QWidget* loaded = find(name)) {
+        return loaded;
+    }
+    const auto factory = m_factories.find(name);
+    if (factory == m_factories.end() || platform::isClosing()) {
+        return nullptr;
+    }
+    QWidget* window = factory->second();
+    if (window == nullptr) {
+        return nullptr;
+    }
+    if (window->objectName().isEmpty()) {
+        window->setObjectName(name);
+    }
+    m_windows[name] = window;
+    window->installEventFilter(this);
+    return window;
+}
+
+QWidget* WindowRegistry::show(const QString& name, ShowMode mode)
+{
+    const QPointer<QWidget> window = load(name);
+    if (window == nullptr) {
+        return nullptr;
+    }
+    if (mode == ShowMode::Modeless) {
+        window->show();
+        window->raise();
+        return window;
+    }
+    QEventLoop loop;
+    window->setWindowModality(Qt::ApplicationModal);
+    window->show();
+    window->activateWindow();
+    // A closing program hides its windows, so watching the window is enough to end the wait.
+    while (window != nullptr && window->isVisible() && !platform::isClosing()) {
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return window;
+}
+
+void WindowRegistry::hide(const QString& name)
+{
+    if (QWidget* window = find(name)) {
+        window->hide();
+    }
+}
+
+void WindowRegistry::unload(const QString& name)
+{
+    const QPointer<QWidget> window = find(name);
+    if (window == nullptr) {
+        return;
+    }
+    window->close();
+    // A window that refused or doesn't listen to its close event still has to go.
+    if (window != nullptr && find(name) == window) {
+        forget(window);
+    }
+}
+
+void WindowRegistry::unloadAll(const QStringList& order)
+{
+    for (const QString& name : order) {
+        unload(name);
+    }
+}
+
+void WindowRegistry::forget(QWidget* window)
+{
+    for (auto it = m_windows.begin(); it != m_windows.end(); ++it) {
+        if (it->second != window) {
+            continue;
+        }
+        const QString name = it->first;
+        m_windows.erase(it);
+        window->removeEventFilter(this);
+        window->hide();
+        if (m_watcher) {
+            m_watcher(name);
+        }
+        window->deleteLater();
+        return;
+    }
+}
+
+bool WindowRegistry::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Close) {
+        return QObject::eventFilter(watched, event);
+    }
+    // The window's own handler decides first; only an accepted close unloads.
+    watched->removeEventFilter(this);
+    auto* window = qobject_cast<QWidget*>(watched);
+    const QPointer<QWidget> alive = window;
+    watched->event(event);
+    if (alive == nullptr) {
+        return true;
+    }
+    if (event->isAccepted()) {
+        forget(window);
+    } else {
+        watched->installEventFilter(this);
+    }
+    return true;
+}
+
+WindowRegistry& windows()
+{
+    static WindowRegistry instance;
+    return instance;
+}
+
+} // namespace core

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QRect>
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+namespace platform {
+
+// What the program asks of the desktop around it.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    // Colour depth of the screen.
+    [[nodiscard]] virtual int bitsPerPixel() const = 0;
+
+    // Screen area without panels, in device-independent pixels.
+    [[nodiscard]] virtual QRect availableArea() const = 0;
+
+    // Opens a document or an address with the program that the user prefers for it.
+    virtual bool openDocument(const QString& pathOrUrl) = 0;
+
+    // Starts a program detached; false when there is none at the path.
+    virtual bool startProgram(const QString& path, const QStringList& arguments) = 0;
+
+    // A sheet with the facts of a file; nothing for one that doesn't exist.
+    virtual void showProperties(const QString& path, QWidget* parent) = 0;
+
+    // Moves a file or folder to the trash, without a question. False: it stays where it is.
+    virtual bool moveToTrash(const QString& path) = 0;
+};
+
+// The real desktop, or the one that a test put in its place.
+[[nodiscard]] Desktop& desktop();
+
+class ScopedDesktop {
+public:
+    explicit ScopedDesktop(Desktop& replacement);
+    ~ScopedDesktop();
+    ScopedDesktop(const ScopedDesktop&) = delete;
+    ScopedDesktop& operator=(const ScopedDesktop&) = delete;
+
+private:
+    Desktop* m_previous;
+};
+
+} // namespace platform

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "base/colours.h"
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+class QWidget;
+
+namespace platform {
+
+enum class BoxIcon { None, Information, Exclamation, Critical, Question };
+
+// What a file dialog is asked for. Filters are pairs of text and patterns separated by "|", patterns
+// by ";", matched without regard to case: "BMP (*.BMP)|*.bmp|All|*.*".
+struct FileRequest {
+    QString title;
+    QString filter;
+    QString folder;                // where it opens; empty: where the last one was
+    QString fileName;              // proposed name
+    bool severalFiles = false;     // open only
+    bool askBeforeReplacing = false; // save only
+};
+
+struct SaveChoice {
+    QString path;        // exactly as typed or chosen; no extension is added
+    int filterIndex = 1; // one-based
+};
+
+// Message boxes and common dialogs. All are modal; they end with the program.
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+
+    // A box with an OK button. An empty title stays empty.
+    virtual void showMessage(const QString& text, const QString& title, BoxIcon icon) = 0;
+    [[nodiscard]] virtual bool askYesNo(const QString& text, const QString& title) = 0;
+
+    // Nothing, or an empty list, when cancelled.
+    [[nodiscard]] virtual QStringList openFiles(const FileRequest& request) = 0;
+    [[nodiscard]] virtual std::optional<SaveChoice> saveFile(const FileRequest& request) = 0;
+    [[nodiscard]] virtual std::optional<base::Colour> chooseColour(base::Colour initial) = 0;
+    [[nodiscard]] virtual std::optional<QString> askText(const QString& label, const QString& title,
+                                                         const QString& initial) = 0;
+};
+
+// The desktop's dialogs, or the ones that a test put in their place.
+[[nodiscard]] Dialogs& dialogs();
+
+// Puts other dialogs in place while it lives.
+class ScopedDialogs {
+public:
+    explicit ScopedDialogs(Dialogs& replacement);
+    ~ScopedDialogs();
+    ScopedDialogs(const ScopedDialogs&) = delete;
+    ScopedDialogs& operator=(const ScopedDialogs&) = delete;
+
+private:
+    Dialogs* m_previous;
+};
+
+} // namespace platform

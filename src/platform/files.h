@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QtTypes>
+#include <memory>
+#include <optional>
+
+class QFile;
+
+// Whole files by path. Nothing here blocks on a pipe or a device: where a regular file is wanted,
+// anything else counts as a failure.
+namespace platform {
+
+// Opens a regular file for reading, or gives null.
+std::unique_ptr<QFile> openForReading(const QString& path);
+
+// All bytes of a regular file of at most maxBytes; nothing when it can't be read or is larger.
+std::optional<QByteArray> readFile(const QString& path, qint64 maxBytes = qint64(1) << 31);
+
+// Writes a temporary file in the target's folder and renames it, so that the target holds either
+// all of the bytes or what it held before. Keeps the permissions of a target that exists.
+[[nodiscard]] bool writeFileWhole(const QString& path, const QByteArray& bytes);
+
+// Appends to a file and makes it when it is missing.
+[[nodiscard]] bool appendToFile(const QString& path, const QByteArray& bytes);
+
+// Copies the bytes of a regular file, replacing the target. False without touching either when
+// both names lead to the same file.
+[[nodiscard]] bool copyFile(const QString& from, const QString& to);
+
+bool removeFile(const QString& path);
+
+// Removes all regular files and links of a folder (not of its subfolders); errors are passed over.
+void removeFilesIn(const QString& folder);
+
+bool makeFolder(const QString& path); // with its parents; true if it exists afterwards
+bool isFolder(const QString& path);
+bool isRegularFile(const QString& path);
+std::optional<qint64> fileSize(const QString& path);
+
+} // namespace platform

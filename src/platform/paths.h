@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+// Native paths. A path is a QString; bytes of a file name that are no UTF-8 stand in it as lone
+// surrogates U+DC80 to U+DCFF, one for each byte, so that every path survives the way through
+// fields, lists and settings and back to the file system.
+namespace platform {
+
+// Between the bytes of the file system and the text of the program. toNative(fromNative(b)) == b.
+QString fromNative(const std::string& bytes);
+std::string toNative(const QString& path);
+
+// The folder with a separator at its end, added only when it is missing. "" gives the separator.
+QString withSeparator(const QString& folder);
+QString joinPath(const QString& folder, const QString& name);
+
+// The text behind the last separator, and the text before it ("/" for a name in the root, "" for a
+// bare name).
+QString fileNameOf(const QString& path);
+QString folderOf(const QString& path);
+
+// Decides where the program's data lives: the environment variable VISTARA_HOME, else the
+// executable's folder if it is writable and holds the delivered files, else
+// ~/.local/share/vistara, which is then seeded once from the delivered files. Makes the folders
+// openTemp, Lib and Lib/pLib there when they are missing. Called once, before anything else here;
+// a second call decides anew (tests).
+void initialisePaths();
+
+// The folder so decided, without a separator at its end.
+QString appPath();
+
+// A delivered or working file under appPath(), named relative to it: appFile("Images/gif.ico").
+QString appFile(const QString& relative);
+
+// The folder of the running executable; the program's own helper programs stand there.
+QString programFolder();
+
+QString homeFolder();
+QString picturesFolder();
+
+// The part of a path that plays the role of a drive: the mount point under /media, /run/media/USER
+// or /mnt that holds the path, else the home folder if that holds it, else "".
+QString drivePrefix(const QString& path);
+
+} // namespace platform

@@ -1,0 +1,21 @@
+#pragma once
+
+namespace platform {
+
+// Shapes of the screen's mouse pointer that commands switch between; numbers as commands know them.
+enum class Pointer { Default = 0, SizeNS = 7, HourGlass = 11, ArrowHourGlass = 13 };
+
+// Sets the pointer for all windows of the program. Default takes the override away.
+void setPointer(Pointer pointer);
+[[nodiscard]] Pointer pointer();
+
+// The given shape while it lives, the default one afterwards.
+class PointerGuard {
+public:
+    explicit PointerGuard(Pointer shape = Pointer::HourGlass) { setPointer(shape); }
+    ~PointerGuard() { setPointer(Pointer::Default); }
+    PointerGuard(const PointerGuard&) = delete;
+    PointerGuard& operator=(const PointerGuard&) = delete;
+};
+
+} // namespace platform
