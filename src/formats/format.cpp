@@ -1,0 +1,34 @@
+#include "formats/format.h"
+
+#include "base/byte_reader.h"
+#include "formats/mapped_file.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct Format {
+    bool (*recognise)(const base::ByteReader& file);
+    void (*read)(std::span<const std::byte> file, RawImage& image);
+};
+
+// In the order in which they are asked: the tests are weak, and the first hit decides.
+constexpr std::array<Format, 0> kFormats{};
+
+} // namespace
+
+void OpenRawImage(const std::string& path, RawImage& image)
+{
+    const auto file = formats::MappedFile::open(path);
+    if (!file) {
+        return;
+    }
+    const base::ByteReader reader(file->bytes());
+    const auto format =
+        std::find_if(kFormats.begin(), kFormats.end(),
+                     [&](const Format& candidate) { return candidate.recognise(reader); });
+    if (format != kFormats.end()) {
+        format->read(file->bytes(), image);
+    }
+}
