@@ -1,0 +1,193 @@
+#include "widgets/title_strip.h"
+
+#include "core/config_store.h"
+#include "core/services.h"
+#include "platform/paths.h"
+#include "platform/picture_loader.h"
+#include "widgets/colour_conversion.h"
+#include "widgets/window_drag.h"
+
+#include <QAbstractButton>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace widgets {
+
+namespace {
+
+constexpr int kStripHeight = 28;
+constexpr int kCloseBoxSize = 22;
+constexpr int kMargin = 8;
+constexpr base::Colour kFirstBackground = base::rgb(0x2F, 0x4A, 0x6D);
+
+// A cross that stands out while the pointer is over it. Drawn in the strip's caption colour.
+class CloseBox : public QAbstractButton {
+public:
+    explicit CloseBox(TitleStrip* strip)
+        : QAbstractButton(strip)
+        , m_strip(*strip)
+    {
+        setFocusPolicy(Qt::TabFocus);
+        setAttribute(Qt::WA_Hover);
+        setAccessibleName(tr("Close"));
+        setToolTip(tr("Close"));
+        setCursor(Qt::ArrowCursor);
+        resize(kCloseBoxSize, kCloseBoxSize);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QColor ink = m_strip.captionColour();
+        if (underMouse() || hasFocus()) {
+            QColor veil = ink;
+            veil.setAlphaF(isDown() ? 0.38F : 0.2F);
+            painter.setPen(hasFocus() ? QPen(ink, 1) : QPen(Qt::NoPen));
+            painter.setBrush(veil);
+            painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+        }
+        painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap));
+        const QPointF centre = QRectF(rect()).center();
+        const double arm = 4.0;
+        painter.drawLine(centre + QPointF(-arm, -arm), centre + QPointF(arm, arm));
+        painter.drawLine(centre + QPointF(-arm, arm), centre + QPointF(arm, -arm));
+    }
+
+private:
+    const TitleStrip& m_strip;
+};
+
+QImage titlePicture(double ratio)
+{
+    if (ratio > 1.0) {
+        const auto sharp = platform::loadPicture(platform::appFile("Images/Titlebar@2x.gif"));
+        if (sharp) {
+            return sharp->image();
+        }
+    }
+    const auto picture = platform::loadPicture(platform::appFile("Images/Titlebar.gif"));
+    return picture ? picture->image() : QImage();
+}
+
+} // namespace
+
+TitleStrip::TitleStrip(QWidget* parent, const QString& closeBoxName)
+    : QWidget(parent)
+    , m_background(toQColor(kFirstBackground))
+{
+    setObjectName("Picture2");
+    setAccessibleName(tr("Title bar"));
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    m_closeBox = new CloseBox(this);
+    m_closeBox->setObjectName(closeBoxName);
+    connect(m_closeBox, &QAbstractButton::clicked, this, &TitleStrip::closeRequested);
+    chooseCaptionColour();
+}
+
+void TitleStrip::applyLook()
+{
+    const core::ConfigStore* config = core::services().config;
+    m_picture = QImage();
+    if (config != nullptr && config->readBoolean("InterfaceB")) {
+        m_picture = titlePicture(devicePixelRatioF());
+    } else if (config != nullptr) {
+        if (const auto colour = config->readColour("InterfaceColor")) {
+            m_background = toQColor(*colour);
+        }
+    }
+    chooseCaptionColour();
+    update();
+}
+
+void TitleStrip::clearPicture()
+{
+    m_picture = QImage();
+    chooseCaptionColour();
+    update();
+}
+
+void TitleStrip::setCaption(const QString& caption)
+{
+    if (caption == m_caption) {
+        return;
+    }
+    m_caption = caption;
+    setAccessibleName(caption.isEmpty() ? tr("Title bar") : caption);
+    update();
+}
+
+void TitleStrip::setDragTarget(QWidget* target)
+{
+    m_dragsWindow = false;
+    m_dragTarget = target;
+}
+
+QSize TitleStrip::sizeHint() const
+{
+    return {200, kStripHeight};
+}
+
+QSize TitleStrip::minimumSizeHint() const
+{
+    return {kCloseBoxSize + 2 * kMargin, kStripHeight};
+}
+
+void TitleStrip::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), m_background);
+    if (!m_picture.isNull()) {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(rect(), m_picture);
+    }
+    QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);
+    if (!m_closeBox->isHidden()) {
+        room.setRight(m_closeBox->x() - kMargin);
+    }
+    if (m_caption.isEmpty() || room.width() <= 0) {
+        return;
+    }
+    QFont bold = font();
+    bold.setWeight(QFont::DemiBold);
+    painter.setFont(bold);
+    painter.setPen(m_captionColour);
+    const QString shown = painter.fontMetrics().elidedText(m_caption, Qt::ElideRight, room.width());
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+void TitleStrip::resizeEvent(QResizeEvent* /*event*/)
+{
+    const int edge = (height() - kCloseBoxSize) / 2;
+    m_closeBox->move(width() - kCloseBoxSize - qMax(edge, 2), edge);
+}
+
+void TitleStrip::mousePressEvent(QMouseEvent* event)
+{
+    QWidget* target = m_dragsWindow ? window() : m_dragTarget.data();
+    if (event->button() != Qt::LeftButton || target == nullptr) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    beginDrag(*target, event->globalPosition().toPoint());
+}
+
+void TitleStrip::chooseCaptionColour()
+{
+    if (m_picture.isNull()) {
+        m_captionColour = legibleOn(m_background);
+        return;
+    }
+    // The mean of the picture over the background is what the text has to stand out from.
+    QImage mean(1, 1, QImage::Format_RGB32);
+    mean.fill(m_background);
+    QPainter painter(&mean);
+    painter.drawImage(0, 0,
+                      m_picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    painter.end();
+    m_captionColour = legibleOn(mean.pixelColor(0, 0));
+}
+
+} // namespace widgets
