@@ -84,6 +84,8 @@ public:
     virtual void Scrollshow() = 0;
     virtual void Dragpic() = 0;
     virtual void fastZoomshow() = 0;
+    // The zoom tool was closed by its own box: its menu checks go, the stored state stays.
+    virtual void zoomToolClosed() = 0;
     virtual void openPsd(const QString& path) = 0;
     virtual void SaveGIF() = 0;
     virtual void SetLoad() = 0;
