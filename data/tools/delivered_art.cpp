@@ -1,0 +1,149 @@
+#include "delivered_art.h"
+
+#include "badges.h"
+#include "files.h"
+#include "icon_writer.h"
+#include "svg_drawing.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace tools {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+
+// Symbols of files whose content isn't read for their tile.
+constexpr std::array kTileSymbols {"flashbg", "htmlbg", "mp3bg", "nofbg", "playbg", "vcddvdbg"};
+
+constexpr std::array kSymbolSides {16, 24, 32, 48, 64, 128};
+constexpr std::array kProgramSides {16, 24, 32, 48, 64, 128, 256};
+constexpr std::array kBadgeSides {16, 24};
+
+struct Scene {
+    const char* drawing;
+    const char* file;   // in the picture folder
+    const char* format; // of the toolkit's image writers
+    int factor;         // of the size that the drawing states
+};
+
+constexpr std::array kScenes {
+    Scene {"splash", "splash.png", "PNG", 1},
+    Scene {"splash", "splash@2x.png", "PNG", 2},
+    Scene {"about", "about.png", "PNG", 1},
+    Scene {"about", "about@2x.png", "PNG", 2},
+    Scene {"Copyfile", "Copyfile.jpg", "JPG", 1},
+    Scene {"Movefile", "Movefile.jpg", "JPG", 1},
+    Scene {"opcolse", "opcolse.jpg", "JPG", 1},
+    Scene {"Opcolse-1", "Opcolse-1.jpg", "JPG", 1},
+};
+
+// Drawings of a folder in the order of their names, so that every build reads them alike.
+std::vector<fs::path> drawingsIn(const fs::path& folder)
+{
+    std::vector<fs::path> drawings;
+    std::error_code missing; // an empty list, which the caller refuses
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, missing)) {
+        if (entry.path().extension() == ".svg") {
+            drawings.push_back(entry.path());
+        }
+    }
+    std::sort(drawings.begin(), drawings.end());
+    return drawings;
+}
+
+std::string densityName(const fs::path& drawing, int factor)
+{
+    const std::string stem = drawing.stem().string();
+    return factor == 1 ? stem + ".png" : stem + "@" + std::to_string(factor) + "x.png";
+}
+
+bool deliverDensities(const fs::path& drawing, const fs::path& folder, int highest)
+{
+    for (int factor = 1; factor <= highest; ++factor) {
+        const QImage image = drawSvgScaled(drawing, factor);
+        if (!writeFile(folder / densityName(drawing, factor), encoded(image, "PNG"))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+template<std::size_t Count>
+bool deliverIcon(const fs::path& drawing, const std::array<int, Count>& sides, const fs::path& icon)
+{
+    std::vector<QImage> images;
+    for (const int side : sides) {
+        images.push_back(drawSvg(drawing, QSize(side, side)));
+    }
+    return writeFile(icon, iconFile(images));
+}
+
+bool deliverBadges(const fs::path& folder)
+{
+    for (const Badge& badge : badges()) {
+        std::vector<QImage> images;
+        for (const int side : kBadgeSides) {
+            images.push_back(drawBadge(badge, side));
+        }
+        if (!writeFile(folder / (std::string(badge.name) + ".ico"), iconFile(images))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string drawingName(const char* stem)
+{
+    return std::string(stem) + ".svg";
+}
+
+} // namespace
+
+bool deliverToolbar(const Folders& folders)
+{
+    const std::vector<fs::path> drawings = drawingsIn(folders.art / "toolbar");
+    return !drawings.empty()
+        && std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
+               return deliverDensities(drawing, folders.images / "toolbar", 3);
+           });
+}
+
+bool deliverIcons(const Folders& folders)
+{
+    const bool symbols
+        = std::all_of(kTileSymbols.begin(), kTileSymbols.end(), [&folders](const char* name) {
+              return deliverIcon(folders.art / "tiles" / drawingName(name), kSymbolSides,
+                                 folders.images / (std::string(name) + ".ico"));
+          });
+    const fs::path program = folders.art / "vistara.svg";
+    return symbols && deliverBadges(folders.images)
+        && deliverIcon(program, kProgramSides, folders.images / "vistara.ico")
+        && writeFile(folders.images / "vistara.png",
+                     encoded(drawSvg(program, QSize(256, 256)), "PNG"));
+}
+
+bool deliverCursors(const Folders& folders)
+{
+    const std::vector<fs::path> drawings = drawingsIn(folders.art / "cursors");
+    return !drawings.empty()
+        && std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
+               return deliverDensities(drawing, folders.images / "cursors", 2);
+           });
+}
+
+bool deliverScenes(const Folders& folders)
+{
+    return std::all_of(kScenes.begin(), kScenes.end(), [&folders](const Scene& scene) {
+        const fs::path drawing = folders.art / "scenes" / drawingName(scene.drawing);
+        const QImage image = drawSvgScaled(drawing, scene.factor);
+        return writeFile(folders.images / scene.file,
+                         encoded(image.convertToFormat(QImage::Format_RGB32), scene.format, 92));
+    });
+}
+
+} // namespace tools

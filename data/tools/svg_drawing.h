@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+
+#include <filesystem>
+
+namespace tools {
+
+// The drawing scaled to fill the size, on a transparent ground; a null image, after a word on the
+// error stream, when the file isn't a drawing.
+[[nodiscard]] QImage drawSvg(const std::filesystem::path& path, QSize size);
+
+// The drawing at a multiple of the size that it states itself.
+[[nodiscard]] QImage drawSvgScaled(const std::filesystem::path& path, int factor);
+
+} // namespace tools
