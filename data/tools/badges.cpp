@@ -20,14 +20,14 @@ constexpr QRgb kSlate = 0xFF55657E;
 
 // Blue for bitmaps, green for photographs, violet for animated and sounding files, amber for
 // drawings and symbols, coral for films, slate for what the program decodes itself.
-constexpr std::array kBadges {
-    Badge {"bmp", "BMP", kBlue},     Badge {"jpg", "JPG", kGreen},    Badge {"gif", "GIF", kViolet},
-    Badge {"ico", "ICO", kAmber},    Badge {"wmf", "WMF", kAmber},    Badge {"psd", "PSD", kSlate},
-    Badge {"pcx", "PCX", kSlate},    Badge {"tga", "TGA", kSlate},    Badge {"lbm", "LBM", kSlate},
-    Badge {"bbm", "BBM", kSlate},    Badge {"html", "HTM", kBlue},    Badge {"swf", "SWF", kCoral},
-    Badge {"mpeg", "MPG", kCoral},   Badge {"avi", "AVI", kCoral},    Badge {"asf", "ASF", kCoral},
-    Badge {"vcd", "VCD", kCoral},    Badge {"dvd", "DVD", kCoral},    Badge {"mp3", "MP3", kViolet},
-    Badge {"noName", "#", kAmber}, Badge {"nof", "?", kSlate},
+constexpr std::array kBadges{
+    Badge{"bmp", "BMP", kBlue},   Badge{"jpg", "JPG", kGreen}, Badge{"gif", "GIF", kViolet},
+    Badge{"ico", "ICO", kAmber},  Badge{"wmf", "WMF", kAmber}, Badge{"psd", "PSD", kSlate},
+    Badge{"pcx", "PCX", kSlate},  Badge{"tga", "TGA", kSlate}, Badge{"lbm", "LBM", kSlate},
+    Badge{"bbm", "BBM", kSlate},  Badge{"html", "HTM", kBlue}, Badge{"swf", "SWF", kCoral},
+    Badge{"mpeg", "MPG", kCoral}, Badge{"avi", "AVI", kCoral}, Badge{"asf", "ASF", kCoral},
+    Badge{"vcd", "VCD", kCoral},  Badge{"dvd", "DVD", kCoral}, Badge{"mp3", "MP3", kViolet},
+    Badge{"noName", "#", kAmber}, Badge{"nof", "?", kSlate},
 };
 
 struct Metrics {

@@ -16,13 +16,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-
 // Symbols of files whose content isn't read for their tile.
-constexpr std::array kTileSymbols {"flashbg", "htmlbg", "mp3bg", "nofbg", "playbg", "vcddvdbg"};
+constexpr std::array kTileSymbols{"flashbg", "htmlbg", "mp3bg", "nofbg", "playbg", "vcddvdbg"};
 
-constexpr std::array kSymbolSides {16, 24, 32, 48, 64, 128};
-constexpr std::array kProgramSides {16, 24, 32, 48, 64, 128, 256};
-constexpr std::array kBadgeSides {16, 24};
+constexpr std::array kSymbolSides{16, 24, 32, 48, 64, 128};
+constexpr std::array kProgramSides{16, 24, 32, 48, 64, 128, 256};
+constexpr std::array kBadgeSides{16, 24};
 
 struct Scene {
     const char* drawing;
@@ -31,15 +30,11 @@ struct Scene {
     int factor;         // of the size that the drawing states
 };
 
-constexpr std::array kScenes {
-    Scene {"splash", "splash.png", "PNG", 1},
-    Scene {"splash", "splash@2x.png", "PNG", 2},
-    Scene {"about", "about.png", "PNG", 1},
-    Scene {"about", "about@2x.png", "PNG", 2},
-    Scene {"Copyfile", "Copyfile.jpg", "JPG", 1},
-    Scene {"Movefile", "Movefile.jpg", "JPG", 1},
-    Scene {"opcolse", "opcolse.jpg", "JPG", 1},
-    Scene {"Opcolse-1", "Opcolse-1.jpg", "JPG", 1},
+constexpr std::array kScenes{
+    Scene{"splash", "splash.png", "PNG", 1},     Scene{"splash", "splash@2x.png", "PNG", 2},
+    Scene{"about", "about.png", "PNG", 1},       Scene{"about", "about@2x.png", "PNG", 2},
+    Scene{"Copyfile", "Copyfile.jpg", "JPG", 1}, Scene{"Movefile", "Movefile.jpg", "JPG", 1},
+    Scene{"opcolse", "opcolse.jpg", "JPG", 1},   Scene{"Opcolse-1", "Opcolse-1.jpg", "JPG", 1},
 };
 
 // Drawings of a folder in the order of their names, so that every build reads them alike.
@@ -107,31 +102,31 @@ std::string drawingName(const char* stem)
 bool deliverToolbar(const Folders& folders)
 {
     const std::vector<fs::path> drawings = drawingsIn(folders.art / "toolbar");
-    return !drawings.empty()
-        && std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
+    return !drawings.empty() &&
+           std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
                return deliverDensities(drawing, folders.images / "toolbar", 3);
            });
 }
 
 bool deliverIcons(const Folders& folders)
 {
-    const bool symbols
-        = std::all_of(kTileSymbols.begin(), kTileSymbols.end(), [&folders](const char* name) {
-              return deliverIcon(folders.art / "tiles" / drawingName(name), kSymbolSides,
-                                 folders.images / (std::string(name) + ".ico"));
-          });
+    const bool symbols =
+        std::all_of(kTileSymbols.begin(), kTileSymbols.end(), [&folders](const char* name) {
+            return deliverIcon(folders.art / "tiles" / drawingName(name), kSymbolSides,
+                               folders.images / (std::string(name) + ".ico"));
+        });
     const fs::path program = folders.art / "vistara.svg";
-    return symbols && deliverBadges(folders.images)
-        && deliverIcon(program, kProgramSides, folders.images / "vistara.ico")
-        && writeFile(folders.images / "vistara.png",
+    return symbols && deliverBadges(folders.images) &&
+           deliverIcon(program, kProgramSides, folders.images / "vistara.ico") &&
+           writeFile(folders.images / "vistara.png",
                      encoded(drawSvg(program, QSize(256, 256)), "PNG"));
 }
 
 bool deliverCursors(const Folders& folders)
 {
     const std::vector<fs::path> drawings = drawingsIn(folders.art / "cursors");
-    return !drawings.empty()
-        && std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
+    return !drawings.empty() &&
+           std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
                return deliverDensities(drawing, folders.images / "cursors", 2);
            });
 }

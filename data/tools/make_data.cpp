@@ -15,8 +15,8 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     const std::filesystem::path home(argv[2]);
-    const tools::Folders folders {argv[1], home / "Images", home / "Samples"};
-    const bool done = tools::deliverToolbar(folders) && tools::deliverIcons(folders)
-        && tools::deliverCursors(folders) && tools::deliverScenes(folders);
+    const tools::Folders folders{argv[1], home / "Images", home / "Samples"};
+    const bool done = tools::deliverToolbar(folders) && tools::deliverIcons(folders) &&
+                      tools::deliverCursors(folders) && tools::deliverScenes(folders);
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -6,8 +6,7 @@
 namespace tools {
 
 // Letters of the badges, row by row from the top; a "#" is a pixel of the letter.
-template<std::size_t Rows>
-struct PixelLetter {
+template<std::size_t Rows> struct PixelLetter {
     char letter;
     std::array<std::string_view, Rows> rows;
 };
