@@ -31,16 +31,18 @@ Bitmap bitmapFrom(const std::string& bytes, int width, int height)
     const auto colourByte = [&bytes](std::size_t at) {
         return static_cast<std::uint8_t>(bytes[at]);
     };
-    for (std::size_t i = 0; i < bitmap.info.colours.size(); ++i)
+    for (std::size_t i = 0; i < bitmap.info.colours.size(); ++i) {
         bitmap.info.colours[i] = {colourByte(3 * i), colourByte(3 * i + 1), colourByte(3 * i + 2)};
+    }
     const std::size_t stride = formats::gifStride(bitmap.info);
     const auto columns = static_cast<std::size_t>(width);
     const auto rows = static_cast<std::size_t>(height);
     bitmap.bits.resize(stride * rows);
     for (std::size_t y = 0; y < rows; ++y) {
         const std::size_t from = kTableBytes + y * columns;
-        for (std::size_t x = 0; x < columns; ++x)
+        for (std::size_t x = 0; x < columns; ++x) {
             bitmap.bits[(rows - 1 - y) * stride + x] = static_cast<std::byte>(bytes[from + x]);
+        }
     }
     return bitmap;
 }
@@ -50,8 +52,9 @@ double encodeMilliseconds(const Bitmap& bitmap, std::vector<std::byte>& file)
     const auto start = std::chrono::steady_clock::now();
     file.clear();
     file.shrink_to_fit();
-    if (!EncodeGifImage(&bitmap.info, bitmap.bits, file, {}, {0, 0, 0xF7}))
+    if (!EncodeGifImage(&bitmap.info, bitmap.bits, file, {}, {0, 0, 0xF7})) {
         std::exit(1);
+    }
     const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
     return time.count();
 }
@@ -78,13 +81,15 @@ int main(int count, char** arguments)
     const Bitmap bitmap = bitmapFrom(bytes, width, height);
     std::vector<std::byte> file;
     std::vector<double> times;
-    for (int i = 0; i <= repetitions; ++i)
+    for (int i = 0; i <= repetitions; ++i) {
         times.push_back(encodeMilliseconds(bitmap, file));
+    }
     // The first run warms the caches up.
     std::sort(times.begin() + 1, times.end());
     std::printf("gif_encode %.2f out=%zu\n", times[1 + static_cast<std::size_t>(repetitions) / 2],
                 file.size());
-    if (count > 5 && !WriteGifFile(bitmap.info, bitmap.bits, arguments[5]))
+    if (count > 5 && !WriteGifFile(bitmap.info, bitmap.bits, arguments[5])) {
         return 1;
+    }
     return 0;
 }

@@ -23,14 +23,16 @@ void GifBlockWriter::put(std::uint32_t code, unsigned width)
 {
     m_bits |= std::uint64_t{code} << m_bitCount;
     m_bitCount += width;
-    for (std::size_t i = 0; i < 4; ++i)
+    for (std::size_t i = 0; i < 4; ++i) {
         m_staged[m_stagedCount + i] = static_cast<std::byte>(m_bits >> (8 * i));
+    }
     const unsigned whole = m_bitCount / 8;
     m_stagedCount += whole;
     m_bits >>= whole * 8;
     m_bitCount %= 8;
-    if (m_stagedCount >= kStagedBytes)
+    if (m_stagedCount >= kStagedBytes) {
         flushWholeBlocks();
+    }
 }
 
 void GifBlockWriter::flushWholeBlocks()
@@ -48,8 +50,9 @@ void GifBlockWriter::flushWholeBlocks()
 
 void GifBlockWriter::finish()
 {
-    if (m_bitCount > 0)
+    if (m_bitCount > 0) {
         m_staged[m_stagedCount++] = static_cast<std::byte>(m_bits);
+    }
     m_bitCount = 0;
     flushWholeBlocks();
     if (m_stagedCount > 0) {
@@ -66,8 +69,9 @@ GifLzwEncoder::GifLzwEncoder(std::vector<std::byte>& file)
     , m_codes(kSlots + kClearCode)
     , m_width(kPixelBits + 1)
 {
-    for (std::uint32_t pixel = 0; pixel < kClearCode; ++pixel)
+    for (std::uint32_t pixel = 0; pixel < kClearCode; ++pixel) {
         m_codes[kFirstPixelSlot + pixel] = static_cast<std::uint16_t>(pixel);
+    }
     clear();
 }
 
@@ -85,8 +89,9 @@ void GifLzwEncoder::learn(std::uint32_t slot, std::uint32_t key)
     m_keys[slot] = key;
     m_codes[slot] = static_cast<std::uint16_t>(m_nextFree);
     ++m_nextFree;
-    if (m_nextFree <= m_threshold)
+    if (m_nextFree <= m_threshold) {
         return;
+    }
     if (m_width >= kWidestCode) {
         clear();
         return;
@@ -99,8 +104,9 @@ void GifLzwEncoder::add(std::span<const std::byte> pixels)
 {
     // An odd multiplier spreads neighbouring colours over the table.
     static constexpr std::uint32_t kPixelSpread = 0x2F1B;
-    if (pixels.empty())
+    if (pixels.empty()) {
         return;
+    }
     if (m_prefix == kNoSlot) {
         m_prefix = kFirstPixelSlot + std::to_integer<std::uint32_t>(pixels.front());
         pixels = pixels.subspan(1);
@@ -111,8 +117,9 @@ void GifLzwEncoder::add(std::span<const std::byte> pixels)
         const auto pixel = std::to_integer<std::uint32_t>(value);
         const std::uint32_t key = ((prefix << kPixelBits) | pixel) + 1;
         std::uint32_t slot = (prefix * 3 + pixel * kPixelSpread) % kSlots;
-        while (keys[slot] != key && keys[slot] != 0)
+        while (keys[slot] != key && keys[slot] != 0) {
             slot = (slot + 1) % kSlots;
+        }
         if (keys[slot] == key) {
             prefix = slot;
             continue;

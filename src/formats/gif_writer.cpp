@@ -41,8 +41,9 @@ void append16(Bytes& file, unsigned value)
 
 void appendText(Bytes& file, std::string_view text)
 {
-    for (const char letter : text)
+    for (const char letter : text) {
         append8(file, static_cast<unsigned char>(letter));
+    }
 }
 
 // A table in a file has the length that the bit count tells; colours not in use are black.
@@ -65,10 +66,12 @@ bool fitsGif(std::int32_t size)
 
 bool canEncode(const GifBitmapInfo& info, std::span<const std::byte> bits)
 {
-    if (info.headerSize != kHeaderSize || info.bitCount != kPixelBits || info.compression != 0)
+    if (info.headerSize != kHeaderSize || info.bitCount != kPixelBits || info.compression != 0) {
         return false;
-    if (!fitsGif(info.width) || !fitsGif(info.height))
+    }
+    if (!fitsGif(info.width) || !fitsGif(info.height)) {
         return false;
+    }
     return bits.size() >= formats::gifStride(info) * static_cast<std::size_t>(info.height);
 }
 
@@ -89,8 +92,9 @@ void appendPixels(Bytes& file, const GifBitmapInfo& info, std::span<const std::b
     const auto height = static_cast<std::size_t>(info.height);
     formats::GifLzwEncoder encoder(file);
     for (const RowPass& pass : passes) {
-        for (std::size_t row = pass.start; row < height; row += pass.step)
+        for (std::size_t row = pass.start; row < height; row += pass.step) {
             encoder.add(bits.subspan((height - 1 - row) * stride, width));
+        }
     }
     encoder.finish();
 }
@@ -138,15 +142,18 @@ std::size_t formats::gifStride(const GifBitmapInfo& info)
 bool EncodeGifImage(const GifBitmapInfo* bitmapInfo, std::span<const std::byte> bits, Bytes& file,
                     GifImageDescriptor imageDescriptor, const GifScreenDescriptor& screenDescriptor)
 {
-    if (bitmapInfo == nullptr || !canEncode(*bitmapInfo, bits))
+    if (bitmapInfo == nullptr || !canEncode(*bitmapInfo, bits)) {
         return false;
+    }
     const bool ownTable =
         (imageDescriptor.flags & kHasTable) != 0 || (screenDescriptor.flags & kHasTable) == 0;
-    if (ownTable)
+    if (ownTable) {
         imageDescriptor.flags |= kHasTable | (kPixelBits - 1);
+    }
     appendDescriptor(file, *bitmapInfo, imageDescriptor);
-    if (ownTable)
+    if (ownTable) {
         appendColours(file, *bitmapInfo);
+    }
     append8(file, kPixelBits);
     const bool interlaced = (imageDescriptor.flags & kInterlaced) != 0;
     appendPixels(file, *bitmapInfo, bits,
@@ -160,18 +167,21 @@ bool WriteGifFile(const GifBitmapInfo& bitmapInfo, std::span<const std::byte> bi
 {
     GifBitmapInfo info = bitmapInfo;
     info.bitCount = std::min(info.bitCount, kPixelBits);
-    if (info.bitCount == 0 || bits.empty() || !fitsGif(info.width) || !fitsGif(info.height))
+    if (info.bitCount == 0 || bits.empty() || !fitsGif(info.width) || !fitsGif(info.height)) {
         return false;
+    }
     OpenFile target(std::fopen(path.c_str(), "wb"));
-    if (target == nullptr)
+    if (target == nullptr) {
         return false;
+    }
     const GifScreenDescriptor screen = screenOf(info);
     Bytes file;
     file.reserve(bits.size() / 4);
     appendHead(file, info, screen);
     const bool encoded = EncodeGifImage(&info, bits, file, {}, screen);
-    if (encoded)
+    if (encoded) {
         appendText(file, ";");
+    }
     // A refused image still leaves its header and table on the disk.
     return writeAndClose(std::move(target), file) && encoded;
 }

@@ -55,8 +55,9 @@ Pixels noise(std::size_t count, unsigned colours, unsigned seed)
 {
     std::mt19937 random(seed);
     Pixels pixels(count);
-    for (std::uint8_t& pixel : pixels)
+    for (std::uint8_t& pixel : pixels) {
         pixel = static_cast<std::uint8_t>(random() % colours);
+    }
     return pixels;
 }
 
@@ -96,8 +97,9 @@ public:
             emit(prefix);
             m_suffix[m_nextFree] = pixels[i];
             ++m_nextFree;
-            if (m_nextFree > m_threshold)
+            if (m_nextFree > m_threshold) {
                 outgrow();
+            }
             prefix = pixels[i];
         }
         emit(prefix);
@@ -106,8 +108,9 @@ public:
             m_bitCount = 8;
             pushBytes();
         }
-        if (!m_block.empty())
+        if (!m_block.empty()) {
             writeBlock();
+        }
         m_file.push_back(std::byte{0});
     }
 
@@ -161,8 +164,9 @@ private:
     {
         for (; m_bitCount >= 8; m_bitCount -= 8, m_bits >>= 8U) {
             m_block.push_back(static_cast<std::byte>(m_bits & 0xFFU));
-            if (m_block.size() == 255)
+            if (m_block.size() == 255) {
                 writeBlock();
+            }
         }
     }
 
@@ -221,14 +225,17 @@ public:
         while (true) {
             const unsigned code = next();
             m_result.widestCode = std::max(m_result.widestCode, m_width);
-            if (code == 257 || m_at > m_data.size() * 8 + 12)
+            if (code == 257 || m_at > m_data.size() * 8 + 12) {
                 return;
-            if (code == 256)
+            }
+            if (code == 256) {
                 restart();
-            else
+            } else {
                 add(code);
-            if (m_result.pixels.size() >= pixelCount)
+            }
+            if (m_result.pixels.size() >= pixelCount) {
                 return;
+            }
         }
     }
 
@@ -236,8 +243,9 @@ private:
     unsigned next()
     {
         unsigned code = 0;
-        for (unsigned bit = 0; bit < m_width; ++bit, ++m_at)
+        for (unsigned bit = 0; bit < m_width; ++bit, ++m_at) {
             code |= (byteAt(m_data, m_at / 8) >> (m_at % 8) & 1U) << bit;
+        }
         return code;
     }
 
@@ -245,8 +253,9 @@ private:
     {
         ++m_result.clearCodes;
         m_strings.assign(258, {});
-        for (std::size_t i = 0; i < 256; ++i)
+        for (std::size_t i = 0; i < 256; ++i) {
             m_strings[i] = {static_cast<std::uint8_t>(i)};
+        }
         m_previous.reset();
         m_width = 9;
     }
@@ -258,8 +267,9 @@ private:
             Pixels longer = m_strings[*m_previous];
             longer.push_back(code < m_strings.size() ? m_strings[code].front() : longer.front());
             m_strings.push_back(longer);
-            if (m_strings.size() == std::size_t{1} << m_width && m_width < 12)
+            if (m_strings.size() == std::size_t{1} << m_width && m_width < 12) {
                 ++m_width;
+            }
         }
         const Pixels& string = m_strings[code];
         m_result.pixels.insert(m_result.pixels.end(), string.begin(), string.end());
@@ -288,8 +298,9 @@ Decoded decodeImage(const Bytes& file, std::size_t at)
     while (byteAt(file, at) != 0 && at < file.size()) {
         const std::size_t size = byteAt(file, at);
         result.blockSizes.push_back(size);
-        for (std::size_t i = 1; i <= size; ++i)
+        for (std::size_t i = 1; i <= size; ++i) {
             data.push_back(static_cast<std::byte>(byteAt(file, at + i)));
+        }
         at += size + 1;
     }
     result.bytesUsed = at + 1;
@@ -409,16 +420,18 @@ TEST_F(GifFile, BeginsWithSignatureScreenAndTable)
     const Bytes file = writtenBy(makeBitmap(300, 2, noise(600, 256, 1)));
     const std::string head =
         std::string("GIF87a") + '\x2C' + '\x01' + '\x02' + '\0' + '\xF7' + '\0' + '\0';
-    for (std::size_t i = 0; i < head.size(); ++i)
+    for (std::size_t i = 0; i < head.size(); ++i) {
         EXPECT_EQ(byteAt(file, i), static_cast<unsigned char>(head[i])) << i;
+    }
     for (unsigned i = 0; i < 256; ++i) {
         EXPECT_EQ(byteAt(file, 13 + 3 * i), i);
         EXPECT_EQ(byteAt(file, 14 + 3 * i), i ^ 0x55U);
         EXPECT_EQ(byteAt(file, 15 + 3 * i), 255 - i);
     }
     EXPECT_EQ(byteAt(file, kHeadBytes - 1), unsigned{','});
-    for (std::size_t i = 0; i < 4; ++i)
+    for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(byteAt(file, kHeadBytes + i), 0U);
+    }
     EXPECT_EQ(wordAt(file, kHeadBytes + 4), 300);
     EXPECT_EQ(wordAt(file, kHeadBytes + 6), 2);
     EXPECT_EQ(byteAt(file, kHeadBytes + 8), 0U);
@@ -450,8 +463,9 @@ TEST_F(GifFile, CutsTheDataIntoFullBlocksAndARest)
     const Decoded decoded =
         decodeImage(writtenBy(makeBitmap(64, 64, noise(4096, 256, 3))), kHeadBytes);
     ASSERT_GT(decoded.blockSizes.size(), 3U);
-    for (std::size_t i = 0; i + 1 < decoded.blockSizes.size(); ++i)
+    for (std::size_t i = 0; i + 1 < decoded.blockSizes.size(); ++i) {
         EXPECT_EQ(decoded.blockSizes[i], 255U);
+    }
     EXPECT_LT(decoded.blockSizes.back(), 256U);
 }
 
@@ -479,8 +493,9 @@ TEST(GifEncoder, GivesTheCodesOfAPlainTreeWalk)
         const auto count = static_cast<std::size_t>(width * height);
         expectPlainCodes(width, height, Pixels(count, 200));
         expectPlainCodes(width, height, drawing(count, ++seed));
-        for (const unsigned colours : {2U, 3U, 16U, 100U, 256U})
+        for (const unsigned colours : {2U, 3U, 16U, 100U, 256U}) {
             expectPlainCodes(width, height, noise(count, colours, ++seed));
+        }
     }
 }
 
@@ -488,21 +503,24 @@ TEST(GifEncoder, GivesTheCodesOfAPlainTreeWalkWhereverThePictureEnds)
 {
     // The last codes fall before, on and behind every change of the code width.
     const Pixels all = noise(6000, 256, 77);
-    for (int count = 1; count < 6000; count += count < 300 || count > 3700 ? 1 : 13)
+    for (int count = 1; count < 6000; count += count < 300 || count > 3700 ? 1 : 13) {
         expectPlainCodes(count, 1, Pixels(all.begin(), all.begin() + count));
+    }
 }
 
 TEST(GifEncoder, OrdersInterlacedRowsInFourPasses)
 {
     Pixels rows;
-    for (int y = 0; y < 20; ++y)
+    for (int y = 0; y < 20; ++y) {
         rows.insert(rows.end(), 3, static_cast<std::uint8_t>(y));
+    }
     const Decoded decoded = decodeImage(encoded(makeBitmap(3, 20, rows), {0, 0, 0x40}), 0);
     const std::vector<int> order{0, 8, 16, 4, 12, 2,  6,  10, 14, 18,
                                  1, 3, 5,  7, 9,  11, 13, 15, 17, 19};
     ASSERT_EQ(decoded.pixels.size(), 60U);
-    for (std::size_t i = 0; i < order.size(); ++i)
+    for (std::size_t i = 0; i < order.size(); ++i) {
         EXPECT_EQ(decoded.pixels[i * 3], order[i]);
+    }
 }
 
 TEST(GifEncoder, AddsATableWhenTheScreenHasNone)
