@@ -6,8 +6,8 @@ namespace platform {
 
 enum class PictureType { None = 0, Bitmap = 1, Metafile = 2, Icon = 3, EnhancedMetafile = 4 };
 
-// A picture as it is handed from the loader to windows and boxes: an immutable value that shares its
-// pixels between copies. A default-made one is "Nothing": type None, size 0.
+// A picture as it is handed from the loader to windows and boxes: an immutable value that shares
+// its pixels between copies. A default-made one is "Nothing": type None, size 0.
 class Picture {
 public:
     Picture() = default;

@@ -8,8 +8,8 @@
 
 namespace platform {
 
-// An off-screen surface with a Picture, a background colour, and drawing that stays. Not a widget; a
-// window that shows one paints drawnImage(). Lengths are pixels; colours are base::Colour.
+// An off-screen surface with a Picture, a background colour, and drawing that stays. Not a widget;
+// a window that shows one paints drawnImage(). Lengths are pixels; colours are base::Colour.
 class PictureBox {
 public:
     PictureBox() = default;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QSize>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -14,13 +15,17 @@ namespace platform {
 
 enum class StretchMode {
     ColorOnColor = 3, // repeats or leaves out pixels
-    HalfTone = 4,     // averages when shrinking, repeats pixels at whole factors when enlarging
+    HalfTone = 4,     // averages when shrinking, repeats pixels at whole factors when enlarging,
+                      // and blends neighbours at other factors
 };
 
+// A negative width covers the pixels x, x - 1, ... from its far edge on and mirrors, and so does a
+// negative height. Parts of the target area outside its surface change nothing about the scale;
+// target pixels whose source lies outside the source's surface stay as they are.
 struct Area {
     int x = 0;
     int y = 0;
-    int width = 0; // a negative width or height mirrors: the area then begins at its far edge
+    int width = 0;
     int height = 0;
 };
 
@@ -29,14 +34,20 @@ bool BitBlt(QImage& target, int x, int y, int width, int height, const QImage& s
             int sourceY);
 
 // Copies scaled. 1:1 is a plain copy of bytes; a mirrored 1:1 is exact. False when either area is
-// empty or a surface is null. The target may be the source itself.
+// empty, or a surface is null or hasn't 32 bits a pixel. The target may be the source itself. A
+// source with transparency lands over white on a target without.
 bool StretchBlt(QImage& target, Area targetArea, const QImage& source, Area sourceArea,
                 StretchMode mode = StretchMode::HalfTone);
 
-// The same onto whatever a painter paints on; target lengths are device-independent pixels. Sharp at
-// every screen ratio: a picture pixel becomes whole device pixels where the scale allows.
+// The same onto whatever a painter paints on; target lengths are device-independent pixels. Sharp
+// at every screen ratio: a picture pixel becomes whole device pixels where the scale allows.
 bool StretchBlt(QPainter& target, Area targetArea, const QImage& source, Area sourceArea,
                 StretchMode mode = StretchMode::HalfTone);
+
+// A new surface of that size, filled from the area: for a caller that keeps what it shows. Null
+// when it can't be made; the source's format otherwise.
+[[nodiscard]] QImage stretched(const QImage& source, Area sourceArea, QSize size,
+                               StretchMode mode = StretchMode::HalfTone);
 
 // A device-independent bitmap header with its colour table, as far as transfers need it.
 struct BitmapHeader {

@@ -1,0 +1,217 @@
+#include "platform/stretch_kernels.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+using Channels [[gnu::vector_size(16)]] = float;
+using WholeChannels [[gnu::vector_size(16)]] = std::int32_t;
+
+const quint32* pixelsOf(const QImage& image, int row)
+{
+    return reinterpret_cast<const quint32*>(image.constScanLine(row));
+}
+
+quint32* pixelsOf(QImage& image, int row)
+{
+    return reinterpret_cast<quint32*>(image.scanLine(row));
+}
+
+enum class Order { Forward, Backward, Mixed };
+
+// Whether the columns are neighbours, so that a row can be copied in one piece.
+Order orderOf(const StretchAxis& columns)
+{
+    bool forward = true;
+    bool backward = true;
+    for (std::size_t i = 1; i < columns.spans.size(); ++i) {
+        const int step = columns.spans[i].first - columns.spans[i - 1].first;
+        forward = forward && step == 1;
+        backward = backward && step == -1;
+    }
+    if (forward) {
+        return Order::Forward;
+    }
+    return backward ? Order::Backward : Order::Mixed;
+}
+
+void copyRow(quint32* target, const quint32* source, const std::vector<StretchSpan>& spans,
+             Order order)
+{
+    const std::size_t count = spans.size();
+    switch (order) {
+    case Order::Forward:
+        std::memcpy(target, source + spans.front().first, count * sizeof(quint32));
+        return;
+    case Order::Backward:
+        std::reverse_copy(source + spans.back().first, source + spans.front().first + 1, target);
+        return;
+    case Order::Mixed:
+        for (std::size_t i = 0; i < count; ++i) {
+            target[i] = source[spans[i].first];
+        }
+        return;
+    }
+}
+
+// Weighted sums of rows, one number a channel, for the source columns that the target needs.
+class RowSum {
+public:
+    RowSum(const QImage& source, int firstColumn, int columnCount)
+        : m_source(source)
+        , m_offset(std::size_t(firstColumn) * 4)
+        , m_whole(std::size_t(columnCount) * 4)
+        , m_sum(std::size_t(columnCount) * 4)
+    {
+    }
+
+    void compute(const StretchSpan& rows);
+    // Four channels a column, from the first needed column on.
+    [[nodiscard]] const float* sums() const { return m_sum.data(); }
+
+private:
+    // Rows of bytes whose sum fits into 16 bits.
+    static constexpr int kRowsOfWholeSum = 256;
+
+    [[nodiscard]] const uchar* row(int y) const { return m_source.constScanLine(y) + m_offset; }
+    void addWholeRows(int first, int count);
+    template<int kRows> void addToWhole(int first, bool fresh);
+
+    const QImage& m_source;
+    std::size_t m_offset;
+    std::vector<std::uint16_t> m_whole;
+    std::vector<float> m_sum;
+};
+
+template<int kRows> void RowSum::addToWhole(int first, bool fresh)
+{
+    std::array<const uchar*, kRows> rows{};
+    for (int i = 0; i < kRows; ++i) {
+        rows[std::size_t(i)] = row(first + i);
+    }
+    std::uint16_t* whole = m_whole.data();
+    const std::size_t size = m_whole.size();
+    for (std::size_t i = 0; i < size; ++i) {
+        unsigned sum = fresh ? 0U : whole[i];
+        for (const uchar* bytes : rows) {
+            sum += bytes[i];
+        }
+        whole[i] = std::uint16_t(sum);
+    }
+}
+
+void RowSum::addWholeRows(int first, int count)
+{
+    bool fresh = true;
+    int done = 0;
+    for (; count - done >= 4; done += 4) {
+        addToWhole<4>(first + done, fresh);
+        fresh = false;
+    }
+    for (; done < count; ++done) {
+        addToWhole<1>(first + done, fresh);
+        fresh = false;
+    }
+}
+
+void RowSum::compute(const StretchSpan& rows)
+{
+    const std::size_t size = m_sum.size();
+    float* sum = m_sum.data();
+    const uchar* head = row(rows.first);
+    if (rows.count == 1) {
+        for (std::size_t i = 0; i < size; ++i) {
+            sum[i] = head[i];
+        }
+        return;
+    }
+    const uchar* tail = row(rows.last());
+    const float headWeight = rows.head * rows.scale;
+    const float tailWeight = rows.tail * rows.scale;
+    for (std::size_t i = 0; i < size; ++i) {
+        sum[i] = float(head[i]) * headWeight + float(tail[i]) * tailWeight;
+    }
+    for (int y = rows.first + 1; y < rows.last(); y += kRowsOfWholeSum) {
+        addWholeRows(y, std::min(kRowsOfWholeSum, rows.last() - y));
+        const std::uint16_t* whole = m_whole.data();
+        for (std::size_t i = 0; i < size; ++i) {
+            sum[i] += float(whole[i]) * rows.scale;
+        }
+    }
+}
+
+Channels channelsAt(const float* sums, int column)
+{
+    Channels channels;
+    std::memcpy(&channels, sums + std::size_t(column) * 4, sizeof channels);
+    return channels;
+}
+
+quint32 pixelOf(Channels channels)
+{
+    const WholeChannels whole = __builtin_convertvector(channels + 0.5F, WholeChannels);
+    return quint32(whole[0]) | quint32(whole[1]) << 8U | quint32(whole[2]) << 16U |
+           quint32(whole[3]) << 24U;
+}
+
+void blendRow(quint32* target, const float* sums, int firstColumn,
+              const std::vector<StretchSpan>& spans)
+{
+    for (const StretchSpan& span : spans) {
+        const float* from = sums + std::size_t(span.first - firstColumn) * 4;
+        Channels sum = channelsAt(from, 0) * span.head;
+        if (span.count > 1) {
+            for (int i = 1; i < span.count - 1; ++i) {
+                sum += channelsAt(from, i);
+            }
+            sum += channelsAt(from, span.count - 1) * span.tail;
+            sum *= span.scale;
+        }
+        *target++ = pixelOf(sum);
+    }
+}
+
+} // namespace
+
+void copyPixels(QImage& target, const StretchAxis& columns, const QImage& source,
+                const StretchAxis& rows)
+{
+    const Order order = orderOf(columns);
+    const std::size_t bytes = columns.spans.size() * sizeof(quint32);
+    const quint32* before = nullptr;
+    int beforeFrom = -1;
+    int y = rows.targetFirst;
+    for (const StretchSpan& row : rows.spans) {
+        quint32* onto = pixelsOf(target, y++) + columns.targetFirst;
+        if (before != nullptr && row.first == beforeFrom) {
+            std::memcpy(onto, before, bytes);
+        } else {
+            copyRow(onto, pixelsOf(source, row.first), columns.spans, order);
+        }
+        before = onto;
+        beforeFrom = row.first;
+    }
+}
+
+void blendPixels(QImage& target, const StretchAxis& columns, const QImage& source,
+                 const StretchAxis& rows)
+{
+    const auto& spans = columns.spans;
+    // Mirrored columns run backwards, so the outermost ones stand at either end.
+    const int firstColumn = std::min(spans.front().first, spans.back().first);
+    const int lastColumn = std::max(spans.front().last(), spans.back().last());
+    RowSum sum(source, firstColumn, lastColumn - firstColumn + 1);
+    int y = rows.targetFirst;
+    for (const StretchSpan& row : rows.spans) {
+        sum.compute(row);
+        blendRow(pixelsOf(target, y++) + columns.targetFirst, sum.sums(), firstColumn, spans);
+    }
+}
+
+} // namespace platform
