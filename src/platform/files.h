@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QtTypes>
 #include <memory>
 #include <optional>
 
@@ -18,17 +17,27 @@ std::unique_ptr<QFile> openForReading(const QString& path);
 // All bytes of a regular file of at most maxBytes; nothing when it can't be read or is larger.
 std::optional<QByteArray> readFile(const QString& path, qint64 maxBytes = qint64(1) << 31);
 
+// What a whole write waits for. A process that dies never leaves half a file either way; a machine
+// that loses power may, unless the bytes were flushed. Working files needn't be.
+enum class Flush { No, ToDisk };
+
 // Writes a temporary file in the target's folder and renames it, so that the target holds either
-// all of the bytes or what it held before. Keeps the permissions of a target that exists.
-[[nodiscard]] bool writeFileWhole(const QString& path, const QByteArray& bytes);
+// all of the bytes or what it held before. Keeps the permissions of a target that exists, and a
+// link stays a link to the file that it leads to.
+[[nodiscard]] bool writeFileWhole(const QString& path, const QByteArray& bytes,
+                                  Flush flush = Flush::No);
 
 // Appends to a file and makes it when it is missing.
 [[nodiscard]] bool appendToFile(const QString& path, const QByteArray& bytes);
 
-// Copies the bytes of a regular file, replacing the target. False without touching either when
-// both names lead to the same file.
+// Copies the bytes, permissions and time of a regular file, replacing the target. False without
+// touching either when both names lead to the same file.
 [[nodiscard]] bool copyFile(const QString& from, const QString& to);
 
+// Gives a file another name on the same file system. False when the new name is taken.
+[[nodiscard]] bool renameFile(const QString& from, const QString& to);
+
+// Removes a file or a link, never a folder.
 bool removeFile(const QString& path);
 
 // Removes all regular files and links of a folder (not of its subfolders); errors are passed over.

@@ -1,0 +1,163 @@
+#include "platform/paths.h"
+
+#include "platform/delivered_files.h"
+#include "platform/files.h"
+#include "platform/mounts.h"
+
+#include <QStandardPaths>
+#include <cassert>
+#include <climits>
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace platform {
+
+namespace {
+
+constexpr QChar kSeparator = u'/';
+
+QString g_appPath;
+
+QString withoutSeparator(QString folder)
+{
+    while (folder.size() > 1 && folder.endsWith(kSeparator)) {
+        folder.chop(1);
+    }
+    return folder;
+}
+
+QString environment(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value != nullptr ? fromNative(value) : QString();
+}
+
+QString absolute(const QString& folder)
+{
+    if (folder.startsWith(kSeparator)) {
+        return withoutSeparator(folder);
+    }
+    char current[PATH_MAX];
+    if (::getcwd(current, sizeof current) == nullptr) {
+        return withoutSeparator(folder);
+    }
+    return withoutSeparator(joinPath(fromNative(current), folder));
+}
+
+// The user's data folder; a relative value of the variable counts as none.
+QString dataHome()
+{
+    const QString named = environment("XDG_DATA_HOME");
+    return named.startsWith(kSeparator) ? withoutSeparator(named)
+                                        : joinPath(homeFolder(), QStringLiteral(".local/share"));
+}
+
+QString decideAppPath()
+{
+    const QString named = environment("VISTARA_HOME");
+    if (!named.isEmpty()) {
+        return absolute(named);
+    }
+    const QString program = programFolder();
+    const bool isWritable = ::access(toNative(program).c_str(), W_OK) == 0;
+    if (isWritable && holdsDeliveredFiles(program)) {
+        return program;
+    }
+    return joinPath(dataHome(), QStringLiteral("vistara"));
+}
+
+// Where the delivered files stand; "" when they aren't found.
+QString deliveredFolder()
+{
+    const QString program = programFolder();
+    const QString installed = joinPath(folderOf(program), QStringLiteral("share/vistara"));
+    for (const QString& folder : {program, installed}) {
+        if (holdsDeliveredFiles(folder)) {
+            return folder;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+QString withSeparator(const QString& folder)
+{
+    return folder.endsWith(kSeparator) ? folder : folder + kSeparator;
+}
+
+QString joinPath(const QString& folder, const QString& name)
+{
+    return withSeparator(folder) + name;
+}
+
+QString fileNameOf(const QString& path)
+{
+    return path.mid(path.lastIndexOf(kSeparator) + 1);
+}
+
+QString folderOf(const QString& path)
+{
+    const qsizetype separator = path.lastIndexOf(kSeparator);
+    if (separator == 0) {
+        return QString(kSeparator);
+    }
+    return separator < 0 ? QString() : path.left(separator);
+}
+
+void initialisePaths()
+{
+    g_appPath = decideAppPath();
+    const QString delivered = deliveredFolder();
+    if (!delivered.isEmpty() && delivered != g_appPath) {
+        seedDeliveredFiles(delivered, g_appPath);
+    }
+    for (const char* const folder : {"openTemp", "Lib", "Lib/pLib"}) {
+        makeFolder(appFile(QString::fromLatin1(folder)));
+    }
+}
+
+QString appPath()
+{
+    assert(!g_appPath.isEmpty());
+    return g_appPath;
+}
+
+QString appFile(const QString& relative)
+{
+    return joinPath(appPath(), relative);
+}
+
+QString programFolder()
+{
+    char path[PATH_MAX];
+    const ssize_t length = ::readlink("/proc/self/exe", path, sizeof path);
+    if (length <= 0) {
+        return {};
+    }
+    return folderOf(fromNative(std::string(path, static_cast<std::size_t>(length))));
+}
+
+QString homeFolder()
+{
+    const QString named = environment("HOME");
+    if (named.startsWith(kSeparator)) {
+        return withoutSeparator(named);
+    }
+    const passwd* const user = ::getpwuid(::getuid());
+    return user != nullptr ? withoutSeparator(fromNative(user->pw_dir)) : QString(kSeparator);
+}
+
+QString picturesFolder()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return isFolder(folder) ? folder : homeFolder();
+}
+
+QString drivePrefix(const QString& path)
+{
+    return drivePrefixAmong(path, mediaMounts(), homeFolder());
+}
+
+} // namespace platform
