@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -76,7 +75,10 @@ template<std::forward_iterator Iterator> void ByteBuffer::assign(Iterator first,
     if (!resizeForOverwrite(static_cast<std::size_t>(std::distance(first, last)))) {
         return;
     }
-    std::copy(first, last, begin());
+    std::size_t index = 0;
+    for (; first != last; ++first, ++index) {
+        (*this)[index] = static_cast<std::uint8_t>(*first);
+    }
 }
 
 } // namespace formats

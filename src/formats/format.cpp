@@ -2,7 +2,6 @@
 
 #include "base/byte_reader.h"
 #include "formats/mapped_file.h"
-#include "formats/pcx_reader.h"
 
 #include <algorithm>
 #include <array>
@@ -15,9 +14,7 @@ struct Format {
 };
 
 // In the order in which they are asked: the tests are weak, and the first hit decides.
-constexpr std::array kFormats{
-    Format{formats::isPcx, formats::readPcx},
-};
+constexpr std::array<Format, 0> kFormats{};
 
 } // namespace
 

@@ -1,0 +1,74 @@
+#include "thumbs/thumb_table.h"
+
+#include <gtest/gtest.h>
+
+using thumbs::ThumbTable;
+
+namespace {
+
+ThumbTable tableOfThree()
+{
+    ThumbTable table;
+    table.resize(3);
+    table.fill(0, {18, 0, 88, 70}, "/p/a.jpg", 0);
+    table.fill(2, {18, 0, 88, 70}, "/p/c.jpg", 1);
+    return table;
+}
+
+} // namespace
+
+TEST(ThumbTable, HasOneRowMoreThanFiles)
+{
+    ThumbTable table;
+    EXPECT_EQ(table.rows(), 1);
+    table.resize(0);
+    EXPECT_EQ(table.rows(), 1);
+    table.resize(10);
+    EXPECT_EQ(table.rows(), 11);
+}
+
+TEST(ThumbTable, ForgetsItsRowsWhenItIsSizedAgain)
+{
+    ThumbTable table = tableOfThree();
+    table.resize(3);
+    EXPECT_EQ(table.filledRow(0), nullptr);
+}
+
+TEST(ThumbTable, FindsTilesOfTheirOwnPageOnly)
+{
+    const ThumbTable table = tableOfThree();
+    EXPECT_EQ(table.rowAt(0, 30, 30, 3), 0);
+    EXPECT_EQ(table.rowAt(1, 30, 30, 3), 2);
+    EXPECT_EQ(table.rowAt(2, 30, 30, 3), std::nullopt);
+}
+
+TEST(ThumbTable, CountsTheEdgesToATile)
+{
+    const ThumbTable table = tableOfThree();
+    EXPECT_EQ(table.rowAt(0, 18, 0, 3), 0);
+    EXPECT_EQ(table.rowAt(0, 88, 70, 3), 0);
+    EXPECT_EQ(table.rowAt(0, 89, 70, 3), std::nullopt);
+}
+
+TEST(ThumbTable, SkipsRowsThatWereNeverFilled)
+{
+    const ThumbTable table = tableOfThree();
+    EXPECT_EQ(table.rowAt(0, 0, 0, 3), std::nullopt);
+    EXPECT_EQ(table.filledRow(1), nullptr);
+}
+
+TEST(ThumbTable, LooksAtTheGivenNumberOfFiles)
+{
+    EXPECT_EQ(tableOfThree().rowAt(1, 30, 30, 2), std::nullopt);
+    EXPECT_EQ(tableOfThree().rowAt(1, 30, 30, 500), 2);
+}
+
+TEST(ThumbTable, PassesOverRowsOutside)
+{
+    ThumbTable table = tableOfThree();
+    table.fill(4, {0, 0, 1, 1}, "/p/x.jpg", 0);
+    table.fill(-1, {0, 0, 1, 1}, "/p/x.jpg", 0);
+    EXPECT_EQ(table.rows(), 4);
+    EXPECT_EQ(table.filledRow(4), nullptr);
+    EXPECT_EQ(table.filledRow(-1), nullptr);
+}
