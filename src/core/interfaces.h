@@ -25,7 +25,7 @@ public:
     [[nodiscard]] virtual platform::Picture Picture() const = 0;
     virtual void setPicture(const platform::Picture& picture) = 0;
     [[nodiscard]] virtual bool PictureExists() const = 0;
-    [[nodiscard]] virtual int PictureWidth() const = 0;  // pixels, 0 without a picture
+    [[nodiscard]] virtual int PictureWidth() const = 0; // pixels, 0 without a picture
     [[nodiscard]] virtual int PictureHeight() const = 0;
     virtual void Clear() = 0;
     virtual void Refresh() = 0;
@@ -140,6 +140,8 @@ public:
     virtual void setSplitterEnabled(bool enabled) = 0;
     // Runs the thumbnails again for the folder, size and colours that hold now.
     virtual void rebuildThumbnails() = 0;
+    // The first folder after start has its thumbnails.
+    [[nodiscard]] virtual bool isFirstFolderShown() const = 0;
     [[nodiscard]] virtual int widthTwips() const = 0;
 };
 

@@ -7,10 +7,11 @@
 
 namespace core {
 
-// The process-wide values that windows share. Plain data: each is written and read where it is used.
+// The process-wide values that windows share. Plain data: each is written and read where it is
+// used.
 struct State {
-    QString CurrentFolder; // shown by the browser pane
-    QString CurrentFile;   // last shown or composed for showing
+    QString CurrentFolder;      // shown by the browser pane
+    QString CurrentFile;        // last shown or composed for showing
     bool FirstActivate = false; // the picture count is to be taken when Form1 next becomes active
     bool BrowserShown = false;
     bool PictureWide = false; // the viewer fills the work area

@@ -30,8 +30,8 @@ public:
     [[nodiscard]] QWidget* find(const QString& name) const; // null when it isn't loaded
     [[nodiscard]] bool isLoaded(const QString& name) const { return find(name) != nullptr; }
 
-    // Shows the window, made if needed. A modal one returns when it was closed or the program closes.
-    // Gives the window, null without a factory or when a modal window has gone.
+    // Shows the window, made if needed. A modal one returns when it was closed or the program
+    // closes. Gives the window, null without a factory or when a modal window has gone.
     QWidget* show(const QString& name, ShowMode mode = ShowMode::Modeless);
     void hide(const QString& name);
 

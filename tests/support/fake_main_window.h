@@ -1,0 +1,184 @@
+#pragma once
+
+#include "core/config_store.h"
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "platform/file_list.h"
+
+#include <QPoint>
+#include <QStringList>
+#include <map>
+#include <vector>
+
+// Stand-ins for the main window and what hangs on it, for tests of the folders below the shell.
+// Every call that does something is written to a log by its name.
+namespace support {
+
+class MemoryConfigStore : public core::ConfigStore {
+public:
+    [[nodiscard]] QString read(const QString& key) const override
+    {
+        const auto found = values.find(key);
+        return found == values.end() ? core::kMissingValue : found->second;
+    }
+    void write(const QString& key, const QString& value) override { values[key] = value; }
+
+    std::map<QString, QString> values;
+};
+
+class FakeViewer : public core::Viewer {
+public:
+    explicit FakeViewer(QStringList& log)
+        : m_log(log)
+    {
+    }
+
+    [[nodiscard]] platform::Picture Picture() const override { return picture; }
+    void setPicture(const platform::Picture& newPicture) override
+    {
+        m_log.append(newPicture.isNothing() ? QStringLiteral("viewer emptied")
+                                            : QStringLiteral("viewer picture %1x%2")
+                                                  .arg(newPicture.width())
+                                                  .arg(newPicture.height()));
+        picture = newPicture;
+        pictureExists = true;
+    }
+    [[nodiscard]] bool PictureExists() const override { return pictureExists; }
+    [[nodiscard]] int PictureWidth() const override { return picture.width(); }
+    [[nodiscard]] int PictureHeight() const override { return picture.height(); }
+    void Clear() override
+    {
+        m_log.append(QStringLiteral("viewer Clear"));
+        picture = {};
+    }
+    void Refresh() override { m_log.append(QStringLiteral("viewer Refresh")); }
+    void PanViewRefresh() override { m_log.append(QStringLiteral("PanViewRefresh")); }
+    void PanViewHide() override { m_log.append(QStringLiteral("PanViewHide")); }
+    [[nodiscard]] int ZoomFactor() const override { return zoomFactor; }
+    void setZoomFactor(int factor) override { zoomFactor = factor; }
+    void ZoomIn() override { ++zoomFactor; }
+    void ZoomOut() override { --zoomFactor; }
+    void ZoomReal() override { zoomFactor = 1; }
+    void giveFocus() override { m_log.append(QStringLiteral("viewer focus")); }
+
+    platform::Picture picture;
+    bool pictureExists = false;
+    int zoomFactor = 1;
+
+private:
+    QStringList& m_log;
+};
+
+class FakeStatusBar : public core::StatusBar {
+public:
+    void setPanel(core::Panel panel, const QString& text) override { panels[panel] = text; }
+    [[nodiscard]] QString panel(core::Panel panel) const override
+    {
+        const auto found = panels.find(panel);
+        return found == panels.end() ? QString() : found->second;
+    }
+
+    std::map<core::Panel, QString> panels;
+};
+
+class FakeProgressStrip : public core::ProgressStrip {
+public:
+    void showStrip(bool visible) override { shown = visible; }
+    void setBackground(base::Colour colour) override { background = colour; }
+    void fill(double fraction, base::Colour colour) override
+    {
+        fractions.push_back(fraction);
+        fillColour = colour;
+    }
+
+    bool shown = false;
+    base::Colour background = 0;
+    base::Colour fillColour = 0;
+    std::vector<double> fractions;
+};
+
+class FakeMainWindow : public core::MainWindow {
+public:
+    FakeMainWindow() { core::services().mainWindow = this; }
+    ~FakeMainWindow() override { core::services().mainWindow = nullptr; }
+
+    void form1paint() override { note("form1paint"); }
+    void ThumbNailSize(int menuIndex) override { note("ThumbNailSize", menuIndex); }
+    void setModi() override { note("setModi"); }
+    void PasteTesselia() override { note("PasteTesselia"); }
+    void ThumbNailColor(int menuIndex) override { note("ThumbNailColor", menuIndex); }
+    void nextpic() override { note("nextpic"); }
+    void prevpic() override { note("prevpic"); }
+    void SlideNext() override { note("SlideNext"); }
+    void SlidePrevp() override { note("SlidePrevp"); }
+    void start_slideshow() override { note("start_slideshow"); }
+    void stop_slideshow() override { note("stop_slideshow"); }
+    void display_pic() override { note("display_pic"); }
+    void Np(const QString& folder) override { log.append(QStringLiteral("Np ") + folder); }
+    void ChangePath() override { note("ChangePath"); }
+    void Propers(const QString& path) override { log.append(QStringLiteral("Propers ") + path); }
+    void maskT() override {}
+    void colorChagne() override {}
+    void OCbrowse() override { note("OCbrowse"); }
+    void Smallfrm() override { note("Smallfrm"); }
+    void Scrollshow() override { note("Scrollshow"); }
+    void Dragpic() override { note("Dragpic"); }
+    void fastZoomshow() override { note("fastZoomshow"); }
+    void openPsd(const QString& path) override { log.append(QStringLiteral("openPsd ") + path); }
+    void SaveGIF() override { note("SaveGIF"); }
+    void SetLoad() override { note("SetLoad"); }
+    void routePath(const QString& path) override
+    {
+        log.append(QStringLiteral("routePath ") + path);
+    }
+    void showFileFacts(const QString& path) override
+    {
+        log.append(QStringLiteral("showFileFacts ") + path);
+    }
+    void showNameAndSize(const QString& path) override
+    {
+        log.append(QStringLiteral("showNameAndSize ") + path);
+    }
+    void addRecentPath(const QString& path) override
+    {
+        log.append(QStringLiteral("addRecentPath ") + path);
+    }
+    void refillListMenus() override { note("refillListMenus"); }
+    void setMenuState(bool enabled) override { note("setMenuState", enabled ? 1 : 0); }
+    void popUpFolderTools(const QPoint& /*screenPosition*/) override { note("popUpFolderTools"); }
+    void setDir2(const QString& folder) override { dir2 = folder; }
+    void rebuildSizeText() override { note("rebuildSizeText"); }
+    void zoomToolClosed() override { note("zoomToolClosed"); }
+    [[nodiscard]] QString Xiala() const override { return xiala; }
+    void setXiala(const QString& text) override { xiala = text; }
+    platform::PictureBox& Image1() override { return image1; }
+    platform::PictureBox& orgPicture() override { return original; }
+    core::Viewer& viewer() override { return fakeViewer; }
+    core::StatusBar& StateBar() override { return statusBar; }
+    core::ProgressStrip& Gradient() override { return gradient; }
+    QWidget* window() override { return parentWindow; }
+    [[nodiscard]] int heightTwips() const override { return height; }
+    [[nodiscard]] int coolBarHeightTwips() const override { return coolBarHeight; }
+    [[nodiscard]] int viewerHeightTwips() const override { return viewerHeight; }
+
+    void note(const char* name) { log.append(QString::fromLatin1(name)); }
+    void note(const char* name, int value)
+    {
+        log.append(QString::fromLatin1(name) + QLatin1Char(' ') + QString::number(value));
+    }
+
+    QStringList log;
+    QString xiala;
+    QString dir2;
+    FakeViewer fakeViewer{log};
+    FakeStatusBar statusBar;
+    FakeProgressStrip gradient;
+    platform::PictureBox image1{1, 1};
+    platform::PictureBox original{1, 1};
+    QWidget* parentWindow = nullptr;
+    int height = 15000;
+    int coolBarHeight = 540;
+    int viewerHeight = 12000;
+};
+
+} // namespace support
