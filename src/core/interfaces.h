@@ -81,6 +81,9 @@ public:
     virtual void colorChagne() = 0;
     virtual void OCbrowse() = 0;
     virtual void Smallfrm() = 0;
+    // Checks the entry of the pan view and runs Smallfrm, so that the pan view ends up closed whether
+    // it was open or not, and its key written.
+    virtual void closePanView() = 0;
     virtual void Scrollshow() = 0;
     virtual void Dragpic() = 0;
     virtual void fastZoomshow() = 0;

@@ -121,6 +121,7 @@ public:
     void colorChagne() override {}
     void OCbrowse() override { note("OCbrowse"); }
     void Smallfrm() override { note("Smallfrm"); }
+    void closePanView() override { note("closePanView"); }
     void Scrollshow() override { note("Scrollshow"); }
     void Dragpic() override { note("Dragpic"); }
     void fastZoomshow() override { note("fastZoomshow"); }
