@@ -16,7 +16,7 @@ constexpr const char* kPictureFolder = "Images";
 // Files and folders, beside the picture folder, that come with the program. The executable's folder
 // may hold anything else too, which isn't ours to copy.
 constexpr const char* kDelivered[] = {
-    kConfigFile, "Frame", "HelpDocuments.chm", "LiveUpdate", "flashplay.swf", "help",
+    kConfigFile, "Frame", "HelpDocuments.chm", "LiveUpdate", "Samples", "flashplay.swf", "help",
 };
 
 QString inFolder(const QString& folder, const char* name)

@@ -32,7 +32,8 @@ public:
     // Zero-based; an index outside the list gives "".
     [[nodiscard]] QString name(int index) const;
 
-    // The selected entry, -1 for none. Setting an index outside 0..count-1 fails and changes nothing.
+    // The selected entry, -1 for none. Setting an index outside 0..count-1 fails and changes
+    // nothing.
     [[nodiscard]] int listIndex() const { return m_index; }
     bool setListIndex(int index);
 
@@ -40,8 +41,6 @@ public:
     [[nodiscard]] QString fileName() const { return name(m_index); }
 
 private:
-    void read();
-
     QString m_pattern = QStringLiteral("*");
     QString m_path;
     std::vector<QString> m_names;

@@ -1,0 +1,128 @@
+#include "platform/file_list.h"
+
+#include "platform/folder_reader.h"
+#include "platform/name_order.h"
+#include "platform/paths.h"
+#include "platform/wildcards.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace platform {
+
+namespace {
+
+struct Entry {
+    QString folded;
+    QString name;
+};
+
+bool precedes(const Entry& left, const Entry& right)
+{
+    const int order = compareByCodePoint(left.folded, right.folded);
+    return order != 0 ? order < 0 : compareByCodePoint(left.name, right.name) < 0;
+}
+
+// Calls take(entry) for each file that matches; false for a folder that can't be read.
+template<typename Take> bool forEachFile(const QString& folder, const QString& pattern, Take take)
+{
+    FolderReader entries(folder);
+    if (!entries.isOpen()) {
+        return false;
+    }
+    const Wildcards wildcards(pattern);
+    while (entries.next()) {
+        if (entries.isHidden()) {
+            continue;
+        }
+        Entry entry;
+        entry.name = fromNative(entries.name());
+        entry.folded = entry.name.toCaseFolded();
+        // The kind may cost a look at the disk, so the name comes first.
+        if (wildcards.matchesFolded(entry.folded) && entries.kind() == EntryKind::File) {
+            take(std::move(entry));
+        }
+    }
+    return true;
+}
+
+std::optional<std::vector<QString>> sortedNames(const QString& folder, const QString& pattern)
+{
+    std::vector<Entry> files;
+    const auto keep = [&](Entry entry) { files.push_back(std::move(entry)); };
+    if (!forEachFile(folder, pattern, keep)) {
+        return std::nullopt;
+    }
+    std::sort(files.begin(), files.end(), precedes);
+    std::vector<QString> names;
+    names.reserve(files.size());
+    for (Entry& file : files) {
+        names.push_back(std::move(file.name));
+    }
+    return names;
+}
+
+QString withoutSeparator(QString folder)
+{
+    while (folder.size() > 1 && folder.endsWith(u'/')) {
+        folder.chop(1);
+    }
+    return folder;
+}
+
+} // namespace
+
+void FileList::setPattern(const QString& pattern)
+{
+    m_pattern = pattern;
+    refresh();
+}
+
+bool FileList::setPath(const QString& folder)
+{
+    const QString path = withoutSeparator(folder);
+    if (path == m_path && !path.isEmpty()) {
+        return true;
+    }
+    auto names = sortedNames(path, m_pattern);
+    if (!names) {
+        return false;
+    }
+    m_path = path;
+    m_names = std::move(*names);
+    m_index = -1;
+    // A copy, because the handler may set another one.
+    if (const auto changed = m_pathChanged) {
+        changed();
+    }
+    return true;
+}
+
+void FileList::refresh()
+{
+    m_index = -1;
+    m_names = sortedNames(m_path, m_pattern).value_or(std::vector<QString>());
+}
+
+QString FileList::name(int index) const
+{
+    return index >= 0 && index < count() ? m_names[static_cast<std::size_t>(index)] : QString();
+}
+
+bool FileList::setListIndex(int index)
+{
+    if (index < 0 || index >= count()) {
+        return false;
+    }
+    m_index = index;
+    return true;
+}
+
+int countFiles(const QString& folder, const QString& pattern)
+{
+    int count = 0;
+    forEachFile(folder, pattern, [&](const Entry&) { ++count; });
+    return count;
+}
+
+} // namespace platform

@@ -1,0 +1,34 @@
+#include "platform/name_order.h"
+
+#include <QChar>
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+char32_t codePointAt(QStringView text, qsizetype index)
+{
+    const bool isPair = text[index].isHighSurrogate() && index + 1 < text.size() &&
+                        text[index + 1].isLowSurrogate();
+    return isPair ? QChar::surrogateToUcs4(text[index], text[index + 1])
+                  : char32_t(text[index].unicode());
+}
+
+} // namespace
+
+int compareByCodePoint(QStringView left, QStringView right)
+{
+    const auto parting = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+    qsizetype index = parting.first - left.begin();
+    if (index == left.size() || index == right.size()) {
+        return left.size() < right.size() ? -1 : int(left.size() > right.size());
+    }
+    // The second halves of two pairs may differ where the first ones are the same.
+    if (index > 0 && left[index - 1].isHighSurrogate()) {
+        --index;
+    }
+    return codePointAt(left, index) < codePointAt(right, index) ? -1 : 1;
+}
+
+} // namespace platform
