@@ -1,0 +1,90 @@
+#include "widgets/scaled_picture.h"
+
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/picture_loader.h"
+
+#include <algorithm>
+
+namespace widgets {
+
+namespace {
+
+constexpr qint64 kLargestFile = 16 << 20;
+constexpr int kHighestVariant = 3;
+
+// The program's own art may also come in formats that the loader of users' pictures refuses.
+QImage readImage(const QString& path)
+{
+    if (const auto picture = platform::loadPicture(path)) {
+        return picture->image();
+    }
+    const auto bytes = platform::readFile(path, kLargestFile);
+    return bytes ? QImage::fromData(*bytes) : QImage();
+}
+
+QString variantPath(const QString& path, int ratio)
+{
+    const qsizetype dot = path.lastIndexOf(u'.');
+    const qsizetype nameStart = path.size() - platform::fileNameOf(path).size();
+    const qsizetype end = dot > nameStart ? dot : path.size();
+    return path.left(end) + QStringLiteral("@%1x").arg(ratio) + path.mid(end);
+}
+
+} // namespace
+
+ScaledPicture::ScaledPicture(const QImage& image)
+{
+    addVariant(image);
+}
+
+ScaledPicture::ScaledPicture(const platform::Picture& picture)
+{
+    addVariant(picture.image());
+}
+
+ScaledPicture ScaledPicture::fromFile(const QString& path)
+{
+    ScaledPicture picture(readImage(path));
+    for (int ratio = 2; !picture.isNull() && ratio <= kHighestVariant; ++ratio) {
+        const QString variant = variantPath(path, ratio);
+        if (!platform::isRegularFile(variant)) {
+            continue;
+        }
+        QImage image = readImage(variant);
+        image.setDevicePixelRatio(ratio);
+        picture.addVariant(image);
+    }
+    return picture;
+}
+
+QSize ScaledPicture::size() const
+{
+    if (isNull()) {
+        return {0, 0};
+    }
+    return m_variants.front().deviceIndependentSize().toSize();
+}
+
+QImage ScaledPicture::forRatio(double screenRatio) const
+{
+    for (const QImage& variant : m_variants) {
+        if (variant.devicePixelRatio() >= screenRatio) {
+            return variant;
+        }
+    }
+    return isNull() ? QImage() : m_variants.back();
+}
+
+void ScaledPicture::addVariant(const QImage& image)
+{
+    if (image.isNull()) {
+        return;
+    }
+    const auto higher = std::find_if(m_variants.begin(), m_variants.end(), [&](const QImage& one) {
+        return one.devicePixelRatio() > image.devicePixelRatio();
+    });
+    m_variants.insert(higher, image);
+}
+
+} // namespace widgets
