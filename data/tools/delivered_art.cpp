@@ -1,8 +1,10 @@
 #include "delivered_art.h"
 
+#include "avi_writer.h"
 #include "badges.h"
 #include "files.h"
 #include "icon_writer.h"
+#include "indexed_picture.h"
 #include "svg_drawing.h"
 
 #include <algorithm>
@@ -36,6 +38,15 @@ constexpr std::array kScenes{
     Scene{"Copyfile", "Copyfile.jpg", "JPG", 1}, Scene{"Movefile", "Movefile.jpg", "JPG", 1},
     Scene{"opcolse", "opcolse.jpg", "JPG", 1},   Scene{"Opcolse-1", "Opcolse-1.jpg", "JPG", 1},
 };
+
+// Title strips and the pictures of windows that are loaded as GIF files.
+constexpr std::array kPalettePictures{"Titlebar", "UserInterface", "WindowsStand", "Search",
+                                      "Searchgoogle"};
+
+constexpr QSize kClipSize(32, 24);
+constexpr int kClipFrames = 24;
+constexpr unsigned kClipFramesPerSecond = 10;
+constexpr QRgb kClipGround = 0xFFE0E0E0;
 
 // Drawings of a folder in the order of their names, so that every build reads them alike.
 std::vector<fs::path> drawingsIn(const fs::path& folder)
@@ -133,12 +144,27 @@ bool deliverCursors(const Folders& folders)
 
 bool deliverScenes(const Folders& folders)
 {
-    return std::all_of(kScenes.begin(), kScenes.end(), [&folders](const Scene& scene) {
-        const fs::path drawing = folders.art / "scenes" / drawingName(scene.drawing);
-        const QImage image = drawSvgScaled(drawing, scene.factor);
+    const fs::path drawings = folders.art / "scenes";
+    const bool plain = std::all_of(kScenes.begin(), kScenes.end(), [&](const Scene& scene) {
+        const QImage image = drawSvgScaled(drawings / drawingName(scene.drawing), scene.factor);
         return writeFile(folders.images / scene.file,
                          encoded(image.convertToFormat(QImage::Format_RGB32), scene.format, 92));
     });
+    return plain &&
+           std::all_of(kPalettePictures.begin(), kPalettePictures.end(), [&](const char* name) {
+               const auto picture = indexed(drawSvgScaled(drawings / drawingName(name), 1));
+               return picture && writeGif(*picture, folders.images / (std::string(name) + ".gif"));
+           });
+}
+
+bool deliverClip(const Folders& folders)
+{
+    std::vector<QImage> frames;
+    for (int frame = 0; frame < kClipFrames; ++frame) {
+        frames.push_back(drawSvgTurned(folders.art / "scenes" / "aperture.svg", kClipSize,
+                                       frame * 360.0 / kClipFrames, kClipGround));
+    }
+    return writeFile(folders.images / "AviMovie.avi", aviFile(frames, kClipFramesPerSecond));
 }
 
 } // namespace tools

@@ -23,4 +23,7 @@ struct Folders {
 // Start-up and about pictures, title strips and the pictures of single windows.
 [[nodiscard]] bool deliverScenes(const Folders& folders);
 
+// The small clip that plays in the toolbar while the program runs.
+[[nodiscard]] bool deliverClip(const Folders& folders);
+
 } // namespace tools

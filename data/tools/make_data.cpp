@@ -1,4 +1,5 @@
 #include "delivered_art.h"
+#include "delivered_samples.h"
 
 #include <QGuiApplication>
 
@@ -17,6 +18,7 @@ int main(int argc, char** argv)
     const std::filesystem::path home(argv[2]);
     const tools::Folders folders{argv[1], home / "Images", home / "Samples"};
     const bool done = tools::deliverToolbar(folders) && tools::deliverIcons(folders) &&
-                      tools::deliverCursors(folders) && tools::deliverScenes(folders);
+                      tools::deliverCursors(folders) && tools::deliverScenes(folders) &&
+                      tools::deliverClip(folders) && tools::deliverSamples(folders);
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }

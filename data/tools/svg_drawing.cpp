@@ -54,4 +54,21 @@ QImage drawSvgScaled(const std::filesystem::path& path, int factor)
     return load(renderer, path) ? draw(renderer, renderer.defaultSize() * factor) : QImage();
 }
 
+QImage drawSvgTurned(const std::filesystem::path& path, QSize canvas, double degrees, QRgb ground)
+{
+    QSvgRenderer renderer;
+    if (!load(renderer, path)) {
+        return {};
+    }
+    QImage image(canvas, QImage::Format_RGB32);
+    image.fill(ground);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(canvas.width() / 2.0, canvas.height() / 2.0);
+    painter.rotate(degrees);
+    const QSizeF size = renderer.defaultSize();
+    renderer.render(&painter, QRectF(QPointF(-size.width() / 2, -size.height() / 2), size));
+    return image;
+}
+
 } // namespace tools

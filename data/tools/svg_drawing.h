@@ -14,4 +14,8 @@ namespace tools {
 // The drawing at a multiple of the size that it states itself.
 [[nodiscard]] QImage drawSvgScaled(const std::filesystem::path& path, int factor);
 
+// The drawing at its own size in the middle of an opaque canvas, turned clockwise about the middle.
+[[nodiscard]] QImage drawSvgTurned(const std::filesystem::path& path, QSize canvas, double degrees,
+                                   QRgb ground);
+
 } // namespace tools
