@@ -143,6 +143,12 @@ public:
     virtual void setSplitterEnabled(bool enabled) = 0;
     // Runs the thumbnails again for the folder, size and colours that hold now.
     virtual void rebuildThumbnails() = 0;
+    // Size in pixels and colour preset (from 1) of the thumbnails; neither starts a run.
+    virtual void setThumbnailSize(int pixels) = 0;
+    virtual void setColourPreset(int preset) = 0;
+    // Full pages of the present folder and tiles on a page, for the size that holds now.
+    virtual int thumbnailPagesNeeded() = 0;
+    virtual int thumbnailsPerPage() = 0;
     // The first folder after start has its thumbnails.
     [[nodiscard]] virtual bool isFirstFolderShown() const = 0;
     [[nodiscard]] virtual int widthTwips() const = 0;
