@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -75,10 +76,7 @@ template<std::forward_iterator Iterator> void ByteBuffer::assign(Iterator first,
     if (!resizeForOverwrite(static_cast<std::size_t>(std::distance(first, last)))) {
         return;
     }
-    std::size_t index = 0;
-    for (; first != last; ++first, ++index) {
-        (*this)[index] = static_cast<std::uint8_t>(*first);
-    }
+    std::copy(first, last, begin());
 }
 
 } // namespace formats

@@ -2,6 +2,7 @@
 
 #include "base/byte_reader.h"
 #include "formats/mapped_file.h"
+#include "formats/pcx_reader.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,9 @@ struct Format {
 };
 
 // In the order in which they are asked: the tests are weak, and the first hit decides.
-constexpr std::array<Format, 0> kFormats{};
+constexpr std::array kFormats{
+    Format{formats::isPcx, formats::readPcx},
+};
 
 } // namespace
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace formats {
+
+// Writes one blue, green, red triple a pixel from three planes. The planes have the same size, and
+// pixels has three times that.
+void interleavePlanes(std::span<const std::uint8_t> blue, std::span<const std::uint8_t> green,
+                      std::span<const std::uint8_t> red, std::span<std::uint8_t> pixels);
+
+// Writes red, green, blue triples as blue, green, red. Both spans have the same size, a multiple of
+// three.
+void reverseTriples(std::span<const std::uint8_t> triples, std::span<std::uint8_t> pixels);
+
+// The bytes of a file as numbers.
+[[nodiscard]] inline std::span<const std::uint8_t> asNumbers(std::span<const std::byte> bytes)
+{
+    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()};
+}
+
+} // namespace formats
