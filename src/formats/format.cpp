@@ -1,8 +1,12 @@
 #include "formats/format.h"
 
 #include "base/byte_reader.h"
+#include "formats/iff_reader.h"
 #include "formats/mapped_file.h"
 #include "formats/pcx_reader.h"
+#include "formats/psd_reader.h"
+#include "formats/tga_reader.h"
+#include "formats/tiff_reader.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +20,9 @@ struct Format {
 
 // In the order in which they are asked: the tests are weak, and the first hit decides.
 constexpr std::array kFormats{
-    Format{formats::isPcx, formats::readPcx},
+    Format{formats::isPsd, formats::readPsd},   Format{formats::isTga, formats::readTga},
+    Format{formats::isTiff, formats::readTiff}, Format{formats::isPcx, formats::readPcx},
+    Format{formats::isIff, formats::readIff},
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "formats/mapped_file.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
@@ -13,43 +15,83 @@ namespace formats {
 
 namespace {
 
-// What the handler may look at: the mapping as addresses, zero when there is none.
-volatile std::uintptr_t s_begin = 0;
-volatile std::uintptr_t s_end = 0;
+// What the handler may look at: the addresses of a mapping, zero when the place is free. A second
+// file is open at a time only if something reads one while it is being told of another's failure.
+struct Mapping {
+    volatile std::uintptr_t begin = 0;
+    volatile std::uintptr_t end = 0;
+};
+
+std::array<Mapping, 4> s_mappings;
 struct sigaction s_previous;
 
-// Lays zero pages over the rest of the mapping, from the page that could not be had. A fault
+bool layZeroPages(std::uintptr_t address, std::uintptr_t end)
+{
+    const auto pageBytes = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const std::uintptr_t page = address - address % pageBytes;
+    return ::mmap(reinterpret_cast<void*>(page), end - page, PROT_READ,
+                  MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) != MAP_FAILED;
+}
+
+// Lays zero pages over the rest of a mapping, from the page that could not be had. A fault
 // elsewhere is somebody else's: the former handler gets it when the access is tried again.
 void onBusError(int, siginfo_t* info, void*)
 {
     const int savedError = errno;
     const auto address = reinterpret_cast<std::uintptr_t>(info->si_addr);
-    const auto pageBytes = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
-    const std::uintptr_t page = address - address % pageBytes;
-    const bool ours = address >= s_begin && address < s_end;
-    if (!ours || ::mmap(reinterpret_cast<void*>(page), s_end - page, PROT_READ,
-                        MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) == MAP_FAILED) {
+    bool mended = false;
+    for (const Mapping& mapping : s_mappings) {
+        if (address >= mapping.begin && address < mapping.end) {
+            mended = layZeroPages(address, mapping.end);
+        }
+    }
+    if (!mended) {
         ::sigaction(SIGBUS, &s_previous, nullptr);
     }
     errno = savedError;
 }
 
-void guard(std::span<const std::byte> bytes)
+bool isFree(const Mapping& mapping)
 {
-    s_begin = reinterpret_cast<std::uintptr_t>(bytes.data());
-    s_end = s_begin + bytes.size();
-    struct sigaction action = {};
-    action.sa_sigaction = onBusError;
-    action.sa_flags = SA_SIGINFO;
-    sigemptyset(&action.sa_mask);
-    ::sigaction(SIGBUS, &action, &s_previous);
+    return mapping.begin == 0;
 }
 
-void unguard()
+bool allFree()
 {
-    ::sigaction(SIGBUS, &s_previous, nullptr);
-    s_begin = 0;
-    s_end = 0;
+    return std::all_of(s_mappings.begin(), s_mappings.end(), isFree);
+}
+
+// False when all places are taken.
+bool guard(std::span<const std::byte> bytes)
+{
+    const auto place = std::find_if(s_mappings.begin(), s_mappings.end(), isFree);
+    if (place == s_mappings.end()) {
+        return false;
+    }
+    if (allFree()) {
+        struct sigaction action = {};
+        action.sa_sigaction = onBusError;
+        action.sa_flags = SA_SIGINFO;
+        sigemptyset(&action.sa_mask);
+        ::sigaction(SIGBUS, &action, &s_previous);
+    }
+    place->begin = reinterpret_cast<std::uintptr_t>(bytes.data());
+    place->end = place->begin + bytes.size();
+    return true;
+}
+
+void unguard(std::span<const std::byte> bytes)
+{
+    const auto begin = reinterpret_cast<std::uintptr_t>(bytes.data());
+    for (Mapping& mapping : s_mappings) {
+        if (mapping.begin == begin) {
+            mapping.begin = 0;
+            mapping.end = 0;
+        }
+    }
+    if (allFree()) {
+        ::sigaction(SIGBUS, &s_previous, nullptr);
+    }
 }
 
 // Closes a descriptor when the scope ends.
@@ -91,15 +133,17 @@ std::optional<MappedFile> MappedFile::open(const std::string& path)
     if (start == MAP_FAILED) {
         return std::nullopt;
     }
-    return MappedFile(std::span(static_cast<const std::byte*>(start), size));
+    const std::span bytes(static_cast<const std::byte*>(start), size);
+    if (!guard(bytes)) {
+        ::munmap(start, size);
+        return std::nullopt;
+    }
+    return MappedFile(bytes);
 }
 
 MappedFile::MappedFile(std::span<const std::byte> bytes)
     : m_bytes(bytes)
 {
-    if (!m_bytes.empty()) {
-        guard(m_bytes);
-    }
 }
 
 MappedFile::MappedFile(MappedFile&& other) noexcept
@@ -110,7 +154,7 @@ MappedFile::MappedFile(MappedFile&& other) noexcept
 MappedFile::~MappedFile()
 {
     if (!m_bytes.empty()) {
-        unguard();
+        unguard(m_bytes);
         ::munmap(const_cast<std::byte*>(m_bytes.data()), m_bytes.size());
     }
 }

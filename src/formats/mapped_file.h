@@ -9,7 +9,7 @@ namespace formats {
 
 // The bytes of a regular file, seen in place. Parts of the file that vanish while it is open (it
 // shrinks, its stick is pulled out) read as zeros instead of ending the program; that takes a
-// handler for SIGBUS, which stands as long as the object. One object at a time.
+// handler for SIGBUS, which stands as long as any such object. At most four at a time.
 class MappedFile {
 public:
     // Nothing when the path names no regular file that can be read. Never waits for a pipe or a

@@ -1,7 +1,13 @@
 #include "formats/format.h"
+
+#include "formats/hooks.h"
+#include "formats/iff_files.h"
 #include "formats/image_checks.h"
 #include "formats/pcx_files.h"
+#include "formats/psd_files.h"
 #include "formats/temporary_file.h"
+#include "formats/tga_files.h"
+#include "formats/tiff_files.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +36,77 @@ RawImage opened(const FileBytes& file)
 TEST(OpenRawImage, ReadsAFileByItsContent)
 {
     expectPixels(opened(onePixelPcx(42)), {42, 42, 42});
+}
+
+TEST(OpenRawImage, HandsEachFormatToItsReader)
+{
+    const FileBytes pixels = FileBytes().bytes({1, 2, 3, 4, 5, 6});
+    expectPixels(opened(psdHeader(psdFields(4, 1, 1, 0)).append(pixels)), {3, 2, 1});
+    expectPixels(opened(tgaHeader(2, 1).append(pixels)), {1, 2, 3, 4, 5, 6});
+    expectPixels(opened(tiffPicture(2, 1).pixels(pixels).bytes()), {3, 2, 1, 6, 5, 4});
+    expectPixels(opened(tiffPicture(2, 1, ByteOrder::big, kLong).pixels(pixels).bytes()),
+                 {3, 2, 1, 6, 5, 4});
+    expectPixels(opened(onePixelPcx(42)), {42, 42, 42});
+    expectPixels(opened(iffPicture(2, 1, FileBytes().bytes({255, 9, 0}))), {9, 9});
+}
+
+TEST(OpenRawImage, AsksTheTgaReaderBeforeTheTiffAndPcxReaders)
+{
+    for (const char* start : {"II", "MM", "\x0A\x05"}) {
+        FileBytes file = tgaHeader(1, 1).bytes({1, 2, 3});
+        file.set(0, static_cast<unsigned char>(start[0]));
+        file.set(1, static_cast<unsigned char>(start[1]));
+        const RawImage image = opened(file);
+        expectSize(image, 1, 1, 24);
+        expectPixels(image, {1, 2, 3});
+    }
+}
+
+TEST(OpenRawImage, KnowsNoPackedTga)
+{
+    expectUntouched(opened(tgaHeader(1, 1).set(2, 10).bytes({0x80, 1, 2, 3})));
+}
+
+TEST(OpenRawImage, IgnoresTheFilesName)
+{
+    const TemporaryFile onDisk(psdHeader(psdFields(4, 1, 1, 0)).bytes({1, 2, 3, 4}));
+    const std::string renamed = onDisk.path() + ".tif";
+    std::filesystem::create_symlink(onDisk.path(), renamed);
+    RawImage image;
+    OpenRawImage(renamed, image);
+    std::filesystem::remove(renamed);
+    expectPixels(image, {3, 2, 1});
+}
+
+TEST(OpenRawImage, GivesTheShortestPcxToItsReader)
+{
+    const RawImage image = opened(FileBytes().bytes({10, 0, 0}));
+    expectSize(image, 1, 1, 0);
+    expectOldPixels(image);
+}
+
+TEST(OpenRawImage, ReadsTheNextFileAfterOneThatRanOverItsPicture)
+{
+    const TemporaryFile aborted(iffPicture(1, 1, FileBytes().bytes({129, 9, 129, 9, 0})));
+    const TemporaryFile next(onePixelPcx(42));
+    RawImage image;
+    OpenRawImage(aborted.path(), image);
+    expectPixels(image, {9});
+    OpenRawImage(next.path(), image);
+    expectPixels(image, {42, 42, 42});
+}
+
+TEST(OpenRawImage, ReadsAFileWhileTheFailureOfAnotherIsReported)
+{
+    const TemporaryFile failing(psdHeader(psdFields(3, 1, 1, 0)).bytes({1, 2, 3}));
+    const TemporaryFile other(onePixelPcx(42));
+    RawImage inner;
+    formats::setHooks({[&](const char*) { OpenRawImage(other.path(), inner); }, {}});
+    RawImage outer;
+    OpenRawImage(failing.path(), outer);
+    formats::setHooks({});
+    expectPixels(inner, {42, 42, 42});
+    expectPixels(outer, {3, 2, 1});
 }
 
 TEST(OpenRawImage, LeavesTheRecordForAFileThatNoReaderKnows)

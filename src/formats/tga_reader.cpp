@@ -1,0 +1,57 @@
+#include "formats/tga_reader.h"
+
+#include "formats/array_size.h"
+
+#include <cstring>
+
+namespace formats {
+
+namespace {
+
+constexpr std::size_t kHeaderBytes = 18;
+constexpr std::uint8_t kTrueColour = 2;
+constexpr std::uint8_t kBitsPerPixel = 24;
+
+// Copies the rows of the file, as far as they are there, to the picture's rows from below.
+void copyRows(std::span<const std::byte> rows, std::size_t rowBytes, ByteBuffer& pixels)
+{
+    std::size_t target = pixels.size();
+    while (!rows.empty() && target > 0) {
+        const std::size_t count = std::min(rowBytes, rows.size());
+        target -= rowBytes;
+        std::memcpy(pixels.data() + target, rows.data(), count);
+        rows = rows.subspan(count);
+    }
+}
+
+} // namespace
+
+bool isTga(const base::ByteReader& file)
+{
+    return file.byteAt(2) == kTrueColour && file.byteAt(16) == kBitsPerPixel;
+}
+
+void readTga(std::span<const std::byte> file, RawImage& image)
+{
+    const base::ByteReader reader(file);
+    if (!isTga(reader)) {
+        return;
+    }
+    image.Width = static_cast<std::int16_t>(reader.little16At(12));
+    image.Height = static_cast<std::int16_t>(reader.little16At(14));
+    image.BitDepth = kBitsPerPixel;
+    image.Palette.clear();
+    const auto size = arraySize(std::int64_t{image.Width} * 3 * image.Height);
+    if (!size) {
+        return;
+    }
+    const auto rows = reader.from(kHeaderBytes);
+    const bool complete = image.Width > 0 && rows.size() >= *size;
+    const bool sized =
+        complete ? image.Pixels.resizeForOverwrite(*size) : image.Pixels.resizeZeroed(*size);
+    if (sized && image.Width > 0) {
+        copyRows(rows, static_cast<std::size_t>(image.Width) * 3, image.Pixels);
+    }
+}
+
+} // namespace formats
