@@ -1,5 +1,7 @@
 #include "platform/pump.h"
 
+#include "platform/modal_dialog.h"
+
 #include <QCoreApplication>
 #include <QPointer>
 
@@ -24,6 +26,7 @@ bool pump(const QObject* guard)
 void beginClosing()
 {
     g_closing = true;
+    cancelModalDialogs();
 }
 
 bool isClosing()

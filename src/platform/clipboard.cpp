@@ -1,0 +1,44 @@
+#include "platform/clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace platform {
+
+namespace {
+
+constexpr qsizetype kMostBytes = qsizetype(512) << 20;
+
+} // namespace
+
+void clearClipboard()
+{
+    QGuiApplication::clipboard()->clear();
+}
+
+void setClipboardPicture(const Picture& picture)
+{
+    clearClipboard();
+    if (!picture.isNothing()) {
+        QGuiApplication::clipboard()->setImage(picture.flattened());
+    }
+}
+
+void setClipboardText(const QString& text)
+{
+    QGuiApplication::clipboard()->setText(text);
+}
+
+std::optional<Picture> clipboardPicture()
+{
+    QImage image = QGuiApplication::clipboard()->image();
+    // The picture made of it takes four bytes a pixel.
+    const qsizetype bytes = qsizetype(image.width()) * image.height() * 4;
+    if (image.isNull() || bytes > kMostBytes) {
+        return std::nullopt;
+    }
+    Picture picture(std::move(image));
+    return picture.isNothing() ? std::nullopt : std::optional<Picture>(std::move(picture));
+}
+
+} // namespace platform

@@ -1,0 +1,33 @@
+#include "platform/fake_desktop.h"
+
+#include "platform/files.h"
+
+namespace platform {
+
+bool FakeDesktop::openDocument(const QString& pathOrUrl)
+{
+    opened.append(pathOrUrl);
+    return succeeds;
+}
+
+bool FakeDesktop::startProgram(const QString& path, const QStringList& arguments)
+{
+    started.push_back({path, arguments});
+    return succeeds;
+}
+
+void FakeDesktop::showProperties(const QString& path, QWidget*)
+{
+    shownProperties.append(path);
+}
+
+bool FakeDesktop::moveToTrash(const QString& path)
+{
+    trashed.append(path);
+    if (succeeds && removesTrashed) {
+        removeFile(path);
+    }
+    return succeeds;
+}
+
+} // namespace platform

@@ -1,0 +1,25 @@
+#include "platform/modal_dialog.h"
+
+namespace platform {
+
+void cancelModalDialogs()
+{
+    if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
+        return;
+    }
+    QList<QPointer<QDialog>> shown;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        auto* const dialog = qobject_cast<QDialog*>(window);
+        if (dialog != nullptr && dialog->isVisible() && dialog->isModal()) {
+            shown.append(dialog);
+        }
+    }
+    // The end of one may end others.
+    for (const QPointer<QDialog>& dialog : shown) {
+        if (dialog != nullptr) {
+            dialog->reject();
+        }
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,56 @@
+#include "platform/qt_desktop.h"
+
+#include "platform/detached_process.h"
+#include "platform/file_url.h"
+#include "platform/files.h"
+#include "platform/properties_sheet.h"
+#include "platform/trash.h"
+
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace platform {
+
+int QtDesktop::bitsPerPixel() const
+{
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr) {
+        return 32;
+    }
+    // A screen that shows 24 bits of colour, or more, takes 32 bits for each pixel.
+    return screen->depth() >= 24 ? 32 : screen->depth();
+}
+
+QRect QtDesktop::availableArea() const
+{
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen != nullptr ? screen->availableGeometry() : QRect();
+}
+
+bool QtDesktop::openDocument(const QString& pathOrUrl)
+{
+    if (pathOrUrl.startsWith(u'/')) {
+        const bool exists = isRegularFile(pathOrUrl) || isFolder(pathOrUrl);
+        return exists && QDesktopServices::openUrl(fileUrl(pathOrUrl));
+    }
+    const QUrl url(pathOrUrl);
+    return url.isValid() && !url.scheme().isEmpty() && QDesktopServices::openUrl(url);
+}
+
+bool QtDesktop::startProgram(const QString& path, const QStringList& arguments)
+{
+    return startDetached(path, arguments);
+}
+
+void QtDesktop::showProperties(const QString& path, QWidget* parent)
+{
+    showPropertiesSheet(path, parent);
+}
+
+bool QtDesktop::moveToTrash(const QString& path)
+{
+    return trashFile(path);
+}
+
+} // namespace platform
