@@ -1,6 +1,8 @@
 #include "platform/picture_saver.h"
 
-#include <QSaveFile>
+#include "platform/descriptor.h"
+#include "platform/replacement_file.h"
+
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -60,13 +62,13 @@ void packRow(uchar* target, const uchar* source, int width)
     }
 }
 
-bool writeBytes(QSaveFile& file, const std::vector<uchar>& bytes, qint64 count)
+bool writeBytes(ReplacementFile& file, const std::vector<uchar>& bytes, qint64 count)
 {
-    return file.write(reinterpret_cast<const char*>(bytes.data()), count) == count;
+    return writeAll(file.descriptor(), reinterpret_cast<const char*>(bytes.data()), count);
 }
 
 // Bottom row first, as many rows at a time as the buffer holds.
-bool writeRows(QSaveFile& file, const QImage& image)
+bool writeRows(ReplacementFile& file, const QImage& image)
 {
     const qint64 stride = strideOf(image);
     const qint64 rowsAtOnce = std::clamp<qint64>(kBufferBytes / stride, 1, image.height());
@@ -91,8 +93,8 @@ bool savePicture(const Picture& picture, const QString& path)
     if (image.isNull() || kHeaderBytes + strideOf(image) * image.height() > kMaxFileBytes) {
         return false;
     }
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && writeBytes(file, headerOf(image), kHeaderBytes) &&
+    ReplacementFile file(path);
+    return file.isOpen() && writeBytes(file, headerOf(image), kHeaderBytes) &&
            writeRows(file, image) && file.commit();
 }
 
