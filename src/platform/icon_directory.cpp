@@ -52,9 +52,8 @@ std::tuple<qint64, int> rank(const IconEntry& entry)
 std::vector<IconEntry> iconEntries(std::span<const std::byte> file)
 {
     const base::ByteReader reader(file);
-    const std::size_t room = file.size() < kDirectoryHeadBytes
-                                 ? 0
-                                 : (file.size() - kDirectoryHeadBytes) / kEntryBytes;
+    const std::size_t room =
+        file.size() < kDirectoryHeadBytes ? 0 : (file.size() - kDirectoryHeadBytes) / kEntryBytes;
     const std::size_t count = std::min<std::size_t>(reader.little16At(4), room);
     std::vector<IconEntry> entries;
     for (std::size_t i = 0; i < count; ++i) {
@@ -62,9 +61,8 @@ std::vector<IconEntry> iconEntries(std::span<const std::byte> file)
             entries.push_back(*entry);
         }
     }
-    std::stable_sort(entries.begin(), entries.end(), [](const IconEntry& a, const IconEntry& b) {
-        return rank(a) > rank(b);
-    });
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const IconEntry& a, const IconEntry& b) { return rank(a) > rank(b); });
     return entries;
 }
 

@@ -183,8 +183,7 @@ bool JpegDecoder::State::start(QSize stored)
                                    covers(info.image_height, eighths, stored.height()))) {
         ++eighths;
     }
-    const bool isInk =
-        info.jpeg_color_space == JCS_CMYK || info.jpeg_color_space == JCS_YCCK;
+    const bool isInk = info.jpeg_color_space == JCS_CMYK || info.jpeg_color_space == JCS_YCCK;
     return guarded([&] {
         info.scale_num = eighths;
         info.scale_denom = kEighths;
@@ -269,8 +268,8 @@ JpegDecoder::JpegDecoder(QIODevice& device)
     : m_state(std::make_unique<State>(device))
 {
     // A file that ends with its header holds no picture.
-    m_state->failed = !m_state->readHeader() ||
-                      (m_state->source.bytes_in_buffer == 0 && device.atEnd());
+    m_state->failed =
+        !m_state->readHeader() || (m_state->source.bytes_in_buffer == 0 && device.atEnd());
 }
 
 JpegDecoder::~JpegDecoder() = default;

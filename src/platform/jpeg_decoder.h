@@ -9,8 +9,8 @@ class QIODevice;
 namespace platform {
 
 // Reads one JPEG picture from a device that is open at its first byte and outlives the decoder.
-// Files are not trusted: any error, and any number of scans that only serves to keep a decoder busy,
-// ends in a null image.
+// Files are not trusted: any error, and any number of scans that only serves to keep a decoder
+// busy, ends in a null image.
 class JpegDecoder {
 public:
     // Reads the header only.
@@ -19,8 +19,8 @@ public:
     JpegDecoder(const JpegDecoder&) = delete;
     JpegDecoder& operator=(const JpegDecoder&) = delete;
 
-    // Pixels of the whole picture as it is shown, its orientation applied. Empty when the file is no
-    // readable JPEG.
+    // Pixels of the whole picture as it is shown, its orientation applied. Empty when the file is
+    // no readable JPEG.
     [[nodiscard]] QSize naturalSize() const;
 
     // The picture in QImage::Format_RGB32, upright. It is decoded at the smallest whole number of

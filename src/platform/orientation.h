@@ -7,8 +7,8 @@
 
 namespace platform {
 
-// How a camera held the picture, by the numbers of EXIF: 1 is upright, 2 to 4 are mirrored or upside
-// down, 5 to 8 have rows and columns exchanged.
+// How a camera held the picture, by the numbers of EXIF: 1 is upright, 2 to 4 are mirrored or
+// upside down, 5 to 8 have rows and columns exchanged.
 class Orientation {
 public:
     Orientation() = default;

@@ -23,8 +23,8 @@ constexpr qint64 kMaxIconFileBytes = qint64(64) << 20;
 
 bool isPossibleSize(QSize size)
 {
-    return !size.isEmpty() && qint64(size.width()) * size.height() <=
-                                  (qint64(kMaxPictureMegabytes) << 20) / 4;
+    return !size.isEmpty() &&
+           qint64(size.width()) * size.height() <= (qint64(kMaxPictureMegabytes) << 20) / 4;
 }
 
 // Exactly one of the library's readers gets to see the file, whatever its content would suggest.
@@ -64,7 +64,8 @@ QImage readGif(QIODevice& file, const base::ByteReader& start)
 QImage readIcon(QIODevice& file)
 {
     QByteArray bytes = file.read(kMaxIconFileBytes);
-    const auto entries = iconEntries(std::as_bytes(std::span(bytes.constData(), std::size_t(bytes.size()))));
+    const auto entries =
+        iconEntries(std::as_bytes(std::span(bytes.constData(), std::size_t(bytes.size()))));
     for (const IconEntry& entry : entries) {
         if (!isPossibleSize(entry.size)) {
             continue;
