@@ -1,5 +1,6 @@
 #include "platform/picture_loader.h"
 
+#include "platform/bmp_decoder.h"
 #include "platform/files.h"
 #include "platform/icon_directory.h"
 #include "platform/jpeg_decoder.h"
@@ -10,9 +11,8 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImageReader>
-#include <algorithm>
-#include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace platform {
 
@@ -21,10 +21,21 @@ namespace {
 constexpr int kMaxPictureMegabytes = 512;
 constexpr qint64 kMaxIconFileBytes = qint64(64) << 20;
 
-bool isPossibleSize(QSize size)
+// No coding here packs more pixels into a byte than this, so a short file that claims more would
+// only cost memory. Pictures up to a million pixels may claim what they like.
+constexpr qint64 kMostPixelsPerByte = 4096;
+constexpr qint64 kAlwaysPossiblePixels = qint64(1) << 20;
+
+bool isPossibleSize(QSize size, qint64 fileBytes)
 {
-    return !size.isEmpty() &&
-           qint64(size.width()) * size.height() <= (qint64(kMaxPictureMegabytes) << 20) / 4;
+    const qint64 pixels = qint64(size.width()) * size.height();
+    return !size.isEmpty() && pixels <= (qint64(kMaxPictureMegabytes) << 20) / 4 &&
+           (pixels <= kAlwaysPossiblePixels || pixels / kMostPixelsPerByte <= fileBytes);
+}
+
+std::span<const std::byte> bytesOf(const QByteArray& bytes)
+{
+    return std::as_bytes(std::span(bytes.constData(), std::size_t(bytes.size())));
 }
 
 // Exactly one of the library's readers gets to see the file, whatever its content would suggest.
@@ -42,20 +53,22 @@ QImage readAs(const char* format, QIODevice& file, int imageIndex = 0)
     return reader.read();
 }
 
-QImage readBmp(QIODevice& file, const base::ByteReader& start)
+QImage readBmp(QIODevice& file)
 {
-    const bool isCore = start.little32At(14) == 12;
-    const qint64 width = isCore ? start.little16At(18) : qint32(start.little32At(18));
-    const qint64 height = isCore ? start.little16At(20) : qint32(start.little32At(22));
-    if (width <= 0 || height == 0 || !isPossibleSize({int(width), int(std::abs(height))})) {
+    const QByteArray start = file.peek(qint64(kLongestBmpHead));
+    const auto header = readBmpHeader(bytesOf(start));
+    if (!header || !isPossibleSize({header->width, header->height}, file.size())) {
         return {};
     }
-    return readAs("bmp", file);
+    return decodeBmp(file, *header);
 }
 
-QImage readGif(QIODevice& file, const base::ByteReader& start)
+QImage readGif(QIODevice& file)
 {
-    if (!isPossibleSize({start.little16At(6), start.little16At(8)})) {
+    constexpr qint64 kScreenEnd = 10;
+    const QByteArray start = file.peek(kScreenEnd);
+    const base::ByteReader head(bytesOf(start));
+    if (!isPossibleSize({head.little16At(6), head.little16At(8)}, file.size())) {
         return {};
     }
     return readAs("gif", file);
@@ -64,10 +77,8 @@ QImage readGif(QIODevice& file, const base::ByteReader& start)
 QImage readIcon(QIODevice& file)
 {
     QByteArray bytes = file.read(kMaxIconFileBytes);
-    const auto entries =
-        iconEntries(std::as_bytes(std::span(bytes.constData(), std::size_t(bytes.size()))));
-    for (const IconEntry& entry : entries) {
-        if (!isPossibleSize(entry.size)) {
+    for (const IconEntry& entry : iconEntries(bytesOf(bytes))) {
+        if (!isPossibleSize(entry.size, bytes.size())) {
             continue;
         }
         QBuffer buffer(&bytes);
@@ -83,13 +94,7 @@ QImage readIcon(QIODevice& file)
 // A file of the loader's kinds, open at its first byte.
 struct OpenPicture {
     std::unique_ptr<QFile> file;
-    QByteArray start;
     PictureKind kind = PictureKind::Unknown;
-
-    [[nodiscard]] std::span<const std::byte> startBytes() const
-    {
-        return std::as_bytes(std::span(start.constData(), std::size_t(start.size())));
-    }
 };
 
 std::optional<OpenPicture> openPicture(const QString& path)
@@ -99,8 +104,7 @@ std::optional<OpenPicture> openPicture(const QString& path)
     if (!picture.file) {
         return std::nullopt;
     }
-    picture.start = picture.file->peek(qint64(kPictureKindBytes));
-    picture.kind = pictureKind(picture.startBytes());
+    picture.kind = pictureKind(bytesOf(picture.file->peek(qint64(kPictureKindBytes))));
     if (picture.kind == PictureKind::Unknown) {
         return std::nullopt;
     }
@@ -108,14 +112,13 @@ std::optional<OpenPicture> openPicture(const QString& path)
 }
 
 // All kinds but JPEG, which comes in fractions.
-QImage readWhole(OpenPicture& picture)
+QImage readWhole(const OpenPicture& picture)
 {
-    const base::ByteReader start(picture.startBytes());
     switch (picture.kind) {
     case PictureKind::Bmp:
-        return readBmp(*picture.file, start);
+        return readBmp(*picture.file);
     case PictureKind::Gif:
-        return readGif(*picture.file, start);
+        return readGif(*picture.file);
     case PictureKind::Icon:
         return readIcon(*picture.file);
     default:
@@ -142,7 +145,10 @@ std::optional<Picture> loadPicture(const QString& path)
     }
     JpegDecoder decoder(*opened->file);
     const QSize size = decoder.naturalSize();
-    return isPossibleSize(size) ? pictureOf(decoder.decode(size)) : std::nullopt;
+    if (!isPossibleSize(size, opened->file->size())) {
+        return std::nullopt;
+    }
+    return pictureOf(decoder.decode(size));
 }
 
 std::optional<TilePicture> loadTilePicture(const QString& path, QSize box, TileFit fit)
@@ -161,7 +167,7 @@ std::optional<TilePicture> loadTilePicture(const QString& path, QSize box, TileF
     }
     JpegDecoder decoder(*opened->file);
     const QSize size = decoder.naturalSize();
-    if (!isPossibleSize(size)) {
+    if (!isPossibleSize(size, opened->file->size())) {
         return std::nullopt;
     }
     auto picture = pictureOf(decoder.decode(fit(size, box)));

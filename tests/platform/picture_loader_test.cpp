@@ -326,6 +326,19 @@ TEST(LoadPicture, RefusesSizesBeyondItsLimit)
     EXPECT_FALSE(loaded(png));
 }
 
+TEST(LoadPicture, RefusesShortFilesThatClaimManyPixels)
+{
+    QByteArray jpeg = jpegFile(quarters(16, 16));
+    const qsizetype frame = jpeg.indexOf(QByteArray::fromHex("ffc0"));
+    ASSERT_GT(frame, 0);
+    jpeg[frame + 5] = jpeg[frame + 7] = char(0x20); // 8192 and some
+    EXPECT_FALSE(loaded(jpeg));
+
+    QByteArray gif = gifFile(2, 2, {{{0, 1, 2, 3}, -1}});
+    gif[7] = gif[9] = char(0x20);
+    EXPECT_FALSE(loaded(gif));
+}
+
 TEST(LoadPicture, GivesUpOnAJpegOfEmptyScans)
 {
     QByteArray bytes = jpegFile(quarters(64, 64), {.progressive = true});
