@@ -177,7 +177,7 @@ Poster sailingBoat()
 Poster hotAirBalloons()
 {
     Poster poster(640, 400);
-    poster.addBands(0xFF3D7FD0, 0xFFFFE0B8, 0, 330, 32);
+    poster.addBands(0xFF3D7FD0, 0xFFFFE0B8, 0, 350, 32);
     addCloud(poster, {90, 210}, 54);
     addCloud(poster, {560, 96}, 60);
     addCloud(poster, {404, 250}, 40);
