@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -66,7 +67,6 @@ public:
     RowSum(const QImage& source, int firstColumn, int columnCount)
         : m_source(source)
         , m_offset(std::size_t(firstColumn) * 4)
-        , m_whole(std::size_t(columnCount) * 4)
         , m_sum(std::size_t(columnCount) * 4)
     {
     }
@@ -76,73 +76,72 @@ public:
     [[nodiscard]] const float* sums() const { return m_sum.data(); }
 
 private:
-    // Rows of bytes whose sum fits into 16 bits.
-    static constexpr int kRowsOfWholeSum = 256;
+    // Rows that are added in one go, so that the memory's speed is the limit and not the way of the
+    // sums to and fro.
+    static constexpr int kRowsAtOnce = 8;
+    enum class From { Ends, SumSoFar };
 
     [[nodiscard]] const uchar* row(int y) const { return m_source.constScanLine(y) + m_offset; }
-    void addWholeRows(int first, int count);
-    template<int kRows> void addToWhole(int first, bool fresh);
+    template<int kRows, From kFrom> void addWholeRows(const StretchSpan& rows, int first);
+    template<From kFrom> void addUpTo(const StretchSpan& rows, int first, int count);
 
     const QImage& m_source;
     std::size_t m_offset;
-    std::vector<std::uint16_t> m_whole;
     std::vector<float> m_sum;
 };
 
-template<int kRows> void RowSum::addToWhole(int first, bool fresh)
+// Adds rows that count whole, either to the first and last row with their weights or to the sum.
+template<int kRows, RowSum::From kFrom>
+void RowSum::addWholeRows(const StretchSpan& rows, int first)
 {
-    std::array<const uchar*, kRows> rows{};
+    std::array<const uchar*, std::size_t(kRows) + 1> whole{};
     for (int i = 0; i < kRows; ++i) {
-        rows[std::size_t(i)] = row(first + i);
+        whole[std::size_t(i)] = row(first + i);
     }
-    std::uint16_t* whole = m_whole.data();
-    const std::size_t size = m_whole.size();
+    const uchar* head = row(rows.first);
+    const uchar* tail = row(rows.last());
+    const float headWeight = rows.head * rows.scale;
+    const float tailWeight = rows.tail * rows.scale;
+    const float weight = rows.scale;
+    float* __restrict sums = m_sum.data();
+    const std::size_t size = m_sum.size();
     for (std::size_t i = 0; i < size; ++i) {
-        unsigned sum = fresh ? 0U : whole[i];
-        for (const uchar* bytes : rows) {
-            sum += bytes[i];
+        int sum = 0;
+        for (int k = 0; k < kRows; ++k) {
+            sum += whole[std::size_t(k)][i];
         }
-        whole[i] = std::uint16_t(sum);
+        const float before = kFrom == From::SumSoFar
+                                 ? sums[i]
+                                 : float(head[i]) * headWeight + float(tail[i]) * tailWeight;
+        sums[i] = before + float(sum) * weight;
     }
 }
 
-void RowSum::addWholeRows(int first, int count)
+template<RowSum::From kFrom> void RowSum::addUpTo(const StretchSpan& rows, int first, int count)
 {
-    bool fresh = true;
-    int done = 0;
-    for (; count - done >= 4; done += 4) {
-        addToWhole<4>(first + done, fresh);
-        fresh = false;
+    using Adder = void (RowSum::*)(const StretchSpan&, int);
+    static constexpr auto kAdders = []<std::size_t... kRows>(std::index_sequence<kRows...>)
+    {
+        return std::array<Adder, sizeof...(kRows)>{&RowSum::addWholeRows<int(kRows), kFrom>...};
     }
-    for (; done < count; ++done) {
-        addToWhole<1>(first + done, fresh);
-        fresh = false;
-    }
+    (std::make_index_sequence<kRowsAtOnce + 1>());
+    (this->*kAdders[std::size_t(count)])(rows, first);
 }
 
 void RowSum::compute(const StretchSpan& rows)
 {
-    const std::size_t size = m_sum.size();
-    float* sum = m_sum.data();
-    const uchar* head = row(rows.first);
     if (rows.count == 1) {
-        for (std::size_t i = 0; i < size; ++i) {
-            sum[i] = head[i];
-        }
+        std::copy_n(row(rows.first), m_sum.size(), m_sum.begin());
         return;
     }
-    const uchar* tail = row(rows.last());
-    const float headWeight = rows.head * rows.scale;
-    const float tailWeight = rows.tail * rows.scale;
-    for (std::size_t i = 0; i < size; ++i) {
-        sum[i] = float(head[i]) * headWeight + float(tail[i]) * tailWeight;
-    }
-    for (int y = rows.first + 1; y < rows.last(); y += kRowsOfWholeSum) {
-        addWholeRows(y, std::min(kRowsOfWholeSum, rows.last() - y));
-        const std::uint16_t* whole = m_whole.data();
-        for (std::size_t i = 0; i < size; ++i) {
-            sum[i] += float(whole[i]) * rows.scale;
-        }
+    int y = rows.first + 1;
+    const int atFirst = std::min(kRowsAtOnce, rows.last() - y);
+    addUpTo<From::Ends>(rows, y, atFirst);
+    y += atFirst;
+    while (y < rows.last()) {
+        const int count = std::min(kRowsAtOnce, rows.last() - y);
+        addUpTo<From::SumSoFar>(rows, y, count);
+        y += count;
     }
 }
 
