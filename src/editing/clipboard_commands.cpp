@@ -1,0 +1,55 @@
+#include "editing/clipboard_commands.h"
+
+#include "core/interfaces.h"
+#include "core/state.h"
+#include "editing/picture_test.h"
+#include "editing/working_files.h"
+#include "platform/clipboard.h"
+#include "platform/picture_box.h"
+#include "platform/picture_loader.h"
+
+namespace editing {
+
+namespace {
+
+void putOnClipboard(core::MainWindow& form)
+{
+    platform::clearClipboard();
+    platform::setClipboardPicture(form.viewer().Picture());
+}
+
+} // namespace
+
+void copyPicture(core::MainWindow& form)
+{
+    if (hasPicture(form)) {
+        putOnClipboard(form);
+    }
+}
+
+void cutPicture(core::MainWindow& form)
+{
+    if (hasPicture(form)) {
+        putOnClipboard(form);
+        form.viewer().Clear();
+    }
+}
+
+void pastePicture(core::MainWindow& form)
+{
+    const auto pasted = platform::clipboardPicture();
+    if (!pasted) {
+        return;
+    }
+    core::state().PictureChanged = true;
+    form.Image1().setPicture(*pasted);
+    saveQuietly(form.Image1().picture(), WorkingFile::Picture);
+    const QString path = workingFile(WorkingFile::Picture);
+    form.setXiala(path);
+    if (const auto picture = platform::loadPicture(path)) {
+        form.viewer().setPicture(*picture);
+    }
+    form.rebuildSizeText();
+}
+
+} // namespace editing

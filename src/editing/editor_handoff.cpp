@@ -1,0 +1,71 @@
+#include "editing/editor_handoff.h"
+
+#include "core/config_store.h"
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "editing/picture_test.h"
+#include "editing/working_files.h"
+#include "files/text_list.h"
+#include "platform/desktop.h"
+#include "platform/paths.h"
+#include "platform/picture_box.h"
+#include "platform/pointer.h"
+
+namespace editing {
+
+namespace {
+
+const QString kEditorProgram = QStringLiteral("Tesselia.exe");
+const QString kFilterKey = QStringLiteral("Filter");
+
+void savePictureInHand(core::MainWindow& form)
+{
+    form.Image1().setPicture(form.viewer().Picture());
+    saveQuietly(form.Image1().picture(), WorkingFile::Picture);
+}
+
+} // namespace
+
+void runFilter(core::MainWindow& form, FilterMenu menu, int index)
+{
+    const std::optional<int> number = filterNumber(menu, index);
+    if (!number) {
+        return;
+    }
+    const platform::PointerGuard hourglass;
+    keepBeforeEdit(form);
+    form.closePanView();
+    if (core::ConfigStore* config = core::services().config) {
+        config->write(kFilterKey, QString::number(*number));
+    }
+    startSeparateEditor(form);
+}
+
+void startSeparateEditor(core::MainWindow& form)
+{
+    if (!hasPicture(form)) {
+        return;
+    }
+    const platform::PointerGuard hourglass;
+    savePictureInHand(form);
+    // A missing program is passed over in silence.
+    platform::desktop().startProgram(platform::appFile(kEditorProgram), {});
+}
+
+void startListedEditor(core::MainWindow& form, int place)
+{
+    const core::ConfigStore* config = core::services().config;
+    if (!hasPicture(form) || config == nullptr) {
+        return;
+    }
+    const platform::PointerGuard hourglass;
+    savePictureInHand(form);
+    const std::vector<files::NamedPath> editors = files::readNamed(files::kEditors, *config);
+    const auto entry = static_cast<std::size_t>(place - 1);
+    if (place < 1 || entry >= editors.size() || editors[entry].path.isEmpty()) {
+        return;
+    }
+    platform::desktop().startProgram(editors[entry].path, {workingFile(WorkingFile::Picture)});
+}
+
+} // namespace editing

@@ -1,0 +1,32 @@
+#include "editing/gif_export.h"
+
+#include "formats/gif_writer.h"
+#include "platform/colour_reduction.h"
+#include "platform/paths.h"
+
+namespace {
+
+formats::GifBitmapInfo infoOf(const platform::IndexedPicture& picture)
+{
+    formats::GifBitmapInfo info;
+    info.width = picture.width;
+    info.height = picture.height;
+    for (std::size_t i = 0; i < picture.table.size(); ++i) {
+        const QRgb colour = picture.table[i];
+        info.colours[i] = {static_cast<std::uint8_t>(qRed(colour)),
+                           static_cast<std::uint8_t>(qGreen(colour)),
+                           static_cast<std::uint8_t>(qBlue(colour))};
+    }
+    return info;
+}
+
+} // namespace
+
+bool SaveGIF(const platform::Picture& picture, const QString& fileName)
+{
+    if (picture.type() != platform::PictureType::Bitmap || fileName.contains(QChar(u'\0'))) {
+        return false;
+    }
+    const auto reduced = platform::reduceColours(picture.flattened());
+    return reduced && WriteGifFile(infoOf(*reduced), reduced->bits, platform::toNative(fileName));
+}

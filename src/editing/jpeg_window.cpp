@@ -1,0 +1,147 @@
+#include "editing/jpeg_window.h"
+
+#include "base/numbers.h"
+#include "editing/working_files.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/pointer.h"
+#include "platform/pump.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSlider>
+#include <QVBoxLayout>
+#include <algorithm>
+
+using editing::JpegPreview;
+using editing::WorkingFile;
+using editing::workingFile;
+
+namespace {
+
+constexpr int kFirstQuality = 80;
+constexpr int kSliderMaximum = 100;
+constexpr int kLargeChange = 5;
+constexpr int kPathWidth = 340;
+constexpr int kQualityWidth = 60;
+
+} // namespace
+
+frmSaveJPGc::frmSaveJPGc()
+    : StripWindow(QStringLiteral("JPEG Options"))
+    , m_preview(std::make_shared<JpegPreview>(workingFile(WorkingFile::Save),
+                                              workingFile(WorkingFile::JpegPreview)))
+{
+    setObjectName(editing::kJpegWindowName);
+    buildControls();
+    connect(m_slider, &QSlider::valueChanged, this, &frmSaveJPGc::convertAtSlider);
+    connect(m_qualitys, &QLineEdit::textChanged, this, &frmSaveJPGc::takeTypedQuality);
+    connect(m_ok, &QPushButton::clicked, this, &frmSaveJPGc::accept);
+    connect(m_cancel, &QPushButton::clicked, this, &frmSaveJPGc::cancel);
+    m_slider->setValue(kFirstQuality);
+    platform::setPointer(platform::Pointer::Default);
+}
+
+void frmSaveJPGc::buildControls()
+{
+    m_slider = new QSlider(Qt::Horizontal);
+    m_slider->setObjectName(QStringLiteral("Slider1"));
+    m_slider->setAccessibleName(tr("Quality"));
+    m_slider->setRange(0, kSliderMaximum);
+    m_slider->setPageStep(kLargeChange);
+    m_slider->setSingleStep(1);
+    m_qualitys = new QLineEdit;
+    m_qualitys->setObjectName(QStringLiteral("Qualitys"));
+    m_qualitys->setAccessibleName(tr("Quality as a number"));
+    m_qualitys->setFixedWidth(kQualityWidth);
+    m_outputPath = new QLineEdit;
+    m_outputPath->setObjectName(QStringLiteral("OutputPath"));
+    m_outputPath->setAccessibleName(tr("Output file name"));
+    m_outputPath->setMinimumWidth(kPathWidth);
+    m_ok = new QPushButton(QStringLiteral("&Ok"));
+    m_ok->setObjectName(QStringLiteral("Command1_0"));
+    m_cancel = new QPushButton(QStringLiteral("&Cancel"));
+    m_cancel->setObjectName(QStringLiteral("Command1_1"));
+
+    auto* qualityRow = new QHBoxLayout;
+    qualityRow->addWidget(new QLabel(QStringLiteral("Quality")));
+    qualityRow->addWidget(m_qualitys);
+    qualityRow->addStretch();
+    auto* ends = new QHBoxLayout;
+    ends->addWidget(new QLabel(QStringLiteral("Small File")));
+    ends->addStretch();
+    ends->addWidget(new QLabel(QStringLiteral("Big File")));
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_ok);
+    buttons->addWidget(m_cancel);
+    content().addLayout(qualityRow);
+    content().addWidget(m_slider);
+    content().addLayout(ends);
+    content().addWidget(new QLabel(QStringLiteral("Output Filename")));
+    content().addWidget(m_outputPath);
+    content().addLayout(buttons);
+    setKeyButtons(m_ok, m_cancel);
+}
+
+void frmSaveJPGc::setOutputPath(const QString& path)
+{
+    m_outputPath->setText(path);
+}
+
+int frmSaveJPGc::quality() const
+{
+    return std::clamp(m_slider->value(), 1, kSliderMaximum);
+}
+
+void frmSaveJPGc::convertAtSlider()
+{
+    const QPointer<frmSaveJPGc> alive(this);
+    const std::shared_ptr<JpegPreview> preview = m_preview;
+    // A window that isn't on screen yet has no slider to keep moving.
+    const JpegPreview::LetEventsRun letEventsRun =
+        isVisible() ? JpegPreview::LetEventsRun([this] { return platform::pump(this); })
+                    : JpegPreview::LetEventsRun();
+    const JpegPreview::Outcome outcome = preview->request(quality(), letEventsRun);
+    if (alive != nullptr && outcome == JpegPreview::Outcome::Converted) {
+        // Its own change handling finds the slider there already.
+        m_qualitys->setText(QString::number(m_slider->value()));
+    }
+}
+
+void frmSaveJPGc::takeTypedQuality(const QString& text)
+{
+    if (const auto number = base::strictInteger(text.toStdString())) {
+        m_slider->setValue(*number);
+    }
+}
+
+void frmSaveJPGc::accept()
+{
+    m_preview->finishNow();
+    const QPointer<frmSaveJPGc> alive(this);
+    platform::dialogs().showMessage(m_outputPath->text(), QString(), platform::BoxIcon::None);
+    if (alive == nullptr || platform::isClosing()) {
+        return;
+    }
+    const platform::PointerGuard hourglass;
+    const int result = BMPToJPG(workingFile(WorkingFile::Save), m_outputPath->text(), quality());
+    if ((result & 0xFFFF) == 0) {
+        close();
+    }
+}
+
+void frmSaveJPGc::cancel()
+{
+    close();
+    platform::removeFile(workingFile(WorkingFile::JpegPreview));
+}
+
+void frmSaveJPGc::closeEvent(QCloseEvent* event)
+{
+    m_preview->stop();
+    StripWindow::closeEvent(event);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "editing/jpeg_preview.h"
+#include "editing/strip_window.h"
+
+#include <QString>
+#include <memory>
+
+class QLineEdit;
+class QPushButton;
+class QSlider;
+
+namespace editing {
+
+inline const QString kJpegWindowName = QStringLiteral("frmSaveJPGc");
+
+} // namespace editing
+
+// Asks for the quality of a JPEG file and writes it from the save's working file. Every quality
+// that the slider passes is converted into another working file at once; loading the window is such
+// a change already.
+class frmSaveJPGc : public editing::StripWindow {
+    Q_OBJECT
+
+public:
+    frmSaveJPGc();
+
+    // The file that "Ok" writes: the text of the field OutputPath.
+    void setOutputPath(const QString& path);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildControls();
+    void convertAtSlider();
+    void takeTypedQuality(const QString& text);
+    void accept();
+    void cancel();
+    [[nodiscard]] int quality() const;
+
+    QSlider* m_slider = nullptr;
+    QLineEdit* m_qualitys = nullptr;
+    QLineEdit* m_outputPath = nullptr;
+    QPushButton* m_ok = nullptr;
+    QPushButton* m_cancel = nullptr;
+    // Shared with the handler that runs a conversion, which may see the window go meanwhile.
+    std::shared_ptr<editing::JpegPreview> m_preview;
+};

@@ -1,0 +1,21 @@
+#include "editing/picture_test.h"
+
+#include "core/constants.h"
+#include "core/interfaces.h"
+#include "platform/dialogs.h"
+#include "platform/pointer.h"
+
+namespace editing {
+
+bool hasPicture(core::MainWindow& form)
+{
+    if (form.viewer().PictureExists()) {
+        return true;
+    }
+    platform::setPointer(platform::Pointer::Default);
+    platform::dialogs().showMessage(core::kNoPictureText, core::kProgramName,
+                                    platform::BoxIcon::Information);
+    return false;
+}
+
+} // namespace editing

@@ -1,0 +1,20 @@
+#pragma once
+
+namespace core {
+class MainWindow;
+}
+
+namespace editing {
+
+// What of Image1 a save command takes: the picture, or all that is drawn on it.
+enum class SaveSource { Picture, DrawnImage };
+
+// Save and Save as: puts the viewer's picture into the save's working file and asks Form1 to go on.
+void save(core::MainWindow& form, SaveSource source);
+
+// The save step for all formats: asks for a name and writes there what the working file holds, as
+// the filter of the dialog says, whatever the name. Cancelling changes nothing; a failure to write
+// is passed over.
+void saveByDialog(core::MainWindow& form);
+
+} // namespace editing

@@ -1,0 +1,164 @@
+#include "editing/scale_window.h"
+
+#include "base/numbers.h"
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "editing/transforms.h"
+#include "editing/working_files.h"
+#include "platform/pointer.h"
+#include "widgets/focus_field.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <cmath>
+#include <optional>
+
+namespace {
+
+// Nothing for a text that is no number; fractions are numbers here.
+std::optional<double> numberIn(const QLineEdit& field)
+{
+    bool isNumber = false;
+    const double number = field.text().trimmed().toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
+// Sets one field after a change of the other, which must not answer in turn.
+void follow(const QLineEdit& changed, QLineEdit& follower, int ownSide, int otherSide)
+{
+    const std::optional<double> length = numberIn(changed);
+    if (!length) {
+        return;
+    }
+    if (const auto other = editing::proportionalLength(*length, ownSide, otherSide)) {
+        const QSignalBlocker quiet(follower);
+        follower.setText(QString::number(*other));
+    }
+}
+
+bool scaleViewerTo(QSize size)
+{
+    core::MainWindow* form = core::services().mainWindow;
+    if (form == nullptr) {
+        return false;
+    }
+    platform::PictureBox& box = form->Image1();
+    const QImage scaled = editing::scaledTo(box.picture().flattened(), size);
+    if (scaled.isNull()) {
+        return false;
+    }
+    box.setPicture(platform::Picture(scaled));
+    editing::showThroughWorkingFile(*form, box);
+    return true;
+}
+
+} // namespace
+
+std::optional<int> editing::proportionalLength(double length, int ownSide, int otherSide)
+{
+    if (ownSide == 0) {
+        return std::nullopt;
+    }
+    return base::narrow32(base::roundHalfEven(length * otherSide / ownSide));
+}
+
+Form4::Form4()
+    : StripWindow(QStringLiteral("Scale"))
+{
+    setObjectName(QStringLiteral("Form4"));
+    buildControls();
+    const core::State& state = core::state();
+    m_original->setText(
+        QStringLiteral("%1 x %2").arg(state.ResizeSourceWidth).arg(state.ResizeSourceHeight));
+    m_width->setText(QString::number(state.ResizeSourceWidth));
+    m_height->setText(QString::number(state.ResizeSourceHeight));
+    m_keepProportions->setChecked(true);
+    connect(m_width, &QLineEdit::textChanged, this, &Form4::followWidth);
+    connect(m_height, &QLineEdit::textChanged, this, &Form4::followHeight);
+    connect(m_ok, &QPushButton::clicked, this, &Form4::accept);
+    connect(m_cancel, &QPushButton::clicked, this, &Form4::cancel);
+}
+
+void Form4::buildControls()
+{
+    m_original = new QLabel;
+    m_original->setObjectName(QStringLiteral("lblOriginal"));
+    m_original->setAccessibleName(tr("Size of the picture"));
+    m_width = new widgets::FocusField;
+    m_width->setObjectName(QStringLiteral("txtWidth"));
+    m_height = new widgets::FocusField;
+    m_height->setObjectName(QStringLiteral("txtHeight"));
+    auto* widthLabel = new QLabel(tr("&Width:"));
+    widthLabel->setObjectName(QStringLiteral("lblWidth"));
+    widthLabel->setBuddy(m_width);
+    auto* heightLabel = new QLabel(tr("&Height:"));
+    heightLabel->setObjectName(QStringLiteral("lblHeight"));
+    heightLabel->setBuddy(m_height);
+    m_keepProportions = new QCheckBox(tr("&Keep proportions"));
+    m_keepProportions->setObjectName(QStringLiteral("chkKeepProportions"));
+    m_ok = new QPushButton(tr("&Ok"));
+    m_ok->setObjectName(QStringLiteral("cmdOk"));
+    m_cancel = new QPushButton(tr("&Cancel"));
+    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
+
+    auto* grid = new QGridLayout;
+    grid->addWidget(new QLabel(tr("Original size:")), 0, 0);
+    grid->addWidget(m_original, 0, 1);
+    grid->addWidget(widthLabel, 1, 0);
+    grid->addWidget(m_width, 1, 1);
+    grid->addWidget(heightLabel, 2, 0);
+    grid->addWidget(m_height, 2, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_ok);
+    buttons->addWidget(m_cancel);
+    content().addLayout(grid);
+    content().addWidget(m_keepProportions);
+    content().addLayout(buttons);
+    setKeyButtons(m_ok, m_cancel);
+}
+
+void Form4::followWidth()
+{
+    if (m_keepProportions->isChecked()) {
+        const core::State& state = core::state();
+        follow(*m_width, *m_height, state.ResizeSourceWidth, state.ResizeSourceHeight);
+    }
+}
+
+void Form4::followHeight()
+{
+    if (m_keepProportions->isChecked()) {
+        const core::State& state = core::state();
+        follow(*m_height, *m_width, state.ResizeSourceHeight, state.ResizeSourceWidth);
+    }
+}
+
+void Form4::accept()
+{
+    const auto width = base::strictInteger(m_width->text().trimmed().toStdString());
+    const auto height = base::strictInteger(m_height->text().trimmed().toStdString());
+    if (!width || !height) {
+        return;
+    }
+    const platform::PointerGuard hourglass;
+    if (!scaleViewerTo(QSize(*width, *height))) {
+        return;
+    }
+    core::state().ResizeSourceWidth = *width;
+    core::state().ResizeSourceHeight = *height;
+    core::state().ResizeCancelled = false;
+    close();
+}
+
+void Form4::cancel()
+{
+    core::state().ResizeCancelled = true;
+    close();
+}

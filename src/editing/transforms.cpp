@@ -1,0 +1,72 @@
+#include "editing/transforms.h"
+
+#include "platform/large_image.h"
+#include "platform/transfers.h"
+
+#include <QtGlobal>
+
+namespace editing {
+
+namespace {
+
+constexpr qint64 kMostPixels = qint64(512) * 1024 * 1024 / 4;
+
+QImage copiedFrom(const QImage& image, platform::Area source)
+{
+    if (image.isNull()) {
+        return {};
+    }
+    QImage copy = platform::unsetImage(image.size(), image.format());
+    const platform::Area whole{0, 0, image.width(), image.height()};
+    if (copy.isNull() || !platform::StretchBlt(copy, whole, image, source)) {
+        return {};
+    }
+    return copy;
+}
+
+} // namespace
+
+QImage flippedTopToBottom(const QImage& image)
+{
+    return copiedFrom(image, {0, image.height() - 1, image.width(), -image.height()});
+}
+
+QImage flippedLeftToRight(const QImage& image)
+{
+    return copiedFrom(image, {image.width() - 1, 0, -image.width(), image.height()});
+}
+
+QImage mirrored(const QImage& image, Half kept)
+{
+    QImage result = platform::unsetImage(image.size(), image.format());
+    if (result.isNull()) {
+        return {};
+    }
+    const int height = image.height();
+    const int half = image.width() / 2;
+    const int keptWidth = image.width() - half;
+    const int keptLeft = kept == Half::Left ? 0 : half;
+    const int otherLeft = kept == Half::Left ? keptWidth : 0;
+    // The outermost column of the kept half is the one that the other half ends with.
+    const int outermost = kept == Half::Left ? half - 1 : image.width() - 1;
+    platform::BitBlt(result, keptLeft, 0, keptWidth, height, image, keptLeft, 0);
+    platform::StretchBlt(result, {otherLeft, 0, half, height}, image,
+                         {outermost, 0, -half, height});
+    return result;
+}
+
+QImage scaledTo(const QImage& image, QSize size)
+{
+    if (image.isNull() || size.isEmpty() || qint64(size.width()) * size.height() > kMostPixels) {
+        return {};
+    }
+    QImage result = platform::unsetImage(size, image.format());
+    const platform::Area whole{0, 0, image.width(), image.height()};
+    if (result.isNull() || !platform::StretchBlt(result, {0, 0, size.width(), size.height()}, image,
+                                                 whole, platform::StretchMode::HalfTone)) {
+        return {};
+    }
+    return result;
+}
+
+} // namespace editing

@@ -1,0 +1,73 @@
+#include "editing/working_files.h"
+
+#include "core/interfaces.h"
+#include "editing/picture_test.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/picture_box.h"
+#include "platform/picture_loader.h"
+#include "platform/picture_saver.h"
+
+namespace editing {
+
+namespace {
+
+const char* nameOf(WorkingFile file)
+{
+    switch (file) {
+    case WorkingFile::Picture:
+        return "temp.bmp";
+    case WorkingFile::BeforeEdit:
+        return "Frametemp.bmp";
+    case WorkingFile::Save:
+        return "saveTemp.bmp";
+    case WorkingFile::JpegPreview:
+        return "saveJpgTemp.jpg";
+    case WorkingFile::Transform:
+        return "Images/Temp.bmp";
+    }
+    return "";
+}
+
+} // namespace
+
+QString workingFile(WorkingFile file)
+{
+    return platform::appFile(QString::fromLatin1(nameOf(file)));
+}
+
+void saveQuietly(const platform::Picture& picture, WorkingFile file)
+{
+    static_cast<void>(platform::savePicture(picture, workingFile(file)));
+}
+
+void keepBeforeEdit(core::MainWindow& form)
+{
+    form.Image1().setPicture(form.viewer().Picture());
+    saveQuietly(form.Image1().picture(), WorkingFile::BeforeEdit);
+}
+
+void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& box)
+{
+    const QString path = workingFile(WorkingFile::Transform);
+    if (platform::savePicture(box.drawnImage(), path)) {
+        if (const auto picture = platform::loadPicture(path)) {
+            form.viewer().setPicture(*picture);
+        }
+    }
+    platform::removeFile(path);
+}
+
+void undo(core::MainWindow& form)
+{
+    if (!hasPicture(form)) {
+        return;
+    }
+    if (const auto picture = platform::loadPicture(workingFile(WorkingFile::BeforeEdit))) {
+        form.viewer().setPicture(*picture);
+    }
+    form.orgPicture().setPicture(form.viewer().Picture());
+    form.rebuildSizeText();
+}
+
+} // namespace editing

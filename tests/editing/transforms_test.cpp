@@ -1,0 +1,136 @@
+#include "editing/transforms.h"
+
+#include "platform/test_images.h"
+
+#include <gtest/gtest.h>
+
+using editing::Half;
+using test::expectPixels;
+using test::imageOf;
+using test::numbered;
+
+namespace {
+
+const std::vector<QSize> kSizes{{1, 1}, {1, 9}, {9, 1}, {2, 2}, {7, 4}, {8, 5}, {253, 64}};
+
+// Large enough for its pixels to lie in large pages.
+QImage large()
+{
+    return imageOf(1501, 1000, [](int x, int y) { return qRgb(x & 255, y & 255, (x ^ y) & 255); });
+}
+
+} // namespace
+
+TEST(Transforms, FlipTopToBottomExactly)
+{
+    for (const QSize size : kSizes) {
+        const QImage image = numbered(size.width(), size.height());
+        expectPixels(editing::flippedTopToBottom(image),
+                     imageOf(size.width(), size.height(),
+                             [&](int x, int y) { return image.pixel(x, size.height() - 1 - y); }));
+    }
+}
+
+TEST(Transforms, FlipLeftToRightExactly)
+{
+    for (const QSize size : kSizes) {
+        const QImage image = numbered(size.width(), size.height());
+        expectPixels(editing::flippedLeftToRight(image),
+                     imageOf(size.width(), size.height(),
+                             [&](int x, int y) { return image.pixel(size.width() - 1 - x, y); }));
+    }
+}
+
+TEST(Transforms, GiveThePictureBackWhenFlippedTwice)
+{
+    for (const QImage& image : {numbered(31, 17), large()}) {
+        EXPECT_EQ(editing::flippedTopToBottom(editing::flippedTopToBottom(image)), image);
+        EXPECT_EQ(editing::flippedLeftToRight(editing::flippedLeftToRight(image)), image);
+        EXPECT_NE(editing::flippedTopToBottom(image), image);
+        EXPECT_NE(editing::flippedLeftToRight(image), image);
+    }
+}
+
+TEST(Transforms, MirrorTheHalfThatStays)
+{
+    for (const QSize size : kSizes) {
+        const int width = size.width();
+        const QImage image = numbered(width, size.height());
+        expectPixels(editing::mirrored(image, Half::Left),
+                     imageOf(width, size.height(), [&](int x, int y) {
+                         return image.pixel(std::min(x, width - 1 - x), y);
+                     }));
+        expectPixels(editing::mirrored(image, Half::Right),
+                     imageOf(width, size.height(), [&](int x, int y) {
+                         return image.pixel(std::max(x, width - 1 - x), y);
+                     }));
+    }
+}
+
+TEST(Transforms, LeaveTheMiddleColumnOfAnOddWidth)
+{
+    const QImage image = test::greys({10, 20, 30, 40, 50});
+    expectPixels(editing::mirrored(image, Half::Left), test::greys({10, 20, 30, 20, 10}));
+    expectPixels(editing::mirrored(image, Half::Right), test::greys({50, 40, 30, 40, 50}));
+}
+
+TEST(Transforms, ScaleToTheExactSize)
+{
+    for (const QSize size : {QSize(1, 1), QSize(50, 25), QSize(99, 201), QSize(300, 7)}) {
+        EXPECT_EQ(editing::scaledTo(numbered(100, 80), size).size(), size);
+    }
+    EXPECT_EQ(editing::scaledTo(large(), QSize(1501, 1000)), large());
+}
+
+TEST(Transforms, AverageWhereThePictureShrinks)
+{
+    const QImage board = imageOf(64, 64, [](int x, int y) {
+        return (x + y) % 2 == 0 ? qRgb(255, 255, 255) : qRgb(0, 0, 0);
+    });
+    const QImage small = editing::scaledTo(board, QSize(32, 16));
+    for (int y = 0; y < 16; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            EXPECT_NEAR(qRed(small.pixel(x, y)), 128, 1);
+            EXPECT_NEAR(qBlue(small.pixel(x, y)), 128, 1);
+        }
+    }
+}
+
+TEST(Transforms, AverageFractionsOfRowsAndColumns)
+{
+    // Rows 0..6 of 7 over two rows: each takes three and a half.
+    const QImage rows = imageOf(2, 7, [](int, int y) { return qRgb(30 * y, 30 * y, 30 * y); });
+    const QImage two = editing::scaledTo(rows, QSize(2, 2));
+    EXPECT_NEAR(qRed(two.pixel(0, 0)), (0 + 30 + 60 + 45) / 3.5, 1);
+    EXPECT_NEAR(qRed(two.pixel(1, 1)), (45 + 120 + 150 + 180) / 3.5, 1);
+}
+
+TEST(Transforms, AverageManyRowsAtOnce)
+{
+    for (const int height : {2, 3, 8, 9, 10, 11, 17, 18, 19, 26, 27, 100, 1000}) {
+        const QImage rows = imageOf(3, height, [height](int, int y) {
+            const int level = y * 255 / (height - 1);
+            return qRgb(level, 255 - level, 77);
+        });
+        const QRgb mean = editing::scaledTo(rows, QSize(3, 1)).pixel(1, 0);
+        EXPECT_NEAR(qRed(mean), 127.5, 1.5) << height;
+        EXPECT_NEAR(qGreen(mean), 127.5, 1.5) << height;
+        EXPECT_EQ(qBlue(mean), 77) << height;
+    }
+}
+
+TEST(Transforms, RefuseSizesThatNoPictureHas)
+{
+    const QImage image = numbered(10, 10);
+    for (const QSize size : {QSize(0, 5), QSize(5, 0), QSize(-5, 5), QSize(100000, 100000)}) {
+        EXPECT_TRUE(editing::scaledTo(image, size).isNull());
+    }
+}
+
+TEST(Transforms, GiveANullImageForANullOne)
+{
+    EXPECT_TRUE(editing::flippedTopToBottom(QImage()).isNull());
+    EXPECT_TRUE(editing::flippedLeftToRight(QImage()).isNull());
+    EXPECT_TRUE(editing::mirrored(QImage(), Half::Left).isNull());
+    EXPECT_TRUE(editing::scaledTo(QImage(), QSize(3, 3)).isNull());
+}
