@@ -20,9 +20,9 @@ public:
     FolderTree(const FolderTree&) = delete;
     FolderTree& operator=(const FolderTree&) = delete;
 
-    // Fills the host with the tree, selects the start folder (the home folder where that is missing)
-    // and runs the event loop until close(). The handler is called once for each selection, the one
-    // made here included. Destroying the host closes the tree.
+    // Fills the host with the tree, selects the start folder (the home folder where that is
+    // missing) and runs the event loop until close(). The handler is called once for each
+    // selection, the one made here included. Destroying the host closes the tree.
     void open(QWidget& host, const QString& start, SelectionHandler selected);
 
     // Takes the tree out of its host and ends open()'s loop. Does nothing when it isn't open.
@@ -41,7 +41,6 @@ public:
     [[nodiscard]] QWidget* widget() const;
 
 private:
-    class Widget;
     struct State;
     std::unique_ptr<State> m_state;
 };

@@ -1,0 +1,322 @@
+#include "platform/folder_tree_widget.h"
+
+#include "platform/delivered_icon.h"
+#include "platform/files.h"
+#include "platform/mounts.h"
+#include "platform/paths.h"
+#include "platform/subfolders.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QHeaderView>
+#include <QStyle>
+#include <algorithm>
+#include <set>
+
+namespace platform {
+
+namespace {
+
+constexpr int kFolderRole = Qt::UserRole;
+constexpr int kNameRole = Qt::UserRole + 1;
+
+QString folderOfItem(const QTreeWidgetItem& item)
+{
+    return item.data(0, kFolderRole).toString();
+}
+
+QString nameOfItem(const QTreeWidgetItem& item)
+{
+    return item.data(0, kNameRole).toString();
+}
+
+// A name on one line: rows have one height.
+QString shownText(QString name)
+{
+    for (QChar& character : name) {
+        if (character.category() == QChar::Other_Control) {
+            character = u' ';
+        }
+    }
+    return name;
+}
+
+void setBranchMarker(QTreeWidgetItem& item, bool hasBranches)
+{
+    item.setChildIndicatorPolicy(hasBranches ? QTreeWidgetItem::ShowIndicator
+                                             : QTreeWidgetItem::DontShowIndicator);
+}
+
+bool holds(const QString& folder, const QString& path)
+{
+    return path == folder || path.startsWith(withSeparator(folder));
+}
+
+bool isInside(const QTreeWidgetItem* item, const QTreeWidgetItem* branch)
+{
+    while (item != nullptr && item != branch) {
+        item = item->parent();
+    }
+    return item != nullptr;
+}
+
+QIcon iconOr(const char* delivered, const QIcon& standard)
+{
+    const QIcon icon = deliveredIcon(QString::fromLatin1(delivered));
+    return icon.isNull() ? standard : icon;
+}
+
+} // namespace
+
+// A change of items that may move the selection. What is told of it waits for the end, because the
+// one who is told may open and close branches, or the tree, while items are held here.
+class FolderTreeWidget::Change {
+public:
+    explicit Change(FolderTreeWidget& tree)
+        : m_tree(tree)
+        , m_before(tree.selectedFolder())
+    {
+        ++m_tree.m_changes;
+    }
+    ~Change()
+    {
+        if (--m_tree.m_changes == 0 && m_tree.selectedFolder() != m_before) {
+            m_tree.tellSelection();
+        }
+    }
+    Change(const Change&) = delete;
+    Change& operator=(const Change&) = delete;
+
+private:
+    FolderTreeWidget& m_tree;
+    QString m_before;
+};
+
+FolderTreeWidget::FolderTreeWidget(QWidget* parent)
+    : QTreeWidget(parent)
+    , m_folderIcon(iconOr("folder", style()->standardIcon(QStyle::SP_DirIcon)))
+    , m_driveIcon(iconOr("drive", style()->standardIcon(QStyle::SP_DriveHDIcon)))
+{
+    setObjectName(QStringLiteral("FolderTree"));
+    setAccessibleName(QStringLiteral("Folders"));
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setEditTriggers(NoEditTriggers);
+    // A pane narrower than the names scrolls; only the rows in sight are measured.
+    header()->setStretchLastSection(false);
+    header()->setResizeContentsPrecision(0);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    setHorizontalScrollMode(ScrollPerPixel);
+
+    connect(this, &QTreeWidget::itemExpanded, this,
+            [this](QTreeWidgetItem* item) { refreshBranch(*item); });
+    connect(this, &QTreeWidget::currentItemChanged, this, [this] {
+        if (m_changes == 0) {
+            tellSelection();
+        }
+    });
+    refreshRoots();
+}
+
+FolderTreeWidget::~FolderTreeWidget()
+{
+    // Items that go with the tree are no change of the selection.
+    disconnect(this, nullptr, this, nullptr);
+}
+
+void FolderTreeWidget::tellSelection()
+{
+    // A copy, because what it does may take the handler away.
+    const auto selected = m_selected;
+    if (currentItem() != nullptr && selected) {
+        selected(selectedFolder());
+    }
+}
+
+bool FolderTreeWidget::event(QEvent* event)
+{
+    // A stick may have come or gone while the user was elsewhere.
+    if (event->type() == QEvent::WindowActivate) {
+        refreshRoots();
+    }
+    return QTreeWidget::event(event);
+}
+
+QTreeWidgetItem* FolderTreeWidget::makeItem(const QString& folder, const QString& name) const
+{
+    auto* const item = new QTreeWidgetItem;
+    item->setText(0, shownText(name));
+    item->setIcon(0, m_folderIcon);
+    item->setData(0, kFolderRole, folder);
+    item->setData(0, kNameRole, name);
+    setBranchMarker(*item, hasVisibleSubfolder(folder));
+    return item;
+}
+
+void FolderTreeWidget::addRoot(int position, const QString& folder, const QString& text,
+                               const QIcon& icon)
+{
+    QTreeWidgetItem* const item = makeItem(folder, text);
+    item->setIcon(0, icon);
+    insertTopLevelItem(position, item);
+}
+
+void FolderTreeWidget::refreshRoots()
+{
+    if (topLevelItemCount() == 0) {
+        addRoot(0, homeFolder(), QStringLiteral("Home"),
+                iconOr("home", style()->standardIcon(QStyle::SP_DirHomeIcon)));
+        addRoot(1, QStringLiteral("/"), QStringLiteral("File system"), m_driveIcon);
+    }
+    constexpr int kFixedRoots = 2;
+    const Change change(*this);
+    const QStringList mounts = mediaMounts();
+    QStringList shown;
+    for (int i = topLevelItemCount() - 1; i >= kFixedRoots; --i) {
+        QTreeWidgetItem* const root = topLevelItem(i);
+        if (mounts.contains(folderOfItem(*root))) {
+            shown.append(folderOfItem(*root));
+            continue;
+        }
+        if (isInside(currentItem(), root)) {
+            setCurrentItem(topLevelItem(0));
+        }
+        delete root;
+    }
+    for (int i = 0; i < mounts.size(); ++i) {
+        if (!shown.contains(mounts[i])) {
+            addRoot(std::min(kFixedRoots + i, topLevelItemCount()), mounts[i],
+                    fileNameOf(mounts[i]), m_driveIcon);
+        }
+    }
+}
+
+void FolderTreeWidget::removeVanished(QTreeWidgetItem& branch, const std::set<QString>& present)
+{
+    for (int i = branch.childCount() - 1; i >= 0; --i) {
+        QTreeWidgetItem* const child = branch.child(i);
+        // Hidden folders that were selected by name aren't listed and stay.
+        if (present.contains(nameOfItem(*child)) || isFolder(folderOfItem(*child))) {
+            continue;
+        }
+        if (isInside(currentItem(), child)) {
+            setCurrentItem(&branch);
+        }
+        delete child;
+    }
+}
+
+void FolderTreeWidget::addMissing(QTreeWidgetItem& branch, const std::vector<QString>& names,
+                                  const std::set<QString>& present)
+{
+    int position = 0;
+    QList<QTreeWidgetItem*> added;
+    const auto insertAdded = [&] {
+        branch.insertChildren(position, added);
+        position += int(added.size());
+        added.clear();
+    };
+    // The children that are listed stand in the order of the names already.
+    for (const QString& name : names) {
+        while (position < branch.childCount() &&
+               !present.contains(nameOfItem(*branch.child(position)))) {
+            ++position;
+        }
+        if (position < branch.childCount() && nameOfItem(*branch.child(position)) == name) {
+            insertAdded();
+            ++position;
+        } else {
+            added.append(makeItem(joinPath(folderOfItem(branch), name), name));
+        }
+    }
+    insertAdded();
+}
+
+void FolderTreeWidget::refreshBranch(QTreeWidgetItem& branch)
+{
+    const Change change(*this);
+    const std::vector<QString> names = visibleSubfolders(folderOfItem(branch));
+    const std::set<QString> present(names.begin(), names.end());
+    removeVanished(branch, present);
+    for (int i = 0; i < branch.childCount(); ++i) {
+        QTreeWidgetItem& child = *branch.child(i);
+        if (child.childCount() == 0) {
+            setBranchMarker(child, hasVisibleSubfolder(folderOfItem(child)));
+        }
+    }
+    addMissing(branch, names, present);
+    setBranchMarker(branch, branch.childCount() > 0);
+}
+
+QTreeWidgetItem* FolderTreeWidget::rootOf(const QString& folder) const
+{
+    QTreeWidgetItem* closest = nullptr;
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const root = topLevelItem(i);
+        const bool isCloser =
+            closest == nullptr || folderOfItem(*root).size() > folderOfItem(*closest).size();
+        if (isCloser && holds(folderOfItem(*root), folder)) {
+            closest = root;
+        }
+    }
+    return closest;
+}
+
+QTreeWidgetItem* FolderTreeWidget::childOf(QTreeWidgetItem& branch, const QString& name)
+{
+    const auto find = [&]() -> QTreeWidgetItem* {
+        for (int i = 0; i < branch.childCount(); ++i) {
+            if (nameOfItem(*branch.child(i)) == name) {
+                return branch.child(i);
+            }
+        }
+        return nullptr;
+    };
+    if (QTreeWidgetItem* const child = find()) {
+        return child;
+    }
+    // The folder is new, or it isn't listed: hidden, or in a folder that can only be passed
+    // through.
+    refreshBranch(branch);
+    if (QTreeWidgetItem* const child = find()) {
+        return child;
+    }
+    const QString folder = joinPath(folderOfItem(branch), name);
+    if (!isFolder(folder)) {
+        return nullptr;
+    }
+    QTreeWidgetItem* const child = makeItem(folder, name);
+    branch.insertChild(0, child);
+    setBranchMarker(branch, true);
+    branch.setExpanded(true);
+    return child;
+}
+
+bool FolderTreeWidget::selectFolder(const QString& folder)
+{
+    const QString wanted = QDir::cleanPath(folder);
+    QTreeWidgetItem* item = isFolder(wanted) ? rootOf(wanted) : nullptr;
+    if (item == nullptr) {
+        return false;
+    }
+    const Change change(*this);
+    const QString below = wanted.mid(folderOfItem(*item).size());
+    for (const QString& name : below.split(u'/', Qt::SkipEmptyParts)) {
+        item->setExpanded(true);
+        item = childOf(*item, name);
+        if (item == nullptr) {
+            return false;
+        }
+    }
+    setCurrentItem(item);
+    scrollToItem(item);
+    return true;
+}
+
+QString FolderTreeWidget::selectedFolder() const
+{
+    const QTreeWidgetItem* const item = currentItem();
+    return item != nullptr ? folderOfItem(*item) : QString();
+}
+
+} // namespace platform
