@@ -1,0 +1,43 @@
+#include "viewer/open_psd.h"
+
+#include "core/interfaces.h"
+#include "platform/paths.h"
+#include "platform/picture_loader.h"
+#include "platform/picture_saver.h"
+#include "platform/pointer.h"
+#include "viewer/raw_image_show.h"
+
+#include <tuple>
+
+namespace viewer {
+
+namespace {
+
+const QString kPixelUnit = QStringLiteral("      Pixel");
+
+// The file is read back even where it couldn't be written: then the last one shows.
+void showThroughWorkingFile(core::MainWindow& window)
+{
+    const QString workingFile = platform::appFile("temp.bmp");
+    std::ignore = platform::savePicture(window.Image1().drawnImage(), workingFile);
+    if (const auto picture = platform::loadPicture(workingFile)) {
+        window.viewer().setPicture(*picture);
+    }
+}
+
+} // namespace
+
+void openPsd(core::MainWindow& window, const QString& path)
+{
+    const platform::PointerGuard pointer;
+    if (decodeToBox(path, window.Image1())) {
+        showThroughWorkingFile(window);
+    }
+    const core::Viewer& viewer = window.viewer();
+    window.StateBar().setPanel(core::Panel::Width,
+                               QString::number(viewer.PictureWidth()) + kPixelUnit);
+    window.StateBar().setPanel(core::Panel::Height,
+                               QString::number(viewer.PictureHeight()) + kPixelUnit);
+}
+
+} // namespace viewer

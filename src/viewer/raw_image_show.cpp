@@ -1,0 +1,43 @@
+#include "viewer/raw_image_show.h"
+
+#include "core/state.h"
+#include "formats/format.h"
+#include "platform/paths.h"
+#include "platform/transfers.h"
+
+#include <algorithm>
+#include <iterator>
+#include <span>
+
+void ShowRawImage(platform::PictureBox& box, const RawImage& image)
+{
+    platform::BitmapHeader header;
+    header.width = image.Width;
+    header.height = -image.Height;
+    header.bitCount = image.BitDepth;
+    if (image.BitDepth == 8) {
+        const std::size_t count = std::min(image.Palette.size(), std::size(header.colours));
+        for (std::size_t i = 0; i < count; ++i) {
+            const formats::PaletteEntry& entry = image.Palette[i];
+            header.colours[i] = {entry.blue, entry.green, entry.red, entry.reserved};
+        }
+    }
+    const std::span<const std::uint8_t> pixels(image.Pixels.data(), image.Pixels.size());
+    platform::StretchDIBits(box.surface(), header, std::as_bytes(pixels));
+}
+
+namespace viewer {
+
+bool decodeToBox(const QString& path, platform::PictureBox& box)
+{
+    RawImage& record = core::state().rawImage;
+    OpenRawImage(platform::toNative(path), record);
+    if (!box.resize(record.Width, record.Height)) {
+        return false;
+    }
+    box.setPicture({});
+    ShowRawImage(box, record);
+    return true;
+}
+
+} // namespace viewer

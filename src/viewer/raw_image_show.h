@@ -1,0 +1,22 @@
+#pragma once
+
+#include "formats/raw_image.h"
+#include "platform/picture_box.h"
+
+#include <QString>
+
+// Draws a decoded record 1:1 at the top left of a box. Rows are taken at a stride rounded up to
+// four bytes although Pixels is packed, so a picture whose rows aren't a multiple of four bytes
+// long comes out sheared; what lies behind the end of Pixels is drawn as zeros.
+void ShowRawImage(platform::PictureBox& box, const RawImage& image);
+
+namespace viewer {
+
+// The way of a file in one of the own formats onto a box: takes the box's picture away, decodes
+// into the process's one record, gives the box the record's size and draws the record, which then
+// is the box's drawn image. A file that no reader accepts draws what the record held before. False,
+// with the size and drawing of the box left as they were, when the record has no size that a box
+// can take (nothing was ever decoded).
+[[nodiscard]] bool decodeToBox(const QString& path, platform::PictureBox& box);
+
+} // namespace viewer
