@@ -1,5 +1,6 @@
 #include "base/byte_reader.h"
 #include "delivered_files.h"
+#include "platform/picture_loader.h"
 
 #include <gtest/gtest.h>
 
@@ -88,6 +89,21 @@ TEST(DeliveredIcons, SymbolsReachFromListSizeToTheLargestTile)
             << name;
         const QImage symbol = delivered::imageOf(delivered::picture(name + ".ico"), "ICO");
         EXPECT_EQ(symbol.pixelColor(0, 0).alpha(), 0) << name;
+    }
+}
+
+TEST(DeliveredIcons, AreLoadedInTheirLargestSize)
+{
+    const auto loadedWidth = [](const std::string& name) {
+        const std::string path = delivered::picture(name + ".ico").string();
+        const auto picture = platform::loadPicture(QString::fromStdString(path));
+        return picture ? picture->width() : 0;
+    };
+    for (const std::string name : kBadges) {
+        EXPECT_EQ(loadedWidth(name), 24) << name;
+    }
+    for (const std::string name : kSymbols) {
+        EXPECT_EQ(loadedWidth(name), 128) << name;
     }
 }
 
