@@ -67,7 +67,9 @@ ReplacementFile::ReplacementFile(const QString& target)
     m_target = resolved(toNative(target));
     struct stat facts = {};
     if (::stat(m_target.c_str(), &facts) == 0) {
-        if (!S_ISREG(facts.st_mode)) {
+        // A name can be replaced without any right to the file; who locked the file meant both.
+        if (!S_ISREG(facts.st_mode) ||
+            ::faccessat(AT_FDCWD, m_target.c_str(), W_OK, AT_EACCESS) != 0) {
             return;
         }
         m_replaces = true;
