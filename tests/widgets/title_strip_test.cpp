@@ -1,0 +1,198 @@
+#include "widgets/title_strip.h"
+
+#include "core/config_store.h"
+#include "core/services.h"
+#include "platform/paths.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QHash>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+class MemoryConfig : public core::ConfigStore {
+public:
+    [[nodiscard]] QString read(const QString& key) const override
+    {
+        return m_values.value(key, "ERROR");
+    }
+    void write(const QString& key, const QString& value) override { m_values[key] = value; }
+
+private:
+    QHash<QString, QString> m_values;
+};
+
+class TitleStripTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        qputenv("VISTARA_HOME", m_home.path().toUtf8());
+        platform::initialisePaths();
+        core::services().config = &m_config;
+    }
+    void TearDown() override { core::services().config = nullptr; }
+
+    void deliverPicture()
+    {
+        ASSERT_TRUE(QDir(m_home.path()).mkpath("Images"));
+        QImage picture(4, 4, QImage::Format_RGB32);
+        picture.fill(QColor(200, 40, 40));
+        // The loader decides by content, so a bitmap serves under any name.
+        ASSERT_TRUE(picture.save(m_home.path() + "/Images/Titlebar.gif", "BMP"));
+    }
+
+    static QColor middleOf(QWidget& widget)
+    {
+        const QImage shot = widget.grab().toImage();
+        return shot.pixelColor(shot.width() / 2, shot.height() / 2);
+    }
+
+    QTemporaryDir m_home;
+    MemoryConfig m_config;
+};
+
+} // namespace
+
+TEST_F(TitleStripTest, ShowsThePictureWhenTheSettingAsksForIt)
+{
+    deliverPicture();
+    m_config.write("InterfaceB", "True");
+    m_config.write("InterfaceColor", "65280");
+    widgets::TitleStrip strip;
+    strip.applyLook();
+    EXPECT_TRUE(strip.hasPicture());
+    EXPECT_EQ(middleOf(strip), QColor(200, 40, 40));
+}
+
+TEST_F(TitleStripTest, ShowsTheColourWithoutPictureOtherwise)
+{
+    deliverPicture();
+    m_config.write("InterfaceB", "False");
+    m_config.write("InterfaceColor", "14445906");
+    widgets::TitleStrip strip;
+    strip.applyLook();
+    EXPECT_FALSE(strip.hasPicture());
+    EXPECT_EQ(middleOf(strip), QColor(82, 109, 220));
+}
+
+TEST_F(TitleStripTest, SurvivesAMissingPicture)
+{
+    m_config.write("InterfaceB", "True");
+    widgets::TitleStrip strip;
+    strip.applyLook();
+    EXPECT_FALSE(strip.hasPicture());
+    EXPECT_EQ(middleOf(strip), strip.backgroundColour());
+}
+
+TEST_F(TitleStripTest, KeepsItsColourWhenTheSettingIsNoNumber)
+{
+    widgets::TitleStrip strip;
+    const QColor before = strip.backgroundColour();
+    m_config.write("InterfaceColor", "RGB(82, 109, 220)");
+    strip.applyLook();
+    EXPECT_EQ(strip.backgroundColour(), before);
+}
+
+TEST_F(TitleStripTest, SeesAChangeOnlyWhenAWindowLoadsAgain)
+{
+    m_config.write("InterfaceColor", "255");
+    widgets::TitleStrip strip;
+    strip.applyLook();
+    m_config.write("InterfaceColor", "65280");
+    EXPECT_EQ(middleOf(strip), QColor(255, 0, 0));
+    strip.applyLook();
+    EXPECT_EQ(middleOf(strip), QColor(0, 255, 0));
+}
+
+TEST_F(TitleStripTest, ChoosesACaptionColourThatReads)
+{
+    widgets::TitleStrip strip;
+    m_config.write("InterfaceColor", "16777215");
+    strip.applyLook();
+    EXPECT_EQ(strip.captionColour(), QColor(Qt::black));
+    m_config.write("InterfaceColor", "8388608");
+    strip.applyLook();
+    EXPECT_EQ(strip.captionColour(), QColor(Qt::white));
+    deliverPicture();
+    m_config.write("InterfaceB", "-1");
+    strip.applyLook();
+    EXPECT_EQ(strip.captionColour(), QColor(Qt::white));
+}
+
+TEST_F(TitleStripTest, EmptiesItsPicture)
+{
+    deliverPicture();
+    m_config.write("InterfaceB", "1");
+    widgets::TitleStrip strip;
+    strip.applyLook();
+    strip.clearPicture();
+    EXPECT_FALSE(strip.hasPicture());
+}
+
+TEST_F(TitleStripTest, AsksToCloseFromItsBox)
+{
+    widgets::TitleStrip strip(nullptr, "Image3");
+    EXPECT_EQ(strip.objectName(), "Picture2");
+    auto* box = strip.findChild<QAbstractButton*>("Image3");
+    ASSERT_EQ(box, strip.closeBox());
+    EXPECT_FALSE(box->accessibleName().isEmpty());
+    const QSignalSpy asked(&strip, &widgets::TitleStrip::closeRequested);
+    QTest::mouseClick(box, Qt::LeftButton);
+    QTest::keyClick(box, Qt::Key_Space);
+    EXPECT_EQ(asked.count(), 2);
+}
+
+TEST_F(TitleStripTest, NamesItselfByItsCaption)
+{
+    widgets::TitleStrip strip;
+    strip.setCaption("Rename");
+    EXPECT_EQ(strip.caption(), "Rename");
+    EXPECT_EQ(strip.accessibleName(), "Rename");
+}
+
+TEST_F(TitleStripTest, DragsItsWindowByALeftPressOnly)
+{
+    QWidget window(nullptr, Qt::FramelessWindowHint);
+    window.setGeometry(100, 100, 300, 200);
+    auto* strip = new widgets::TitleStrip(&window);
+    strip->setGeometry(0, 0, 300, 28);
+    window.show();
+    const QPoint before = window.pos();
+
+    QTest::mousePress(strip, Qt::RightButton, {}, {50, 10});
+    QTest::mouseMove(strip, {70, 15});
+    QTest::mouseRelease(strip, Qt::RightButton, {}, {70, 15});
+    EXPECT_EQ(window.pos(), before);
+
+    QTest::mousePress(strip, Qt::LeftButton, {}, {50, 10});
+    QTest::mouseMove(strip, {70, 15});
+    QTest::mouseRelease(strip, Qt::LeftButton, {}, {50, 10});
+    EXPECT_EQ(window.pos(), before + QPoint(20, 5));
+}
+
+TEST_F(TitleStripTest, DragsAChildOrNothingWhenToldSo)
+{
+    QWidget window;
+    window.resize(500, 400);
+    QWidget pane(&window);
+    pane.setGeometry(100, 100, 200, 200);
+    auto* strip = new widgets::TitleStrip(&pane);
+    strip->setGeometry(0, 0, 200, 28);
+    window.show();
+
+    strip->setDragTarget(&pane);
+    QTest::mousePress(strip, Qt::LeftButton, {}, {50, 10});
+    QTest::mouseMove(strip, {60, 30});
+    QTest::mouseRelease(strip, Qt::LeftButton, {}, {50, 10});
+    EXPECT_EQ(pane.pos(), QPoint(110, 120));
+
+    strip->setDragTarget(nullptr);
+    QTest::mousePress(strip, Qt::LeftButton, {}, {50, 10});
+    QTest::mouseMove(strip, {60, 30});
+    QTest::mouseRelease(strip, Qt::LeftButton, {}, {60, 30});
+    EXPECT_EQ(pane.pos(), QPoint(110, 120));
+}
