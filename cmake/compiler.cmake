@@ -17,6 +17,8 @@ endif()
 if(VISTARA_FUZZERS)
     target_compile_options(vistara_compiler INTERFACE
         -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    target_compile_definitions(vistara_compiler INTERFACE
+        _GLIBCXX_ASSERTIONS FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION)
     target_link_options(vistara_compiler INTERFACE -fsanitize=address,undefined)
 endif()
 

@@ -67,19 +67,25 @@ constexpr auto reverseWide = reverse;
 void interleavePlanes(std::span<const std::uint8_t> blue, std::span<const std::uint8_t> green,
                       std::span<const std::uint8_t> red, std::span<std::uint8_t> pixels)
 {
+    const std::size_t count = blue.size();
+    const auto* const greens = green.first(count).data();
+    const auto* const reds = red.first(count).data();
+    auto* const target = pixels.first(3 * count).data();
     if (hasWideShuffles()) {
-        interleaveWide(blue.data(), green.data(), red.data(), pixels.data(), blue.size());
+        interleaveWide(blue.data(), greens, reds, target, count);
     } else {
-        interleave(blue.data(), green.data(), red.data(), pixels.data(), blue.size());
+        interleave(blue.data(), greens, reds, target, count);
     }
 }
 
 void reverseTriples(std::span<const std::uint8_t> triples, std::span<std::uint8_t> pixels)
 {
+    const std::size_t count = triples.size() / 3;
+    auto* const target = pixels.first(3 * count).data();
     if (hasWideShuffles()) {
-        reverseWide(triples.data(), pixels.data(), pixels.size() / 3);
+        reverseWide(triples.data(), target, count);
     } else {
-        reverse(triples.data(), pixels.data(), pixels.size() / 3);
+        reverse(triples.data(), target, count);
     }
 }
 

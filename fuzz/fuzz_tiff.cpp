@@ -1,0 +1,7 @@
+#include "formats/tiff_reader.h"
+#include "fuzz_reader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    return fuzz::reader(formats::readTiff, data, size);
+}
