@@ -83,6 +83,7 @@ template<std::size_t Count>
 bool deliverIcon(const fs::path& drawing, const std::array<int, Count>& sides, const fs::path& icon)
 {
     std::vector<QImage> images;
+    images.reserve(Count);
     for (const int side : sides) {
         images.push_back(drawSvg(drawing, QSize(side, side)));
     }
@@ -93,6 +94,7 @@ bool deliverBadges(const fs::path& folder)
 {
     for (const Badge& badge : badges()) {
         std::vector<QImage> images;
+        images.reserve(kBadgeSides.size());
         for (const int side : kBadgeSides) {
             images.push_back(drawBadge(badge, side));
         }
@@ -160,6 +162,7 @@ bool deliverScenes(const Folders& folders)
 bool deliverClip(const Folders& folders)
 {
     std::vector<QImage> frames;
+    frames.reserve(kClipFrames);
     for (int frame = 0; frame < kClipFrames; ++frame) {
         frames.push_back(drawSvgTurned(folders.art / "scenes" / "aperture.svg", kClipSize,
                                        frame * 360.0 / kClipFrames, kClipGround));

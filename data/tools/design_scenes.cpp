@@ -53,7 +53,7 @@ Tint glassAt(const std::vector<Shard>& all, double x, double y)
 {
     double nearest = std::numeric_limits<double>::max();
     double second = nearest;
-    const Shard* shard = nullptr;
+    const Shard* shard = all.data();
     for (const Shard& candidate : all) {
         const double distance = std::hypot(x - candidate.x, y - candidate.y);
         if (distance < nearest) {

@@ -111,10 +111,12 @@ void drawBirch(QPainter& painter, double x, double width, double height, double 
     painter.drawPath(trunk);
     painter.setClipPath(trunk);
     painter.setBrush(colourOf(mixed(tint(0x3A322F), air, haze), 0.85));
-    for (double y = dice.between(0, 30); y < height; y += dice.between(0.25, 1.3) * width) {
+    double y = dice.between(0, 30);
+    while (y < height) {
         const double middle = x + lean * (1 - y / height) + dice.between(-0.6, 0.6) * width;
         painter.drawEllipse(QPointF(middle, y), width * dice.between(0.08, 0.42),
                             width * dice.between(0.02, 0.07));
+        y += dice.between(0.25, 1.3) * width;
     }
     painter.setClipping(false);
 }

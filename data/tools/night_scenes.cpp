@@ -89,9 +89,24 @@ struct Skyline {
     std::uint32_t seed;
 };
 
-void drawSkyline(QPainter& painter, const Skyline& skyline, int width)
+void lightWindows(QPainter& painter, const QRectF& house, double lit, Dice& dice)
 {
     static constexpr std::array kLamps{0xFFD98AU, 0xFFC25EU, 0xFFEFC4U, 0x9FD0FFU};
+    const int floors = static_cast<int>(std::ceil((house.height() - 15) / 9));
+    const int windows = static_cast<int>(std::ceil((house.width() - 11) / 7));
+    for (int level = 0; level < floors; ++level) {
+        for (int window = 0; window < windows; ++window) {
+            if (dice.next() < lit) {
+                const auto lamp = static_cast<std::size_t>(dice.next() * kLamps.size());
+                const QRectF pane(house.x() + 6 + window * 7, house.y() + 7 + level * 9, 3, 4);
+                painter.fillRect(pane, colourOf(tint(kLamps[lamp]), dice.between(0.45, 1)));
+            }
+        }
+    }
+}
+
+void drawSkyline(QPainter& painter, const Skyline& skyline, int width)
+{
     Dice dice(skyline.seed);
     double x = -10;
     while (x < width) {
@@ -107,15 +122,7 @@ void drawSkyline(QPainter& painter, const Skyline& skyline, int width)
             painter.fillRect(QRectF(x + broad / 2, top - 26, 2, 26), colourOf(wall));
             painter.fillRect(QRectF(x + broad / 2 - 1, top - 28, 4, 4), QColor(0xFF, 0x6B, 0x5E));
         }
-        for (double y = top + 7; y < skyline.base - 8; y += 9) {
-            for (double window = x + 6; window < x + broad - 5; window += 7) {
-                if (dice.next() < skyline.lit) {
-                    const auto lamp = static_cast<std::size_t>(dice.next() * kLamps.size());
-                    painter.fillRect(QRectF(window, y, 3, 4),
-                                     colourOf(tint(kLamps[lamp]), dice.between(0.45, 1)));
-                }
-            }
-        }
+        lightWindows(painter, QRectF(x, top, broad, tall), skyline.lit, dice);
         x += broad + std::floor(dice.between(-6, 8));
     }
 }

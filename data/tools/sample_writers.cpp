@@ -195,7 +195,7 @@ Bytes tiffFile(const QImage& image)
     sink.append(rows);
     // A pixel that is read late enough to leave its row is found at the start of the next one, so
     // the last row is followed by its own start.
-    const std::size_t lastRow = rows.size() - width * 3;
+    const std::size_t lastRow = rows.size() - std::size_t{width} * 3;
     sink.append(std::span(rows).subspan(lastRow, width - 2));
     return sink.bytes();
 }
