@@ -20,11 +20,24 @@ constexpr const char* kEnd = "\nLast=kept\n; last line";
 void killAWriter(const QString& file, int microseconds)
 {
     QProcess writer;
-    writer.start(PROFILE_WRITER, {file, "forever"});
+    writer.start(OTHER_PROCESS, {"write-forever", file});
     ASSERT_TRUE(writer.waitForReadyRead());
     ::usleep(static_cast<useconds_t>(microseconds));
     writer.kill();
     ASSERT_TRUE(writer.waitForFinished());
+}
+
+// What the other process finds to be the program's folder when it stands in a folder of the tree.
+QString appPathSeenFrom(const TempTree& tree, const std::string& folder)
+{
+    tree.add({folder + "/"});
+    const std::string program = tree.native(folder + "/vistara");
+    std::filesystem::copy_file(OTHER_PROCESS, program,
+                               std::filesystem::copy_options::overwrite_existing);
+    QProcess process;
+    process.start(platform::fromNative(program), {"tell-paths"});
+    EXPECT_TRUE(process.waitForFinished());
+    return QString::fromUtf8(process.readAll()).trimmed();
 }
 
 void expectWhole(const std::string& content, int round)
@@ -74,8 +87,8 @@ TEST(ProfileProcesses, LoseNothingWhenTheyWriteAtOnce)
     constexpr int kKeys = 60;
     QProcess first;
     QProcess second;
-    first.start(PROFILE_WRITER, {file, "a", QString::number(kKeys)});
-    second.start(PROFILE_WRITER, {file, "b", QString::number(kKeys)});
+    first.start(OTHER_PROCESS, {"write-keys", file, "a", QString::number(kKeys)});
+    second.start(OTHER_PROCESS, {"write-keys", file, "b", QString::number(kKeys)});
     ASSERT_TRUE(first.waitForFinished());
     ASSERT_TRUE(second.waitForFinished());
     EXPECT_EQ(first.exitCode(), 0);
@@ -86,6 +99,35 @@ TEST(ProfileProcesses, LoseNothingWhenTheyWriteAtOnce)
             EXPECT_EQ(platform::readProfile(file, "QUILLPOST", key, "ERROR"), QString::number(i));
         }
     }
+}
+
+TEST(ProgramFolder, IsTheProgramsDataFolderWhenItHoldsTheFiles)
+{
+    TempTree tree({{"copy/config.ini", "[A]\n"}, {"copy/Images/a.gif", "a"}});
+    tree.setVariable("VISTARA_HOME", "");
+    EXPECT_EQ(appPathSeenFrom(tree, "copy"), tree.path("copy"));
+    EXPECT_TRUE(tree.exists("copy/Lib/pLib"));
+    EXPECT_FALSE(tree.exists("data/vistara"));
+}
+
+TEST(ProgramFolder, GivesWayToTheFolderThatTheEnvironmentNames)
+{
+    const TempTree tree({{"copy/config.ini", "[A]\n"}, {"copy/Images/a.gif", "a"}});
+    EXPECT_EQ(appPathSeenFrom(tree, "copy"), tree.path("app"));
+    EXPECT_EQ(tree.content("app/config.ini"), "[A]\n");
+    EXPECT_EQ(tree.content("app/Images/a.gif"), "a");
+}
+
+TEST(ProgramFolder, SeedsTheUsersFolderFromTheInstalledFiles)
+{
+    TempTree tree({{"usr/share/vistara/config.ini", "[A]\n"},
+                   {"usr/share/vistara/Images/a.gif", "a"},
+                   {"data/vistara/testfile.txt", "mine"}});
+    tree.setVariable("VISTARA_HOME", "");
+    EXPECT_EQ(appPathSeenFrom(tree, "usr/bin"), tree.path("data/vistara"));
+    EXPECT_EQ(tree.content("data/vistara/config.ini"), "[A]\n");
+    EXPECT_EQ(tree.content("data/vistara/Images/a.gif"), "a");
+    EXPECT_EQ(tree.content("data/vistara/testfile.txt"), "mine");
 }
 
 TEST(SingleInstance, IsOneForEachFolder)
@@ -159,4 +201,18 @@ TEST(SingleInstance, IsNotHandedToChildren)
     EXPECT_TRUE(second.acquire());
     child.kill();
     EXPECT_TRUE(child.waitForFinished());
+}
+
+TEST(SingleInstance, DiesWithAProcessThatIsKilled)
+{
+    const TempTree tree;
+    QProcess other;
+    other.start(OTHER_PROCESS, {"hold-instance"});
+    ASSERT_TRUE(other.waitForReadyRead());
+    EXPECT_EQ(other.readLine().trimmed(), "first");
+    platform::SingleInstance instance;
+    EXPECT_FALSE(instance.acquire());
+    other.kill();
+    ASSERT_TRUE(other.waitForFinished());
+    EXPECT_TRUE(instance.acquire());
 }
