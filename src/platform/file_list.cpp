@@ -62,14 +62,6 @@ std::optional<std::vector<QString>> sortedNames(const QString& folder, const QSt
     return names;
 }
 
-QString withoutSeparator(QString folder)
-{
-    while (folder.size() > 1 && folder.endsWith(u'/')) {
-        folder.chop(1);
-    }
-    return folder;
-}
-
 } // namespace
 
 void FileList::setPattern(const QString& pattern)

@@ -47,11 +47,6 @@ void setBranchMarker(QTreeWidgetItem& item, bool hasBranches)
                                              : QTreeWidgetItem::DontShowIndicator);
 }
 
-bool holds(const QString& folder, const QString& path)
-{
-    return path == folder || path.startsWith(withSeparator(folder));
-}
-
 bool isInside(const QTreeWidgetItem* item, const QTreeWidgetItem* branch)
 {
     while (item != nullptr && item != branch) {
@@ -255,7 +250,7 @@ QTreeWidgetItem* FolderTreeWidget::rootOf(const QString& folder) const
         QTreeWidgetItem* const root = topLevelItem(i);
         const bool isCloser =
             closest == nullptr || folderOfItem(*root).size() > folderOfItem(*closest).size();
-        if (isCloser && holds(folderOfItem(*root), folder)) {
+        if (isCloser && holdsPath(folderOfItem(*root), folder)) {
             closest = root;
         }
     }

@@ -5,8 +5,6 @@
 #include <QCryptographicHash>
 #include <cstdlib>
 #include <fcntl.h>
-#include <memory>
-#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,21 +35,14 @@ std::string lockFolder()
     return isPrivateFolder(folder) ? folder : std::string();
 }
 
-std::optional<std::string> canonical(const std::string& path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
-                                                           &std::free);
-    return real ? std::optional<std::string>(real.get()) : std::nullopt;
-}
-
 // Every way to write a path leads to one text, also while its last part doesn't exist.
-std::string identity(const QString& path)
+QString identity(const QString& path)
 {
-    if (const auto whole = canonical(toNative(path))) {
+    if (const auto whole = canonicalPath(path)) {
         return *whole;
     }
-    const auto folder = canonical(toNative(folderOf(path)));
-    return folder ? toNative(joinPath(fromNative(*folder), fileNameOf(path))) : toNative(path);
+    const auto folder = canonicalPath(folderOf(path));
+    return folder ? joinPath(*folder, fileNameOf(path)) : path;
 }
 
 } // namespace
@@ -62,9 +53,10 @@ Descriptor openLockFile(const char* purpose, const QString& path)
     if (folder.empty()) {
         return {};
     }
-    const QByteArray hash = QCryptographicHash::hash(QByteArray::fromStdString(identity(path)),
-                                                     QCryptographicHash::Sha1)
-                                .toHex();
+    const QByteArray hash =
+        QCryptographicHash::hash(QByteArray::fromStdString(toNative(identity(path))),
+                                 QCryptographicHash::Sha1)
+            .toHex();
     const std::string name = folder + "/" + purpose + "-" + hash.toStdString() + ".lock";
     return openDescriptor(fromNative(name), O_RDWR | O_CREAT | O_NOFOLLOW, 0600);
 }

@@ -31,11 +31,6 @@ std::string unescaped(const QByteArray& field)
     return text;
 }
 
-bool holds(const QString& folder, const QString& path)
-{
-    return path == folder || path.startsWith(withSeparator(folder));
-}
-
 QString userName()
 {
     const passwd* const user = ::getpwuid(::getuid());
@@ -58,7 +53,7 @@ QStringList mediaMountsIn(const QByteArray& table, const QString& user)
         }
         const QString folder = fromNative(unescaped(fields[1]));
         for (const QString& root : roots) {
-            if (holds(root, folder) && !mounts.contains(folder)) {
+            if (holdsPath(root, folder) && !mounts.contains(folder)) {
                 mounts.append(folder);
             }
         }
@@ -77,7 +72,7 @@ QString drivePrefixAmong(const QString& path, const QStringList& mounts, const Q
 {
     QString longest;
     for (const QString& mount : mounts) {
-        if (holds(mount, path) && mount.size() > longest.size()) {
+        if (holdsPath(mount, path) && mount.size() > longest.size()) {
             longest = mount;
         }
     }
@@ -85,7 +80,7 @@ QString drivePrefixAmong(const QString& path, const QStringList& mounts, const Q
         return longest;
     }
     const bool isHomeUseful = home.size() > 1;
-    return isHomeUseful && holds(home, path) ? home : QString();
+    return isHomeUseful && holdsPath(home, path) ? home : QString();
 }
 
 } // namespace platform

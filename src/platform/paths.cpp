@@ -8,6 +8,7 @@
 #include <cassert>
 #include <climits>
 #include <cstdlib>
+#include <memory>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -18,14 +19,6 @@ namespace {
 constexpr QChar kSeparator = u'/';
 
 QString g_appPath;
-
-QString withoutSeparator(QString folder)
-{
-    while (folder.size() > 1 && folder.endsWith(kSeparator)) {
-        folder.chop(1);
-    }
-    return folder;
-}
 
 QString environment(const char* name)
 {
@@ -45,12 +38,12 @@ QString absolute(const QString& folder)
     return withoutSeparator(joinPath(fromNative(current), folder));
 }
 
-// The user's data folder; a relative value of the variable counts as none.
-QString dataHome()
+// A relative value of such a variable counts as none.
+QString userFolder(const char* variable, const char* belowHome)
 {
-    const QString named = environment("XDG_DATA_HOME");
+    const QString named = environment(variable);
     return named.startsWith(kSeparator) ? withoutSeparator(named)
-                                        : joinPath(homeFolder(), QStringLiteral(".local/share"));
+                                        : joinPath(homeFolder(), QString::fromLatin1(belowHome));
 }
 
 QString decideAppPath()
@@ -64,7 +57,7 @@ QString decideAppPath()
     if (isWritable && holdsDeliveredFiles(program)) {
         return program;
     }
-    return joinPath(dataHome(), QStringLiteral("vistara"));
+    return joinPath(userDataFolder(), QStringLiteral("vistara"));
 }
 
 // Where the delivered files stand; "" when they aren't found.
@@ -90,6 +83,26 @@ QString withSeparator(const QString& folder)
 QString joinPath(const QString& folder, const QString& name)
 {
     return withSeparator(folder) + name;
+}
+
+QString withoutSeparator(QString folder)
+{
+    while (folder.size() > 1 && folder.endsWith(kSeparator)) {
+        folder.chop(1);
+    }
+    return folder;
+}
+
+bool holdsPath(const QString& folder, const QString& path)
+{
+    return path == folder || path.startsWith(withSeparator(folder));
+}
+
+std::optional<QString> canonicalPath(const QString& path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> real(
+        ::realpath(toNative(path).c_str(), nullptr), &std::free);
+    return real ? std::optional<QString>(fromNative(real.get())) : std::nullopt;
 }
 
 QString fileNameOf(const QString& path)
@@ -153,6 +166,16 @@ QString picturesFolder()
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     return isFolder(folder) ? folder : homeFolder();
+}
+
+QString userDataFolder()
+{
+    return userFolder("XDG_DATA_HOME", ".local/share");
+}
+
+QString userConfigFolder()
+{
+    return userFolder("XDG_CONFIG_HOME", ".config");
 }
 
 QString drivePrefix(const QString& path)

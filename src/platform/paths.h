@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <string>
 
 // Native paths. A path is a QString; bytes of a file name that are no UTF-8 stand in it as lone
@@ -15,6 +16,15 @@ std::string toNative(const QString& path);
 // The folder with a separator at its end, added only when it is missing. "" gives the separator.
 QString withSeparator(const QString& folder);
 QString joinPath(const QString& folder, const QString& name);
+
+// The folder without separators at its end; "/" stays.
+QString withoutSeparator(QString folder);
+
+// Whether a path is the folder or lies below it, by their texts alone.
+bool holdsPath(const QString& folder, const QString& path);
+
+// The path with every link on it resolved; nothing where there is nothing.
+std::optional<QString> canonicalPath(const QString& path);
 
 // The text behind the last separator, and the text before it ("/" for a name in the root, "" for a
 // bare name).
@@ -38,7 +48,11 @@ QString appFile(const QString& relative);
 QString programFolder();
 
 QString homeFolder();
-QString picturesFolder();
+QString picturesFolder(); // the home folder where there is none
+
+// The user's folders for programs' data and settings ($XDG_DATA_HOME, $XDG_CONFIG_HOME).
+QString userDataFolder();
+QString userConfigFolder();
 
 // The part of a path that plays the role of a drive: the mount point under /media, /run/media/USER
 // or /mnt that holds the path, else the home folder if that holds it, else "".

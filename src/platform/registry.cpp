@@ -3,27 +3,19 @@
 #include "platform/paths.h"
 
 #include <QSettings>
-#include <cstdlib>
 
 namespace platform {
 
 namespace {
-
-QString configFolder()
-{
-    const char* const named = std::getenv("XDG_CONFIG_HOME");
-    const QString folder = named != nullptr && named[0] == '/'
-                               ? fromNative(named)
-                               : joinPath(homeFolder(), QStringLiteral(".config"));
-    return joinPath(folder, QStringLiteral("vistara"));
-}
 
 // Opened for each call and written when it goes out of scope, so that nothing is kept in memory.
 // Reading alone makes no file.
 class Values {
 public:
     explicit Values(const char* fileName)
-        : m_settings(joinPath(configFolder(), QString::fromLatin1(fileName)), QSettings::IniFormat)
+        : m_settings(joinPath(userConfigFolder(),
+                              QStringLiteral("vistara/") + QString::fromLatin1(fileName)),
+                     QSettings::IniFormat)
     {
     }
 

@@ -4,9 +4,7 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -24,15 +22,14 @@ std::string folderPart(const std::string& path)
 }
 
 // The file that a path leads to through links; the path itself where there is none yet.
-std::string resolved(const std::string& path)
+std::string resolved(const QString& path)
 {
     struct stat facts = {};
-    if (::lstat(path.c_str(), &facts) != 0 || !S_ISLNK(facts.st_mode)) {
-        return path;
+    const std::string native = toNative(path);
+    if (::lstat(native.c_str(), &facts) != 0 || !S_ISLNK(facts.st_mode)) {
+        return native;
     }
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
-                                                           &std::free);
-    return real ? std::string(real.get()) : path;
+    return toNative(canonicalPath(path).value_or(path));
 }
 
 bool isStillNamed(int descriptor, const std::string& name)
@@ -64,7 +61,7 @@ ReplacementFile::ReplacementFile(const QString& target)
     if (target.contains(QChar(u'\0')) || target.isEmpty()) {
         return;
     }
-    m_target = resolved(toNative(target));
+    m_target = resolved(target);
     struct stat facts = {};
     if (::stat(m_target.c_str(), &facts) == 0) {
         // A name can be replaced without any right to the file; who locked the file meant both.

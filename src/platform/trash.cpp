@@ -8,9 +8,8 @@
 #include <QDateTime>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -35,18 +34,7 @@ std::optional<struct stat> linkFacts(const QString& path)
 
 QString resolvedFolder(const QString& folder)
 {
-    const std::unique_ptr<char, decltype(&std::free)> real(
-        ::realpath(toNative(folder).c_str(), nullptr), &std::free);
-    return real ? fromNative(real.get()) : folder;
-}
-
-QString homeTrash()
-{
-    const char* const named = std::getenv("XDG_DATA_HOME");
-    const QString data = named != nullptr && named[0] == '/'
-                             ? fromNative(named)
-                             : joinPath(homeFolder(), QStringLiteral(".local/share"));
-    return joinPath(data, QStringLiteral("Trash"));
+    return canonicalPath(folder).value_or(folder);
 }
 
 bool makePrivateFolder(const QString& folder)
@@ -155,16 +143,13 @@ QString topFolderOf(const QString& path)
 
 bool trashFile(const QString& path)
 {
-    QString plain = path;
-    while (plain.size() > 1 && plain.endsWith(u'/')) {
-        plain.chop(1);
-    }
+    const QString plain = withoutSeparator(path);
     const auto facts = linkFacts(plain);
     if (!facts || !plain.startsWith(u'/') || plain.size() == 1) {
         return false;
     }
     const QString real = joinPath(resolvedFolder(folderOf(plain)), fileNameOf(plain));
-    const QString trash = homeTrash();
+    const QString trash = joinPath(userDataFolder(), QStringLiteral("Trash"));
     if (makePrivateFolder(trash) && isOnDevice(trash, facts->st_dev)) {
         return trashInto(real, trash, QString());
     }
