@@ -3,12 +3,13 @@
 // What is painted depends on what is visible, so both must cost nearly the same. Each step ends
 // with the window painted. Prints microseconds a step (the median) and the ratio; runs offscreen.
 
+#include "platform/paths.h"
 #include "viewer/pan_view_window.h"
 #include "viewer/picture_viewer.h"
 
 #include <QApplication>
 #include <QMouseEvent>
-#include <QScrollBar>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -123,6 +124,9 @@ void report(const char* what, double smallPicture, double largePicture)
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir programFolder;
+    qputenv("VISTARA_HOME", programFolder.path().toLocal8Bit());
+    platform::initialisePaths();
     const QApplication application(argc, argv);
     const platform::Picture smallPicture = makePicture(kSmall);
     const platform::Picture largePicture = makePicture(kLarge);

@@ -1,4 +1,3 @@
-#include "support/temp_tree.h"
 #include "viewer_window.h"
 
 #include <QBuffer>
@@ -218,7 +217,7 @@ TEST_F(PictureViewerInput, TakesItsPointersFromTheDeliveredFiles)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     ASSERT_TRUE(drawn.save(&buffer, "PNG"));
-    const support::TempTree tree({{"app/Images/cursors/release.png", bytes.toStdString()}});
+    tree.add({"app/Images/cursors/release.png", bytes.toStdString()});
     viewer.setPicture(plainPicture(1000, 800));
     EXPECT_EQ(pointer(), Qt::BitmapCursor);
     EXPECT_EQ(iDst()->cursor().pixmap().size(), QSize(24, 24));

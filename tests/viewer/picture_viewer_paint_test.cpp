@@ -1,3 +1,4 @@
+#include "platform/picture_loader.h"
 #include "viewer_window.h"
 
 #include <QPainter>
@@ -129,6 +130,36 @@ TEST_F(PictureViewerPaint, ShowsTheBackColourBesideThePicture)
     const QImage image = viewer.grab().toImage();
     EXPECT_EQ(image.pixel(5, 5), qRgb(10, 20, 30));
     EXPECT_EQ(image.pixel(200, 150), qRgb(40, 80, 120));
+}
+
+TEST_F(PictureViewerPaint, ShowsATranslucentPictureOverWhite)
+{
+    QImage icon(32, 32, QImage::Format_ARGB32);
+    icon.fill(Qt::transparent);
+    icon.setPixelColor(4, 5, QColor(10, 20, 30));
+    viewer.setPicture(platform::Picture(icon));
+    EXPECT_EQ(shown().pixel(4, 5), qRgb(10, 20, 30));
+    EXPECT_EQ(shown().pixel(0, 0), qRgb(255, 255, 255));
+}
+
+TEST_F(PictureViewerPaint, ShowsWhateverTheLoaderHandsOut)
+{
+    // A cursor file of 2 x 2 pixels: header, one entry, bitmap header, rows bottom up, mask.
+    const unsigned char bytes[] = {0,  0, 2, 0,   1,  0,                                      //
+                                   2,  2, 0, 0,   0,  0,  0,  0,   64, 0, 0, 0, 22, 0, 0,  0, //
+                                   40, 0, 0, 0,   2,  0,  0,  0,   4,  0, 0, 0, 1,  0, 32, 0, //
+                                   0,  0, 0, 0,   0,  0,  0,  0,   0,  0, 0, 0, 0,  0, 0,  0, //
+                                   0,  0, 0, 0,   0,  0,  0,  0,                              //
+                                   1,  2, 3, 255, 4,  5,  6,  255,                            //
+                                   7,  8, 9, 255, 10, 11, 12, 255,                            //
+                                   0,  0, 0, 0,   0,  0,  0,  0};
+    tree.add({"a.cur", std::string(std::begin(bytes), std::end(bytes))});
+    const auto loaded = platform::loadPicture(tree.path("a.cur"));
+    ASSERT_TRUE(loaded.has_value());
+    viewer.setPicture(*loaded);
+    EXPECT_EQ(viewer.PictureWidth(), 2);
+    EXPECT_EQ(shown().pixel(0, 0), qRgb(9, 8, 7));
+    EXPECT_EQ(shown().pixel(1, 1), qRgb(6, 5, 4));
 }
 
 // Rows that may not be read: touching one ends the process.

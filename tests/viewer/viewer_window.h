@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/fake_dialogs.h"
+#include "support/temp_tree.h"
 #include "test_pictures.h"
 #include "viewer/picture_viewer.h"
 
@@ -48,6 +49,7 @@ protected:
                   modifiers);
     }
 
+    support::TempTree tree;
     platform::FakeDialogs recorded;
     platform::ScopedDialogs replaced;
     QWidget host;
