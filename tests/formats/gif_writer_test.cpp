@@ -1,5 +1,8 @@
 #include "formats/gif_writer.h"
 
+#include "support/full_disk.h"
+#include "support/ordinary_user.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -362,23 +365,6 @@ protected:
     fs::path m_folder;
 };
 
-// Runs as an ordinary user for a while, so that access rights count even where tests run as root.
-class OrdinaryUser {
-public:
-    OrdinaryUser()
-    {
-        if (m_user == 0) {
-            EXPECT_EQ(seteuid(65534), 0);
-        }
-    }
-    ~OrdinaryUser() { EXPECT_EQ(seteuid(m_user), 0); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    uid_t m_user = geteuid();
-};
-
 Bytes encoded(const Bitmap& bitmap, formats::GifImageDescriptor image = {},
               formats::GifScreenDescriptor screen = {1, 1, 0xF7})
 {
@@ -604,7 +590,7 @@ TEST_F(GifFile, LeavesAReadOnlyTargetAlone)
     fs::permissions(path("locked.gif"), fs::perms::owner_read | fs::perms::others_read);
     fs::permissions(m_folder, fs::perms::owner_all | fs::perms::others_exec);
     {
-        const OrdinaryUser user;
+        const support::OrdinaryUser user;
         EXPECT_FALSE(WriteGifFile(bitmap.info, bitmap.bits, path("locked.gif")));
         EXPECT_FALSE(WriteGifFile(bitmap.info, bitmap.bits, path("new.gif")));
     }
@@ -626,6 +612,8 @@ TEST_F(GifFile, FailsWhenTheDiskIsFull)
     EXPECT_FALSE(WriteGifFile(small.info, small.bits, "/dev/full"));
     const Bitmap large = makeBitmap(300, 300, noise(90000, 256, 8));
     EXPECT_FALSE(WriteGifFile(large.info, large.bits, "/dev/full"));
+    const support::FullDisk disk(500);
+    EXPECT_FALSE(WriteGifFile(large.info, large.bits, path("cut.gif")));
 }
 
 TEST_F(GifFile, WritesThroughADanglingLink)

@@ -2,12 +2,11 @@
 
 #include "platform/picture_saver.h"
 #include "platform/test_images.h"
+#include "support/full_disk.h"
+#include "support/ordinary_user.h"
 #include "support/temp_tree.h"
 
 #include <QImage>
-#include <csignal>
-#include <sys/resource.h>
-#include <unistd.h>
 
 namespace {
 
@@ -35,46 +34,6 @@ protected:
     support::TempTree m_tree;
     QString m_source = m_tree.path("source.bmp");
     QString m_target = m_tree.path("target.jpg");
-};
-
-// Runs as an ordinary user for a while, so that access rights count even where tests run as root.
-class OrdinaryUser {
-public:
-    OrdinaryUser()
-    {
-        if (m_user == 0) {
-            EXPECT_EQ(::seteuid(65534), 0);
-        }
-    }
-    ~OrdinaryUser() { EXPECT_EQ(::seteuid(m_user), 0); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    uid_t m_user = ::geteuid();
-};
-
-// No file of this process grows beyond the size while it lives, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t size)
-        : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        EXPECT_EQ(::getrlimit(RLIMIT_FSIZE, &m_before), 0);
-        const rlimit small{size, m_before.rlim_max};
-        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    }
-    ~FullDisk()
-    {
-        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &m_before), 0);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int);
 };
 
 } // namespace
@@ -129,7 +88,7 @@ TEST_F(JpegConverter, LeavesAReadOnlyTargetAlone)
     fs::permissions(m_tree.native("open/locked.jpg"),
                     fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     {
-        const OrdinaryUser user;
+        const support::OrdinaryUser user;
         EXPECT_TRUE(failed(BMPToJPG(m_source, m_tree.path("open/locked.jpg"), 80)));
         EXPECT_FALSE(failed(BMPToJPG(m_source, m_tree.path("open/new.jpg"), 80)));
     }
@@ -149,7 +108,7 @@ TEST_F(JpegConverter, KeepsTheTargetOnAFullDisk)
 {
     m_tree.add({"target.jpg", "kept"});
     {
-        const FullDisk disk(100);
+        const support::FullDisk disk(100);
         EXPECT_TRUE(failed(BMPToJPG(m_source, m_target, 100)));
     }
     EXPECT_EQ(m_tree.content("target.jpg"), "kept");

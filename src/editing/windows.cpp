@@ -1,0 +1,15 @@
+#include "editing/windows.h"
+
+#include "core/window_registry.h"
+#include "editing/jpeg_window.h"
+#include "editing/scale_window.h"
+
+namespace editing {
+
+void registerWindows()
+{
+    core::windows().add(QStringLiteral("Form4"), [] { return new Form4; });
+    core::windows().add(kJpegWindowName, [] { return new frmSaveJPGc; });
+}
+
+} // namespace editing

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "editing/windows.h"
+#include "platform/fake_desktop.h"
+#include "platform/fake_dialogs.h"
+#include "platform/picture_loader.h"
+#include "platform/pointer.h"
+#include "platform/pump.h"
+#include "platform/test_images.h"
+#include "support/fake_main_window.h"
+#include "support/temp_tree.h"
+
+#include <QTest>
+
+// What a command meets: a main window with a viewer, a folder for the working files, and dialogs
+// and a desktop that record what they are asked for.
+class EditTest : public testing::Test {
+protected:
+    EditTest()
+    {
+        core::services().config = &config;
+        editing::registerWindows();
+    }
+
+    ~EditTest() override
+    {
+        core::windows().unloadAll({"Form4", "frmSaveJPGc", "FrmSwitch"});
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        core::services().config = nullptr;
+        core::state() = {};
+        platform::setPointer(platform::Pointer::Default);
+    }
+
+    void showInViewer(const QImage& image)
+    {
+        form.viewer().setPicture(platform::Picture(image));
+        form.log.clear();
+    }
+
+    [[nodiscard]] QImage shown() { return form.viewer().Picture().flattened(); }
+
+    [[nodiscard]] bool exists(const std::string& name) const { return tree.exists("app/" + name); }
+
+    // The picture in a working file, null without one.
+    [[nodiscard]] QImage fileImage(const std::string& name) const
+    {
+        const auto picture = platform::loadPicture(tree.path("app/" + name));
+        return picture ? picture->flattened() : QImage();
+    }
+
+    void expectFile(const std::string& name, const QImage& image) const
+    {
+        test::expectPixels(fileImage(name), image);
+    }
+
+    void expectNoPictureBox() const
+    {
+        ASSERT_EQ(dialogs.boxes.size(), 1U);
+        EXPECT_EQ(dialogs.boxes[0].text, "No picture to process.");
+        EXPECT_EQ(dialogs.boxes[0].icon, platform::BoxIcon::Information);
+    }
+
+    support::TempTree tree{{"app/Images/", ""}};
+    support::MemoryConfigStore config;
+    support::FakeMainWindow form;
+    platform::FakeDialogs dialogs;
+    platform::ScopedDialogs scopedDialogs{dialogs};
+    platform::FakeDesktop desktop;
+    platform::ScopedDesktop scopedDesktop{desktop};
+};
