@@ -37,19 +37,23 @@ void cpvPicViewer::PanViewShow(int left, int top, int width, int height, bool to
 void cpvPicViewer::PanViewHide()
 {
     endPanDrag();
-    if (m_fPV != nullptr) {
-        m_fPV->hide();
+    if (m_fPV == nullptr) {
+        return;
     }
+    // Else the focus would go to whatever comes next on the window.
+    if (m_fPV->window()->focusWidget() == m_fPV) {
+        giveFocus();
+    }
+    m_fPV->hide();
 }
 
 void cpvPicViewer::PanViewUnload()
 {
-    endPanDrag();
+    PanViewHide();
     if (m_fPV == nullptr) {
         return;
     }
     m_fPV->disconnect(this);
-    m_fPV->hide();
     m_fPV->deleteLater();
     m_fPV = nullptr;
     m_miniature.clear();

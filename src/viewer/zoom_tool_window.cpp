@@ -9,6 +9,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QSignalBlocker>
 #include <QSlider>
 
@@ -50,7 +51,7 @@ void fastZoom::makeParts()
     row->addWidget(scrZoom2, 1);
     row->addWidget(lblZoom2);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(1, 1, 1, 1);
     column->setSpacing(0);
     column->addWidget(Picture2);
     column->addLayout(row);
@@ -65,6 +66,14 @@ bool fastZoom::event(QEvent* event)
         readZoom();
     }
     return QWidget::event(event);
+}
+
+// A line around the window, which has no frame and lies over pictures of any colour.
+void fastZoom::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Dark));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 // The panel holds blanks before the number; before the first zoom it is empty.

@@ -274,6 +274,15 @@ TEST_F(PanView, StaysLoadedWhenHiddenAndGoesWhenUnloaded)
     EXPECT_FALSE(viewer.PanViewVisible());
 }
 
+TEST_F(PanView, HandsTheFocusBackWhenItHides)
+{
+    showPanView();
+    view()->setFocus();
+    ASSERT_EQ(host.focusWidget(), view());
+    viewer.PanViewHide();
+    EXPECT_EQ(host.focusWidget(), &viewer);
+}
+
 TEST_F(PanView, ShowsAgainWhenTheHostResizesAndHidesWhenItIsMinimised)
 {
     showPanView();
