@@ -14,6 +14,8 @@ namespace {
 // Colours keep their full resolution from here on, so that drawings and text look right.
 constexpr int kFullColourQuality = 90;
 
+constexpr std::size_t kFirstRoom = std::size_t{64} * 1024;
+
 constexpr J_COLOR_SPACE kPixelOrder =
     std::endian::native == std::endian::little ? JCS_EXT_BGRX : JCS_EXT_XRGB;
 
@@ -25,9 +27,12 @@ constexpr J_COLOR_SPACE kPixelOrder =
 struct JpegEncoder::State {
     jpeg_compress_struct info{};
     jpeg_error_mgr errors{};
+    jpeg_destination_mgr destination{};
     std::jmp_buf onError{};
+    // The file so far. Memory of C, because it grows below the library.
     unsigned char* file = nullptr;
-    unsigned long fileSize = 0;
+    std::size_t room = 0;
+    std::size_t size = 0;
     bool failed = false;
     bool finished = false;
 
@@ -47,10 +52,44 @@ struct JpegEncoder::State {
         return true;
     }
 
+    // Makes room behind the bytes that stand and hands it to the library.
+    bool grow()
+    {
+        const std::size_t larger = room == 0 ? kFirstRoom : room * 2;
+        void* memory = std::realloc(file, larger);
+        if (memory == nullptr) {
+            return false;
+        }
+        file = static_cast<unsigned char*>(memory);
+        destination.next_output_byte = file + room;
+        destination.free_in_buffer = larger - room;
+        room = larger;
+        return true;
+    }
+
     static void leave(j_common_ptr info) { std::longjmp(of(info).onError, 1); }
     static void stayQuiet(j_common_ptr) {}
+    static void growOrLeave(j_compress_ptr info)
+    {
+        if (!of(info).grow()) {
+            leave(reinterpret_cast<j_common_ptr>(info));
+        }
+    }
+    static boolean takeFullBuffer(j_compress_ptr info)
+    {
+        growOrLeave(info);
+        return TRUE;
+    }
+    static void takeLastBytes(j_compress_ptr info)
+    {
+        State& state = of(info);
+        state.size = state.room - state.destination.free_in_buffer;
+    }
 
-    static State& of(j_common_ptr info) { return *static_cast<State*>(info->client_data); }
+    template<typename Info> static State& of(Info* info)
+    {
+        return *static_cast<State*>(info->client_data);
+    }
 };
 
 JpegEncoder::JpegEncoder(const QImage& image, int quality)
@@ -62,13 +101,15 @@ JpegEncoder::JpegEncoder(const QImage& image, int quality)
     info.err = jpeg_std_error(&m_state->errors);
     m_state->errors.error_exit = State::leave;
     m_state->errors.output_message = State::stayQuiet;
-    info.client_data = m_state.get();
+    m_state->destination.init_destination = State::growOrLeave;
+    m_state->destination.empty_output_buffer = State::takeFullBuffer;
+    m_state->destination.term_destination = State::takeLastBytes;
     const bool fits =
         !m_image.isNull() && m_image.width() <= kLongestSide && m_image.height() <= kLongestSide;
     m_state->failed = !fits;
     m_state->guarded([&] {
         jpeg_create_compress(&info);
-        jpeg_mem_dest(&info, &m_state->file, &m_state->fileSize);
+        info.dest = &m_state->destination;
         info.image_width = static_cast<JDIMENSION>(m_image.width());
         info.image_height = static_cast<JDIMENSION>(m_image.height());
         info.input_components = 4;
@@ -115,7 +156,7 @@ std::span<const std::byte> JpegEncoder::bytes() const
     if (!m_state->finished) {
         return {};
     }
-    return std::as_bytes(std::span(m_state->file, m_state->fileSize));
+    return std::as_bytes(std::span(m_state->file, m_state->size));
 }
 
 } // namespace platform

@@ -1,0 +1,229 @@
+#include "editing/save_pipeline.h"
+
+#include "editing/edit_fixture.h"
+#include "editing/gif_export.h"
+#include "support/full_disk.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+using editing::SaveSource;
+using test::expectPixels;
+using test::numbered;
+
+namespace {
+
+class SavePipeline : public EditTest {
+protected:
+    void answerSaveDialog(const std::string& name, int filterIndex)
+    {
+        dialogs.saveAnswers.push_back(platform::SaveChoice{tree.path(name), filterIndex});
+    }
+
+    // Both halves, as a command of the program runs them.
+    void save(SaveSource source = SaveSource::Picture)
+    {
+        editing::save(form, source);
+        if (form.log.contains("SaveGIF")) {
+            editing::saveByDialog(form);
+        }
+    }
+
+    [[nodiscard]] std::string signature(const std::string& name, std::size_t length) const
+    {
+        return tree.content(name).substr(0, length);
+    }
+};
+
+} // namespace
+
+TEST_F(SavePipeline, WritesTheWorkingFileBeforeTheDialogOpens)
+{
+    const QImage image = numbered(20, 10);
+    showInViewer(image);
+    bool wasThere = false;
+    dialogs.whileOpen = [&] { wasThere = exists("saveTemp.bmp"); };
+    save();
+    EXPECT_TRUE(wasThere);
+    expectFile("saveTemp.bmp", image);
+}
+
+TEST_F(SavePipeline, ChangesNothingElseWhenCancelled)
+{
+    showInViewer(numbered(20, 10));
+    core::state().PictureChanged = true;
+    save();
+    ASSERT_EQ(dialogs.fileRequests.size(), 1U);
+    EXPECT_TRUE(core::state().PictureChanged);
+    EXPECT_TRUE(dialogs.boxes.empty());
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(SavePipeline, AsksForOneOfThreeFormatsAndReplacesWithoutAQuestion)
+{
+    showInViewer(numbered(20, 10));
+    save();
+    ASSERT_EQ(dialogs.fileRequests.size(), 1U);
+    EXPECT_EQ(dialogs.fileRequests[0].filter,
+              "BMP (*.BMP)|*.bmp|GIF (*.Gif)|*.gif|JPG (*.JPG)|*.jpg");
+    EXPECT_FALSE(dialogs.fileRequests[0].askBeforeReplacing);
+}
+
+TEST_F(SavePipeline, WritesABmpUnderTheFirstFilterWhateverTheName)
+{
+    const QImage image = numbered(20, 10);
+    showInViewer(image);
+    tree.add({"picture.gif", "old"});
+    core::state().PictureChanged = true;
+    answerSaveDialog("picture.gif", 1);
+    save();
+    const std::string bytes = tree.content("picture.gif");
+    ASSERT_GE(bytes.size(), 54U);
+    EXPECT_EQ(bytes.substr(0, 2), "BM");
+    EXPECT_EQ(bytes[28], 24);
+    const auto saved = platform::loadPicture(tree.path("picture.gif"));
+    ASSERT_TRUE(saved);
+    expectPixels(saved->flattened(), image);
+    EXPECT_FALSE(core::state().PictureChanged);
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(SavePipeline, WritesAGifUnderTheSecondFilterAndAddsNoExtension)
+{
+    const QImage image = numbered(12, 12);
+    showInViewer(image);
+    answerSaveDialog("picture", 2);
+    save(SaveSource::DrawnImage);
+    EXPECT_EQ(signature("picture", 6), "GIF87a");
+    const auto saved = platform::loadPicture(tree.path("picture"));
+    ASSERT_TRUE(saved);
+    expectPixels(saved->flattened(), image);
+    EXPECT_FALSE(tree.exists("picture.gif"));
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(SavePipeline, OpensTheJpegWindowUnderTheThirdFilter)
+{
+    showInViewer(numbered(20, 10));
+    core::state().PictureChanged = true;
+    answerSaveDialog("picture.bmp", 3);
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget* window = core::windows().find("frmSaveJPGc");
+        ASSERT_NE(window, nullptr);
+        EXPECT_TRUE(window->isModal());
+        EXPECT_EQ(window->findChild<QLineEdit*>("OutputPath")->text(), tree.path("picture.bmp"));
+        window->findChild<QPushButton*>("Command1_0")->click();
+    });
+    save();
+    EXPECT_EQ(signature("picture.bmp", 2), "\xFF\xD8");
+    EXPECT_EQ(dialogs.boxTexts(), QStringList({tree.path("picture.bmp")}));
+    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::state().PictureChanged);
+}
+
+TEST_F(SavePipeline, SavesWhatTheWorkingFileHoldsAsGif)
+{
+    const QImage image = numbered(12, 12);
+    showInViewer(image);
+    answerSaveDialog("picture.gif", 2);
+    editing::save(form, SaveSource::Picture);
+    form.fakeViewer.picture = platform::Picture(test::filled(3, 3, qRgb(9, 9, 9)));
+    editing::saveByDialog(form);
+    const auto saved = platform::loadPicture(tree.path("picture.gif"));
+    ASSERT_TRUE(saved);
+    expectPixels(saved->flattened(), image);
+    expectPixels(form.Image1().drawnImage().flattened(), image);
+}
+
+TEST_F(SavePipeline, NeedsAPicture)
+{
+    save();
+    expectNoPictureBox();
+    EXPECT_TRUE(dialogs.fileRequests.empty());
+    EXPECT_FALSE(exists("saveTemp.bmp"));
+}
+
+TEST_F(SavePipeline, PassesOverAWriterThatFails)
+{
+    showInViewer(numbered(20, 10));
+    for (const int filter : {1, 2}) {
+        core::state().PictureChanged = true;
+        answerSaveDialog("missing/picture", filter);
+        save();
+        EXPECT_FALSE(core::state().PictureChanged);
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+    }
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(SavePipeline, WritesNothingUnderAnUnknownFilter)
+{
+    showInViewer(numbered(20, 10));
+    answerSaveDialog("picture", 4);
+    save();
+    EXPECT_FALSE(tree.exists("picture"));
+}
+
+// ---- GIF files of pictures ----
+
+TEST_F(SavePipeline, KeepsAFewColoursExactlyInAGif)
+{
+    const QImage image =
+        test::imageOf(64, 32, [](int x, int y) { return qRgb(4 * (x % 16), 16 * (y % 16), 100); });
+    EXPECT_TRUE(SaveGIF(platform::Picture(image), tree.path("few.gif")));
+    const auto saved = platform::loadPicture(tree.path("few.gif"));
+    ASSERT_TRUE(saved);
+    expectPixels(saved->flattened(), image);
+    EXPECT_FALSE(saved->image().hasAlphaChannel());
+}
+
+TEST_F(SavePipeline, KeepsManyColoursNearlyInAGif)
+{
+    const QImage image = test::imageOf(256, 128, [](int x, int y) { return qRgb(x, 2 * y, 60); });
+    EXPECT_TRUE(SaveGIF(platform::Picture(image), tree.path("many.gif")));
+    const auto saved = platform::loadPicture(tree.path("many.gif"));
+    ASSERT_TRUE(saved);
+    const QImage pixels = saved->flattened();
+    double sum = 0;
+    for (int y = 0; y < 128; ++y) {
+        for (int x = 0; x < 256; ++x) {
+            sum += std::pow(qRed(pixels.pixel(x, y)) - x, 2) +
+                   std::pow(qGreen(pixels.pixel(x, y)) - 2 * y, 2);
+        }
+    }
+    // 256 squares of 16 by 16 levels are off by 21 in the mean square of each channel.
+    EXPECT_LT(sum / 2 / 256 / 128, 30);
+}
+
+TEST_F(SavePipeline, LaysATransparentPictureOverWhiteInAGif)
+{
+    QImage image(2, 1, QImage::Format_ARGB32);
+    image.setPixel(0, 0, qRgba(0, 0, 0, 0));
+    image.setPixel(1, 0, qRgba(10, 20, 30, 255));
+    EXPECT_TRUE(SaveGIF(platform::Picture(image), tree.path("over.gif")));
+    const auto saved = platform::loadPicture(tree.path("over.gif"));
+    ASSERT_TRUE(saved);
+    EXPECT_EQ(saved->flattened().pixel(0, 0), qRgb(255, 255, 255));
+    EXPECT_EQ(saved->flattened().pixel(1, 0), qRgb(10, 20, 30));
+}
+
+TEST_F(SavePipeline, WritesNoGifOfWhatIsNoBitmap)
+{
+    tree.add({"old.gif", "kept"});
+    const QImage image = numbered(5, 5);
+    for (const platform::PictureType type :
+         {platform::PictureType::Metafile, platform::PictureType::Icon,
+          platform::PictureType::EnhancedMetafile}) {
+        EXPECT_FALSE(SaveGIF(platform::Picture(image, type), tree.path("old.gif")));
+    }
+    EXPECT_FALSE(SaveGIF(platform::Picture(), tree.path("old.gif")));
+    EXPECT_FALSE(SaveGIF(platform::Picture(test::filled(65536, 1, 0)), tree.path("old.gif")));
+    EXPECT_EQ(tree.content("old.gif"), "kept");
+}
+
+TEST_F(SavePipeline, TellsThatAGifDidNotFitOnTheDisk)
+{
+    const support::FullDisk disk(100);
+    EXPECT_FALSE(SaveGIF(platform::Picture(numbered(50, 50)), tree.path("cut.gif")));
+}
