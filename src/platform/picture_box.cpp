@@ -20,7 +20,7 @@ QRgb rgbOf(base::Colour colour)
 
 bool isPossibleSize(int width, int height)
 {
-    return width >= 1 && height >= 1 && qint64(width) * height * 4 <= kMaxSurfaceBytes;
+    return width >= 1 && height >= 1 && qint64(width) * height <= kMaxSurfaceBytes / 4;
 }
 
 QRect cornersOf(int x1, int y1, int x2, int y2)

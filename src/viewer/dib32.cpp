@@ -13,7 +13,7 @@ constexpr qint64 kLargestSection = qint64(512) << 20;
 bool cDIB32::Create(int width, int height, base::Colour colour)
 {
     Destroy();
-    if (width < 1 || height < 1 || qint64(width) * 4 * height > kLargestSection) {
+    if (width < 1 || height < 1 || qint64(width) * height > kLargestSection / 4) {
         return false;
     }
     m_section = QImage(width, height, QImage::Format_RGB32);

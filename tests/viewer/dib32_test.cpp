@@ -44,6 +44,7 @@ TEST(Dib32, RefusesSizesThatNoSectionHasAndIsEmptyThen)
     EXPECT_FALSE(dib.hDIB());
     EXPECT_FALSE(dib.Create(3, -1, 0));
     EXPECT_FALSE(dib.Create(1 << 20, 1 << 20, 0));
+    EXPECT_FALSE(dib.Create(2147483647, 2147483647, 0));
 }
 
 TEST(Dib32, SharesThePixelsOfABitmap)
