@@ -99,6 +99,7 @@ JpegEncoder::JpegEncoder(const QImage& image, int quality)
 {
     jpeg_compress_struct& info = m_state->info;
     info.err = jpeg_std_error(&m_state->errors);
+    info.client_data = m_state.get();
     m_state->errors.error_exit = State::leave;
     m_state->errors.output_message = State::stayQuiet;
     m_state->destination.init_destination = State::growOrLeave;
