@@ -80,13 +80,16 @@ bool FileList::setPath(const QString& folder)
     if (!names) {
         return false;
     }
-    m_path = path;
-    m_names = std::move(*names);
-    m_index = -1;
-    // A copy, because the handler may set another one.
-    if (const auto changed = m_pathChanged) {
-        changed();
+    take(path, std::move(*names));
+    return true;
+}
+
+bool FileList::setPathFrom(const FileList& other)
+{
+    if (other.m_pattern != m_pattern) {
+        return setPath(other.m_path);
     }
+    take(other.m_path, other.m_names);
     return true;
 }
 
@@ -94,6 +97,18 @@ void FileList::refresh()
 {
     m_index = -1;
     m_names = sortedNames(m_path, m_pattern).value_or(std::vector<QString>());
+}
+
+void FileList::take(const QString& path, std::vector<QString> names)
+{
+    const bool changed = path != m_path;
+    m_path = path;
+    m_names = std::move(names);
+    m_index = -1;
+    // A copy, because the handler may set another one.
+    if (const auto handler = m_pathChanged; handler && changed) {
+        handler();
+    }
 }
 
 QString FileList::name(int index) const

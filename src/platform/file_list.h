@@ -21,6 +21,10 @@ public:
     bool setPath(const QString& folder);
     [[nodiscard]] const QString& path() const { return m_path; }
 
+    // Takes folder and files over from a list with the same pattern, as setPath() and refresh() would
+    // read them, without reading. A list with another pattern is asked for its folder alone.
+    bool setPathFrom(const FileList& other);
+
     // Called after the path has changed, with the new list in place.
     void onPathChange(std::function<void()> handler) { m_pathChanged = std::move(handler); }
 
@@ -41,6 +45,8 @@ public:
     [[nodiscard]] QString fileName() const { return name(m_index); }
 
 private:
+    void take(const QString& path, std::vector<QString> names);
+
     QString m_pattern = QStringLiteral("*");
     QString m_path;
     std::vector<QString> m_names;

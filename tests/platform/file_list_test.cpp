@@ -212,3 +212,38 @@ TEST(FileList, KeepsTheRootsSeparator)
     EXPECT_TRUE(list.setPath("/"));
     EXPECT_EQ(list.path(), "/");
 }
+
+TEST(FileList, TakesOverWhatAnotherListHasRead)
+{
+    const TempTree tree({{"pics/a.bmp", "a"}, {"pics/b.bmp", "b"}});
+    FileList source;
+    source.setPattern("*.bmp");
+    ASSERT_TRUE(source.setPath(tree.path("pics")));
+    tree.remove("pics/a.bmp");
+
+    FileList list;
+    list.setPattern("*.bmp");
+    int changes = 0;
+    list.onPathChange([&changes] { ++changes; });
+    EXPECT_TRUE(list.setPathFrom(source));
+    EXPECT_EQ(list.path(), tree.path("pics"));
+    EXPECT_EQ(list.count(), 2);
+    EXPECT_EQ(changes, 1);
+
+    source.refresh();
+    EXPECT_TRUE(list.setPathFrom(source));
+    EXPECT_EQ(list.count(), 1);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST(FileList, ReadsAnewForAListWithAnotherPattern)
+{
+    const TempTree tree({{"pics/a.bmp", "a"}, {"pics/b.gif", "b"}});
+    FileList source;
+    source.setPattern("*.bmp");
+    ASSERT_TRUE(source.setPath(tree.path("pics")));
+    FileList list;
+    list.setPattern("*.gif");
+    EXPECT_TRUE(list.setPathFrom(source));
+    EXPECT_EQ(list.name(0), "b.gif");
+}
