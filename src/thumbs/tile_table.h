@@ -9,7 +9,7 @@
 namespace thumbs {
 
 // One file's tile: its box on its page, its full path, its page from 0.
-struct ThumbRow {
+struct TileRow {
     TileBox box;
     QString path;
     int page = 0;
@@ -18,7 +18,7 @@ struct ThumbRow {
 
 // The tiles of a run, one row per file and one spare. Rows outside are read as never filled, and
 // writing one is passed over: a run that goes on after another run has changed the table does that.
-class ThumbTable {
+class TileTable {
 public:
     // Rows 0 to files; what stood here is discarded.
     void resize(int files);
@@ -27,13 +27,13 @@ public:
     void fill(int row, const TileBox& box, const QString& path, int page);
 
     // The row if its file got a tile, else null.
-    [[nodiscard]] const ThumbRow* filledRow(int row) const;
+    [[nodiscard]] const TileRow* filledRow(int row) const;
 
     // The first of the rows 0 to files - 1 whose tile holds the point of the page, edges included.
     [[nodiscard]] std::optional<int> rowAt(int page, int x, int y, int files) const;
 
 private:
-    std::vector<ThumbRow> m_rows = std::vector<ThumbRow>(1);
+    std::vector<TileRow> m_rows = std::vector<TileRow>(1);
 };
 
 // What was clicked last. A press between tiles leaves all of it.

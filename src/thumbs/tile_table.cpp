@@ -1,34 +1,34 @@
-#include "thumbs/thumb_table.h"
+#include "thumbs/tile_table.h"
 
 #include <algorithm>
 
 namespace thumbs {
 
-void ThumbTable::resize(int files)
+void TileTable::resize(int files)
 {
-    m_rows.assign(static_cast<std::size_t>(std::max(0, files)) + 1, ThumbRow{});
+    m_rows.assign(static_cast<std::size_t>(std::max(0, files)) + 1, TileRow{});
 }
 
-void ThumbTable::fill(int row, const TileBox& box, const QString& path, int page)
+void TileTable::fill(int row, const TileBox& box, const QString& path, int page)
 {
     if (row >= 0 && row < rows()) {
         m_rows[static_cast<std::size_t>(row)] = {box, path, page, true};
     }
 }
 
-const ThumbRow* ThumbTable::filledRow(int row) const
+const TileRow* TileTable::filledRow(int row) const
 {
     if (row < 0 || row >= rows()) {
         return nullptr;
     }
-    const ThumbRow& found = m_rows[static_cast<std::size_t>(row)];
+    const TileRow& found = m_rows[static_cast<std::size_t>(row)];
     return found.filled ? &found : nullptr;
 }
 
-std::optional<int> ThumbTable::rowAt(int page, int x, int y, int files) const
+std::optional<int> TileTable::rowAt(int page, int x, int y, int files) const
 {
     for (int k = 0; k < files; ++k) {
-        const ThumbRow* row = filledRow(k);
+        const TileRow* row = filledRow(k);
         if (row != nullptr && row->page == page && row->box.holds(x, y)) {
             return k;
         }

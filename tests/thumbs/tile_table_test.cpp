@@ -1,14 +1,14 @@
-#include "thumbs/thumb_table.h"
+#include "thumbs/tile_table.h"
 
 #include <gtest/gtest.h>
 
-using thumbs::ThumbTable;
+using thumbs::TileTable;
 
 namespace {
 
-ThumbTable tableOfThree()
+TileTable tableOfThree()
 {
-    ThumbTable table;
+    TileTable table;
     table.resize(3);
     table.fill(0, {18, 0, 88, 70}, "/p/a.jpg", 0);
     table.fill(2, {18, 0, 88, 70}, "/p/c.jpg", 1);
@@ -17,9 +17,9 @@ ThumbTable tableOfThree()
 
 } // namespace
 
-TEST(ThumbTable, HasOneRowMoreThanFiles)
+TEST(TileTable, HasOneRowMoreThanFiles)
 {
-    ThumbTable table;
+    TileTable table;
     EXPECT_EQ(table.rows(), 1);
     table.resize(0);
     EXPECT_EQ(table.rows(), 1);
@@ -27,45 +27,45 @@ TEST(ThumbTable, HasOneRowMoreThanFiles)
     EXPECT_EQ(table.rows(), 11);
 }
 
-TEST(ThumbTable, ForgetsItsRowsWhenItIsSizedAgain)
+TEST(TileTable, ForgetsItsRowsWhenItIsSizedAgain)
 {
-    ThumbTable table = tableOfThree();
+    TileTable table = tableOfThree();
     table.resize(3);
     EXPECT_EQ(table.filledRow(0), nullptr);
 }
 
-TEST(ThumbTable, FindsTilesOfTheirOwnPageOnly)
+TEST(TileTable, FindsTilesOfTheirOwnPageOnly)
 {
-    const ThumbTable table = tableOfThree();
+    const TileTable table = tableOfThree();
     EXPECT_EQ(table.rowAt(0, 30, 30, 3), 0);
     EXPECT_EQ(table.rowAt(1, 30, 30, 3), 2);
     EXPECT_EQ(table.rowAt(2, 30, 30, 3), std::nullopt);
 }
 
-TEST(ThumbTable, CountsTheEdgesToATile)
+TEST(TileTable, CountsTheEdgesToATile)
 {
-    const ThumbTable table = tableOfThree();
+    const TileTable table = tableOfThree();
     EXPECT_EQ(table.rowAt(0, 18, 0, 3), 0);
     EXPECT_EQ(table.rowAt(0, 88, 70, 3), 0);
     EXPECT_EQ(table.rowAt(0, 89, 70, 3), std::nullopt);
 }
 
-TEST(ThumbTable, SkipsRowsThatWereNeverFilled)
+TEST(TileTable, SkipsRowsThatWereNeverFilled)
 {
-    const ThumbTable table = tableOfThree();
+    const TileTable table = tableOfThree();
     EXPECT_EQ(table.rowAt(0, 0, 0, 3), std::nullopt);
     EXPECT_EQ(table.filledRow(1), nullptr);
 }
 
-TEST(ThumbTable, LooksAtTheGivenNumberOfFiles)
+TEST(TileTable, LooksAtTheGivenNumberOfFiles)
 {
     EXPECT_EQ(tableOfThree().rowAt(1, 30, 30, 2), std::nullopt);
     EXPECT_EQ(tableOfThree().rowAt(1, 30, 30, 500), 2);
 }
 
-TEST(ThumbTable, PassesOverRowsOutside)
+TEST(TileTable, PassesOverRowsOutside)
 {
-    ThumbTable table = tableOfThree();
+    TileTable table = tableOfThree();
     table.fill(4, {0, 0, 1, 1}, "/p/x.jpg", 0);
     table.fill(-1, {0, 0, 1, 1}, "/p/x.jpg", 0);
     EXPECT_EQ(table.rows(), 4);

@@ -1,0 +1,126 @@
+// Speed and memory of the thumbnail pages, without a display:
+//   thumbs_bench run FOLDER SIZE [LIMIT]     one whole run; pictures a second, memory, bytes of
+//   pages thumbs_bench first FOLDER SIZE           folder chosen to first tile painted, against
+//   reading the
+//                                            folder and decoding its first file
+#include "core/constants.h"
+#include "platform/file_list.h"
+#include "platform/paths.h"
+#include "platform/picture_loader.h"
+#include "thumbs/page_viewport.h"
+#include "thumbs/picture_fit.h"
+#include "thumbs/thumbnail_list.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QScrollBar>
+#include <cstdio>
+#include <cstdlib>
+#include <sys/resource.h>
+
+namespace {
+
+constexpr QSize kControl(480, 900);
+
+double milliseconds(const QElapsedTimer& timer)
+{
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+double peakMegabytes()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024.0;
+}
+
+int runFolder(ThumbNailList& list, const QString& folder)
+{
+    QElapsedTimer timer;
+    timer.start();
+    list.setPath(folder);
+    list.Makegallery();
+    const double ms = milliseconds(timer);
+    const int files = list.File1().count();
+    std::printf("thumbs_%d %.1f ms pictures=%d per_s=%.1f pages=%d page_mb=%.1f peak_mb=%.1f\n",
+                list.ThumbNailSize(), ms, files, files / ms * 1000.0, list.pages().pages(),
+                static_cast<double>(list.pages().bitmapBytes()) / 1048576.0, peakMegabytes());
+    return 0;
+}
+
+// Reads the folder and decodes one file, as anybody has to who shows a first tile.
+double leastTime(const QString& folder, int size)
+{
+    QElapsedTimer timer;
+    timer.start();
+    platform::FileList files;
+    files.setPattern(core::kPicturePattern);
+    files.setPath(folder);
+    const QString first = platform::joinPath(folder, files.name(0));
+    const auto picture = platform::loadTilePicture(first, {size, size}, &thumbs::fitPicture);
+    return picture ? milliseconds(timer) : 0.0;
+}
+
+class PaintWatcher : public QObject {
+public:
+    PaintWatcher(ThumbNailList& list, const QElapsedTimer& timer)
+        : m_list(list)
+        , m_timer(timer)
+    {
+        list.viewport().installEventFilter(this);
+    }
+    double firstTile = 0.0;
+
+private:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        const bool painted = event->type() == QEvent::Paint && m_list.pages().bitmap(0) != nullptr;
+        if (painted && firstTile == 0.0) {
+            firstTile = milliseconds(m_timer);
+            m_list.state().CancelLoading = true;
+        }
+        return false;
+    }
+
+    ThumbNailList& m_list;
+    const QElapsedTimer& m_timer;
+};
+
+int showFirst(ThumbNailList& list, const QString& folder, int size)
+{
+    leastTime(folder, size); // fills the caches of the system
+    const double least = leastTime(folder, size);
+    list.setMaxThumbnailpages(1 << 20);
+    QElapsedTimer timer;
+    PaintWatcher watcher(list, timer);
+    timer.start();
+    list.setPath(folder);
+    list.Makegallery();
+    std::printf("first_tile %.2f ms least %.2f ms ratio %.2f files=%d\n", watcher.firstTile, least,
+                watcher.firstTile / least, list.File1().count());
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc < 4) {
+        std::fprintf(stderr, "usage: thumbs_bench run|first FOLDER SIZE [LIMIT]\n");
+        return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    platform::initialisePaths();
+    ThumbNailList list;
+    list.resize(kControl);
+    list.show();
+    QCoreApplication::processEvents();
+    list.setThumbNailSize(std::atoi(argv[3]));
+    if (argc > 4) {
+        list.setMaxThumbnailpages(std::atoi(argv[4]));
+    }
+    const QString folder = platform::fromNative(argv[2]);
+    return QString(argv[1]) == "first" ? showFirst(list, folder, list.ThumbNailSize())
+                                       : runFolder(list, folder);
+}

@@ -1,0 +1,258 @@
+#include "thumbs/browser_pane.h"
+
+#include "base/twips.h"
+#include "core/config_store.h"
+#include "core/constants.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "platform/folder_tree.h"
+#include "platform/paths.h"
+#include "platform/registry.h"
+#include "thumbs/pane_splitter.h"
+#include "thumbs/thumbnail_list.h"
+#include "widgets/chameleon_button.h"
+#include "widgets/title_strip.h"
+
+#include <QPointer>
+#include <QTimer>
+
+using base::pixelsFromTwips;
+using base::twipsFromPixels;
+
+namespace {
+
+constexpr int kFirstFolderButton = 1; // those that go with the folder's files
+constexpr int kLastFolderButton = 7;
+constexpr int kPixelsPerSizeEntry = 10;
+constexpr int kOtherSizeEntry = 1;
+
+// The menu entry for a stored size; sizes that are no multiple of ten have one of their own.
+int sizeEntry(double stored)
+{
+    const double entries = stored / kPixelsPerSizeEntry;
+    const bool whole = entries == static_cast<int>(entries);
+    return whole ? static_cast<int>(entries) - 1 : kOtherSizeEntry;
+}
+
+int colourEntry(const QString& stored)
+{
+    const bool known =
+        stored.size() == 1 && stored >= QStringLiteral("0") && stored <= QStringLiteral("5");
+    return known ? stored.toInt() : 0;
+}
+
+} // namespace
+
+frmThumbnaillist::frmThumbnaillist(QWidget* parent)
+    : QWidget(parent)
+{
+    setObjectName("frmThumbnaillist");
+    setAccessibleName(tr("Browser"));
+    m_files.setPattern(core::kPicturePattern);
+    m_files.onPathChange([this] { File1_PathChange(); });
+    makeParts();
+    resize(pixelsFromTwips(thumbs::kPaneDefaultWidth), height());
+    core::services().browserPane = this;
+    readThumbnailSettings();
+}
+
+frmThumbnaillist::~frmThumbnaillist()
+{
+    unloadPane();
+}
+
+void frmThumbnaillist::readThumbnailSettings()
+{
+    core::MainWindow* window = core::services().mainWindow;
+    const core::ConfigStore* config = core::services().config;
+    if (window == nullptr || config == nullptr) {
+        return;
+    }
+    window->ThumbNailSize(sizeEntry(config->readNumber("BrowserSize")));
+    window->ThumbNailColor(colourEntry(config->read("BrowserColor")));
+}
+
+void frmThumbnaillist::treeSelected(const QString& folder)
+{
+    core::state().CurrentFolder = folder;
+    PathChange();
+}
+
+void frmThumbnaillist::activated()
+{
+    m_activationPending = true;
+    startWhenReady();
+}
+
+void frmThumbnaillist::applyPath(const QString& folder)
+{
+    platform::FolderTree& tree = platform::folderTree();
+    if (tree.isOpen()) {
+        tree.select(folder);
+    } else {
+        treeSelected(folder);
+    }
+}
+
+void frmThumbnaillist::PathChange()
+{
+    QString folder = core::state().CurrentFolder;
+    if (!m_pathKnown) {
+        const core::ConfigStore* config = core::services().config;
+        const QString stored = config == nullptr ? QString() : config->read("SpeciFolder");
+        if (!m_startFolder.isEmpty()) {
+            folder = m_startFolder;
+        } else if (!stored.isEmpty() && stored != core::kMissingValue) {
+            folder = stored;
+        }
+    }
+    m_pathKnown = true;
+    const QPointer<frmThumbnaillist> alive = this;
+    m_files.setPath(folder);
+    if (alive == nullptr) {
+        return;
+    }
+    if (core::MainWindow* window = core::services().mainWindow) {
+        window->setXiala(m_files.path());
+    }
+    startWhenReady();
+}
+
+void frmThumbnaillist::File1_PathChange()
+{
+    core::state().FirstActivate = true;
+    enableButtons(false);
+    const QString folder = m_files.path();
+    if (core::MainWindow* window = core::services().mainWindow) {
+        window->setDir2(folder);
+    }
+    // Nobody waits for tiles in a hidden pane; they are made when it is shown.
+    const bool putOff = !isVisible() && m_list->AutoUpdateOnPathchange();
+    m_runWhenShown = m_runWhenShown || putOff;
+    if (putOff) {
+        m_list->setAutoUpdateOnPathchange(false);
+    }
+    const QPointer<frmThumbnaillist> alive = this;
+    m_list->setPathFrom(m_files);
+    if (alive == nullptr) {
+        return;
+    }
+    m_list->setAutoUpdateOnPathchange(true);
+    platform::saveSetting("Locations", "drive", platform::drivePrefix(folder));
+    platform::saveSetting("Locations", "Path", folder);
+    enableButtons(true);
+}
+
+// The first folder is known before the pane may run, and the pane may be active before it is.
+void frmThumbnaillist::startWhenReady()
+{
+    if (m_activationServed || !m_activationPending || !m_pathKnown || !isVisible()) {
+        return;
+    }
+    m_activationServed = true;
+    QTimer::singleShot(0, this, &frmThumbnaillist::serveFirstActivation);
+}
+
+void frmThumbnaillist::serveFirstActivation()
+{
+    if (!isVisible()) {
+        m_activationServed = false;
+        return;
+    }
+    ThumResize();
+    core::MainWindow* window = core::services().mainWindow;
+    const QString folder = window == nullptr ? m_files.path() : window->Xiala();
+    m_firstFolderShown = true;
+    m_runWhenShown = false;
+    const QPointer<frmThumbnaillist> alive = this;
+    m_list->setPath(folder);
+    if (alive == nullptr) {
+        return;
+    }
+    enableButtons(false);
+    enableButtons(true);
+}
+
+void frmThumbnaillist::setSplitterEnabled(bool enabled)
+{
+    m_splitter->setEnabled(enabled);
+}
+
+void frmThumbnaillist::rebuildThumbnails()
+{
+    if (!m_firstFolderShown) {
+        return;
+    }
+    if (!isVisible()) {
+        m_runWhenShown = true;
+        return;
+    }
+    const QString place = m_files.fileName();
+    m_files.refresh();
+    for (int k = 0; k < m_files.count() && !place.isEmpty(); ++k) {
+        if (m_files.name(k) == place) {
+            m_files.setListIndex(k);
+            break;
+        }
+    }
+    m_list->File1().setPathFrom(m_files);
+    m_list->Makegallery();
+}
+
+void frmThumbnaillist::setThumbnailSize(int pixels)
+{
+    m_list->setThumbNailSize(pixels);
+}
+
+void frmThumbnaillist::setColourPreset(int preset)
+{
+    m_list->setThumbPageColorPresets(preset);
+}
+
+int frmThumbnaillist::thumbnailPagesNeeded()
+{
+    return m_list->ThumbnailPagesNeeded();
+}
+
+int frmThumbnaillist::thumbnailsPerPage()
+{
+    return m_list->ThumbnailsPerPage();
+}
+
+int frmThumbnaillist::widthTwips() const
+{
+    return twipsFromPixels(width());
+}
+
+void frmThumbnaillist::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    activated();
+    if (m_runWhenShown && m_firstFolderShown) {
+        m_runWhenShown = false;
+        QTimer::singleShot(0, this, &frmThumbnaillist::rebuildThumbnails);
+    }
+}
+
+void frmThumbnaillist::closeEvent(QCloseEvent* event)
+{
+    unloadPane();
+    QWidget::closeEvent(event);
+}
+
+void frmThumbnaillist::unloadPane()
+{
+    if (core::services().browserPane != this) {
+        return;
+    }
+    m_title->clearPicture();
+    m_list->setAutoUpdateOnPathchange(false);
+    core::services().browserPane = nullptr;
+}
+
+void frmThumbnaillist::enableButtons(bool enabled)
+{
+    for (int index = kFirstFolderButton; index <= kLastFolderButton; ++index) {
+        Tbmenub(index).setEnabled(enabled);
+    }
+}

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "core/interfaces.h"
+#include "platform/file_list.h"
+#include "thumbs/pane_layout.h"
+
+#include <QWidget>
+#include <array>
+
+class chameleonButton;
+class ThumbNailList;
+
+namespace thumbs {
+class PaneGrip;
+class PaneSplitter;
+} // namespace thumbs
+
+namespace widgets {
+class TitleStrip;
+}
+
+// The browser pane over the left part of the main window: title strip, folder tree, splitter, a row
+// of buttons, and the thumbnails of the folder. It is a child of the main window, so activation is
+// something that the main window tells it.
+class frmThumbnaillist : public QWidget, public core::BrowserPane {
+    Q_OBJECT
+
+public:
+    static constexpr int kButtons = 9;
+
+    // Loading reads size and colours of the thumbnails from the settings and makes this the pane of
+    // core::services(); unloading takes it away again.
+    explicit frmThumbnaillist(QWidget* parent = nullptr);
+    ~frmThumbnaillist() override;
+
+    // The folder that the first PathChange goes to in place of the one in the settings. Set by
+    // whoever finds that one unfit to start with.
+    void setStartFolder(const QString& folder) { m_startFolder = folder; }
+
+    // The box that the folder tree is opened in, and what its selection calls.
+    [[nodiscard]] QWidget& treeHost() { return *m_dir1; }
+    void treeSelected(const QString& folder);
+
+    // The pane's side of the main window has become the active one. The first time, after the first
+    // folder is known, this starts the thumbnails; being shown counts as well.
+    void activated();
+
+    // Goes to a folder as if it were chosen in the tree.
+    void applyPath(const QString& folder);
+
+    [[nodiscard]] ThumbNailList& ThumbNailList1() { return *m_list; }
+    [[nodiscard]] chameleonButton& Tbmenub(int index);
+
+    void PathChange() override;
+    void ThumResize() override;
+    platform::FileList& File1() override { return m_files; }
+    void setSplitterEnabled(bool enabled) override;
+    // For a pane that nobody sees the run is put off until it is shown. None runs before the first
+    // folder is shown.
+    void rebuildThumbnails() override;
+    void setThumbnailSize(int pixels) override;
+    void setColourPreset(int preset) override;
+    int thumbnailPagesNeeded() override;
+    int thumbnailsPerPage() override;
+    [[nodiscard]] bool isFirstFolderShown() const override { return m_firstFolderShown; }
+    [[nodiscard]] int widthTwips() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void makeParts();
+    void makeButtons();
+    void readThumbnailSettings();
+    void layoutParts();
+    void layoutButtons();
+    void placeTree();
+    void changeWidth(int pixels);
+
+    void File1_PathChange();
+    void serveFirstActivation();
+    void startWhenReady();
+    void unloadPane();
+    void enableButtons(bool enabled);
+
+    void showTilesFile(int index, const QString& path);
+    void openTilesFile(int index, const QString& path);
+
+    void pressButton(int index);
+    void goToParent();
+    void popUpTools();
+    void showProperties();
+    void rename();
+    void deleteFile();
+    void copyFile();
+    void moveFile();
+    enum class Transfer { Copy, Move };
+    void transfer(const char* caption, const char* picture, Transfer kind);
+    void openFavourites();
+    void refresh();
+
+    platform::FileList m_files;
+    QString m_startFolder;
+    bool m_pathKnown = false;         // the first PathChange is done
+    bool m_activationPending = false; // the first activation waits to be served
+    bool m_activationServed = false;
+    bool m_firstFolderShown = false;
+    bool m_runWhenShown = false;
+    bool m_resizing = false;
+
+    widgets::TitleStrip* m_title = nullptr;
+    QWidget* m_dir1 = nullptr;
+    thumbs::PaneSplitter* m_splitter = nullptr;
+    QWidget* m_tbmiddle = nullptr;
+    std::array<chameleonButton*, kButtons> m_buttons{};
+    ThumbNailList* m_list = nullptr;
+    thumbs::PaneGrip* m_grip = nullptr;
+};

@@ -1,0 +1,225 @@
+#include "core/services.h"
+#include "core/state.h"
+#include "platform/folder_tree.h"
+#include "platform/paths.h"
+#include "thumbs/browser_pane.h"
+#include "thumbs/pane_splitter.h"
+#include "thumbs/thumbnail_list.h"
+#include "widgets/chameleon_button.h"
+#include "widgets/colour_conversion.h"
+#include "widgets/scaled_picture.h"
+#include "widgets/title_strip.h"
+
+#include <QAbstractButton>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+using base::pixelsFromTwips;
+using base::twipsFromPixels;
+
+namespace {
+
+constexpr base::Colour kPaneColour = 0xE0E0E0;
+constexpr int kGripWidth = 5;
+constexpr int kButtonsHeight = 32;
+constexpr int kButtonSide = 28;
+constexpr int kSmallestButton = 12;
+constexpr int kTreeRightMargin = 19; // the tree is this much narrower than the pane
+constexpr int kTreeBottomMargin = 2;
+
+// Flat until the pointer is over it.
+constexpr int kFlatButton = 8;
+
+struct ButtonRow {
+    const char* picture; // under Images/toolbar
+    const char* text;
+};
+
+constexpr std::array<ButtonRow, frmThumbnaillist::kButtons> kButtonRows{{
+    {"up", QT_TRANSLATE_NOOP("frmThumbnaillist", "Parent folder")},
+    {"tools", QT_TRANSLATE_NOOP("frmThumbnaillist", "Folder tools")},
+    {"properties", QT_TRANSLATE_NOOP("frmThumbnaillist", "Properties")},
+    {"rename", QT_TRANSLATE_NOOP("frmThumbnaillist", "Rename")},
+    {"delete", QT_TRANSLATE_NOOP("frmThumbnaillist", "Delete")},
+    {"copy", QT_TRANSLATE_NOOP("frmThumbnaillist", "Copy to")},
+    {"move", QT_TRANSLATE_NOOP("frmThumbnaillist", "Move to")},
+    {"addfavourite", QT_TRANSLATE_NOOP("frmThumbnaillist", "Add to favourites")},
+    {"refresh", QT_TRANSLATE_NOOP("frmThumbnaillist", "Refresh")},
+}};
+
+QRect onScreen(const thumbs::PaneBox& box)
+{
+    return {pixelsFromTwips(box.left), pixelsFromTwips(box.top), pixelsFromTwips(box.width),
+            std::max(0, pixelsFromTwips(box.height))};
+}
+
+void paintIn(QWidget& widget, base::Colour colour)
+{
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Window, widgets::toQColor(colour));
+    widget.setPalette(palette);
+    widget.setAutoFillBackground(true);
+}
+
+} // namespace
+
+void frmThumbnaillist::makeParts()
+{
+    m_title = new widgets::TitleStrip(this);
+    m_title->setDragTarget(this);
+    m_title->setCaption(tr("Browser"));
+    m_title->closeBox()->hide();
+    m_title->applyLook();
+    m_dir1 = new QWidget(this);
+    m_dir1->setObjectName("Dir1");
+    m_dir1->setAccessibleName(tr("Folders"));
+    paintIn(*m_dir1, kPaneColour);
+    m_splitter = new thumbs::PaneSplitter(this);
+    m_splitter->setObjectName("Splitter");
+    m_splitter->setAccessibleName(tr("Height of the folder tree"));
+    m_splitter->move(0, pixelsFromTwips(thumbs::kSplitterMaximumTop));
+    connect(m_splitter, &thumbs::PaneSplitter::dropped, this, &frmThumbnaillist::ThumResize);
+    m_tbmiddle = new QWidget(this);
+    m_tbmiddle->setObjectName("Tbmiddle");
+    m_tbmiddle->setAccessibleName(tr("Folder buttons"));
+    m_tbmiddle->installEventFilter(this);
+    paintIn(*m_tbmiddle, kPaneColour);
+    makeButtons();
+    m_list = new ThumbNailList(this);
+    m_list->setObjectName("ThumbNailList1");
+    m_list->setAccessibleName(tr("Thumbnails"));
+    connect(m_list, &ThumbNailList::ThumbClick, this, &frmThumbnaillist::showTilesFile);
+    connect(m_list, &ThumbNailList::ThumbDblClick, this, &frmThumbnaillist::openTilesFile);
+    m_grip = new thumbs::PaneGrip(this);
+    m_grip->setObjectName("p1");
+    m_grip->setAccessibleName(tr("Width of the browser"));
+    connect(m_grip, &thumbs::PaneGrip::widthWanted, this, &frmThumbnaillist::changeWidth);
+}
+
+void frmThumbnaillist::makeButtons()
+{
+    for (int index = 0; index < kButtons; ++index) {
+        const auto place = static_cast<std::size_t>(index);
+        const ButtonRow& row = kButtonRows[place];
+        auto* button = new chameleonButton(m_tbmiddle, QStringLiteral("Tbmenub_%1").arg(index));
+        button->setCaption({});
+        button->setButtonType(kFlatButton);
+        button->setShowFocusRect(false);
+        const QString picture = QStringLiteral("Images/toolbar/%1.png").arg(row.picture);
+        button->setPictureNormal(widgets::ScaledPicture::fromFile(platform::appFile(picture)));
+        button->setToolTip(tr(row.text));
+        button->setAccessibleName(tr(row.text));
+        button->setFocusPolicy(Qt::TabFocus);
+        connect(button, &QAbstractButton::clicked, this, [this, index] { pressButton(index); });
+        m_buttons[place] = button;
+    }
+}
+
+chameleonButton& frmThumbnaillist::Tbmenub(int index)
+{
+    return *m_buttons.at(static_cast<std::size_t>(index));
+}
+
+// The pane follows the viewer's height; its place beside the viewer is the main window's business.
+void frmThumbnaillist::ThumResize()
+{
+    if (m_resizing || core::state().PictureWide || window()->isMinimized()) {
+        return;
+    }
+    m_resizing = true;
+    core::MainWindow* main = core::services().mainWindow;
+    if (main != nullptr && pixelsFromTwips(main->viewerHeightTwips()) > 0) {
+        resize(width(), pixelsFromTwips(main->viewerHeightTwips()));
+    }
+    layoutParts();
+    const int wanted = pixelsFromTwips(thumbs::clampedPaneWidth(widthTwips()));
+    if (wanted != width()) {
+        resize(wanted, height());
+        layoutParts();
+    }
+    if (main != nullptr) {
+        main->form1paint();
+    }
+    m_resizing = false;
+}
+
+void frmThumbnaillist::layoutParts()
+{
+    const int inner = std::max(0, width() - kGripWidth);
+    const int titleHeight = m_title->sizeHint().height();
+    m_title->setGeometry(0, 0, inner, titleHeight);
+
+    thumbs::PaneInput input;
+    input.innerWidth = twipsFromPixels(inner);
+    input.innerHeight = twipsFromPixels(height());
+    input.treeTop = twipsFromPixels(titleHeight);
+    input.splitterTop = twipsFromPixels(m_splitter->y());
+    input.buttonsHeight = twipsFromPixels(kButtonsHeight);
+    const thumbs::PaneLayout layout = thumbs::layoutPane(input, thumbs::kScreenMetrics);
+    m_dir1->setGeometry(onScreen(layout.tree));
+    m_splitter->setGeometry(onScreen(layout.splitter));
+    m_tbmiddle->setGeometry(onScreen(layout.buttons));
+    m_list->setGeometry(onScreen(layout.thumbnails));
+    m_grip->setGeometry(inner, 0, kGripWidth, height());
+    layoutButtons();
+    placeTree();
+}
+
+void frmThumbnaillist::layoutButtons()
+{
+    const int side = std::clamp(m_tbmiddle->width() / kButtons, kSmallestButton, kButtonSide);
+    int left = 0;
+    for (chameleonButton* button : m_buttons) {
+        button->setGeometry(left, (kButtonsHeight - kButtonSide) / 2, side, kButtonSide);
+        left += side;
+    }
+}
+
+void frmThumbnaillist::placeTree()
+{
+    platform::FolderTree& tree = platform::folderTree();
+    if (tree.isOpen()) {
+        tree.setGeometry(0, 0, width() - kTreeRightMargin, m_dir1->height() - kTreeBottomMargin);
+    }
+}
+
+void frmThumbnaillist::changeWidth(int pixels)
+{
+    const int wanted = pixelsFromTwips(thumbs::clampedPaneWidth(twipsFromPixels(pixels)));
+    if (wanted != width()) {
+        resize(wanted, height());
+        ThumResize();
+    }
+}
+
+void frmThumbnaillist::resizeEvent(QResizeEvent* /*event*/)
+{
+    layoutParts();
+}
+
+void frmThumbnaillist::paintEvent(QPaintEvent* event)
+{
+    QPainter(this).fillRect(event->rect(), widgets::toQColor(kPaneColour));
+}
+
+// Presses and turns of the wheel on the pane are never meant for the window behind it.
+void frmThumbnaillist::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
+}
+
+void frmThumbnaillist::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+bool frmThumbnaillist::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_tbmiddle && event->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
+        popUpTools();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,258 @@
+#include "thumbs/gallery_run.h"
+
+#include "core/services.h"
+#include "core/state.h"
+#include "platform/dialogs.h"
+#include "platform/paths.h"
+#include "platform/picture_loader.h"
+#include "platform/pointer.h"
+#include "platform/pump.h"
+#include "thumbs/bar_texts.h"
+#include "thumbs/page_limit.h"
+#include "thumbs/picture_fit.h"
+#include "thumbs/thumbnail_list.h"
+
+namespace thumbs {
+
+namespace {
+
+constexpr base::Colour kProgressColour = base::systemColour(8);
+constexpr base::Colour kProgressBackground = 0xE0E0E0;
+
+// The strip of the main window; null where there is no main window.
+core::ProgressStrip* mainStrip()
+{
+    core::MainWindow* window = core::services().mainWindow;
+    return window == nullptr ? nullptr : &window->Gradient();
+}
+
+void showMainStrip(bool visible)
+{
+    if (core::ProgressStrip* strip = mainStrip()) {
+        strip->showStrip(visible);
+    }
+}
+
+void enableSplitter(bool enabled)
+{
+    if (core::BrowserPane* pane = core::services().browserPane) {
+        pane->setSplitterEnabled(enabled);
+    }
+}
+
+} // namespace
+
+GalleryRun::GalleryRun(ThumbNailList& list)
+    : m_list(list)
+    , m_alive(&list)
+{
+}
+
+void GalleryRun::run()
+{
+    begin();
+    if (!acceptFolder()) {
+        return;
+    }
+    m_list.state().ThumbTable.resize(m_fileCount);
+    showMainStrip(true);
+    walk();
+    if (m_alive != nullptr) {
+        finish();
+    }
+}
+
+void GalleryRun::begin()
+{
+    m_list.ResetLoading();
+    enableSplitter(false);
+    GalleryState& state = m_list.state();
+    state.IsPrintPreview = false;
+    state.IsHtmlRun = false;
+    platform::setPointer(platform::Pointer::ArrowHourGlass);
+    state.IsLoading = true;
+    m_list.layoutFirstPage();
+    const QSize extra(m_list.ThumbnailExtraWidth(), m_list.ThumbnailExtraHeight());
+    state.grid =
+        makeTileGrid(m_list.pages().stack().pageSize(), m_list.ThumbNailSize(), extra, state.grid);
+    state.PageColumns = state.grid.columns;
+    state.ThumbsPerPage = state.grid.tilesPerPage();
+}
+
+// False ends the run; the pointer and the splitter then stay as begin() set them.
+bool GalleryRun::acceptFolder()
+{
+    const int tilesPerPage = m_list.state().ThumbsPerPage;
+    if (m_list.isDesignTime()) {
+        m_fileCount = tilesPerPage;
+        return true;
+    }
+    m_folder = platform::withSeparator(m_list.File1().path());
+    m_fileCount = m_list.File1().count();
+    const int pages = fullPages(m_fileCount, tilesPerPage);
+    if (pages > m_list.MaxThumbnailpages()) {
+        refuse(pages);
+        return false;
+    }
+    emit m_list.ThumbPageStatus(m_list.ThumbNailSize(), tilesPerPage, pages, m_fileCount);
+    return m_alive != nullptr;
+}
+
+void GalleryRun::refuse(int pages)
+{
+    TooManyPages facts;
+    facts.pages = pages;
+    facts.limit = m_list.MaxThumbnailpages();
+    facts.tilesPerPage = m_list.state().ThumbsPerPage;
+    facts.pictureSize = m_list.ThumbNailSize();
+    facts.page = m_list.pages().stack().pageSize();
+    facts.passingSize = largestPassingSize(facts.page, m_fileCount, facts.pictureSize, facts.limit);
+    if (const auto report = tooManyPagesReport(m_list.Language(), facts)) {
+        platform::dialogs().showMessage(report->text, report->title,
+                                        platform::BoxIcon::Exclamation);
+    }
+    if (m_alive == nullptr) {
+        return;
+    }
+    GalleryState& state = m_list.state();
+    state.IsLoading = false;
+    state.CancelLoading = false;
+    state.IsPrinting = false;
+    showMainStrip(false);
+    m_list.ResetLoading();
+}
+
+void GalleryRun::walk()
+{
+    while (m_fileIndex < m_fileCount) {
+        if (!platform::pump(m_alive) || m_list.state().CancelLoading || !makeTile()) {
+            return;
+        }
+        moveOn();
+        showProgress();
+        ++m_fileIndex;
+    }
+}
+
+bool GalleryRun::makeTile()
+{
+    QString path;
+    if (!m_list.isDesignTime()) {
+        const QString name = m_list.File1().name(m_fileIndex);
+        if (name.isEmpty()) {
+            return false;
+        }
+        path = m_folder + name;
+        loadPicture(name, path);
+        writeBar();
+    }
+    if (m_fileIndex >= (m_pageIndex + 1) * m_list.state().ThumbsPerPage) {
+        turnPage();
+    }
+    drawTile(path);
+    return true;
+}
+
+// What can't be loaded leaves the badge or the picture of the file before.
+void GalleryRun::loadPicture(const QString& name, const QString& path)
+{
+    const TileKind& kind = tileKindFor(extensionOf(name));
+    if (const auto& badge = m_icons.icon(badgeFile(kind, core::state().FrameWindowOpen))) {
+        m_list.fNX() = *badge;
+    }
+    switch (kind.source) {
+    case TileSource::Icon:
+        if (const auto& icon = m_icons.icon(iconFile(kind))) {
+            m_list.P_load() = {*icon, QSize(icon->width(), icon->height())};
+        }
+        break;
+    case TileSource::OwnDecoder:
+        m_list.openPsd(path);
+        break;
+    case TileSource::File: {
+        const TileGrid& grid = m_list.state().grid;
+        const double ratio = m_list.pages().ratio();
+        const QSizeF box(grid.cellWidth - kTileBorder, grid.cellHeight - kTileBorder);
+        if (const auto loaded =
+                platform::loadTilePicture(path, (box * ratio).toSize(), &fitPicture)) {
+            m_list.P_load() = {loaded->picture, loaded->naturalSize};
+        }
+        break;
+    }
+    }
+}
+
+void GalleryRun::writeBar()
+{
+    const BarFacts facts{m_pageIndex, m_fileIndex, m_fileCount, m_list.ThumbNailSize()};
+    if (const auto text = runningText(m_list.Language(), facts)) {
+        m_list.setInfoText(*text);
+    }
+}
+
+void GalleryRun::turnPage()
+{
+    ++m_pageIndex;
+    m_tileColumn = 0;
+    m_tileRow = 0;
+    m_list.addPage();
+}
+
+void GalleryRun::drawTile(const QString& path)
+{
+    const TileGrid& grid = m_list.state().grid;
+    const QSize cell(grid.cellWidth, grid.cellHeight);
+    const LoadedPicture& loaded = m_list.P_load();
+    const QSize fit = fitPicture(loaded.naturalSize, cell - QSize(kTileBorder, kTileBorder));
+    const bool drawn = m_list.isDesignTime() || (fit.height() > 0 && fit.width() != 0);
+    if (!drawn) {
+        return;
+    }
+    const TileBox box = tileBox(grid, m_tileColumn, m_tileRow);
+    PageSheet& pages = m_list.pages();
+    pages.fillBox(m_pageIndex, box.grown(1), m_list.ThumbNailBorderColor());
+    pages.fillBox(m_pageIndex, box, m_list.ThumbNailColor());
+    if (!m_list.isDesignTime()) {
+        const QPointF corner(box.left, box.top);
+        pages.paintPicture(m_pageIndex, loaded.picture, corner + pictureOffset(cell, fit), fit);
+        const platform::Picture& badge = m_list.fNX();
+        pages.paintPicture(m_pageIndex, badge, corner, QSize(badge.width(), badge.height()));
+        m_list.state().ThumbTable.fill(m_fileIndex, box, path, m_pageIndex);
+    }
+    m_list.showTile(m_pageIndex, box.grown(1));
+}
+
+void GalleryRun::moveOn()
+{
+    ++m_tileColumn;
+    if (m_tileColumn > m_list.state().PageColumns - 1) {
+        ++m_tileRow;
+        m_tileColumn = 0;
+    }
+}
+
+void GalleryRun::showProgress()
+{
+    if (core::ProgressStrip* strip = mainStrip()) {
+        ThumbNailList::Make_Gradient(*strip, m_fileIndex, m_fileCount - 1, kProgressColour,
+                                     kProgressBackground);
+    }
+}
+
+void GalleryRun::finish()
+{
+    m_list.showTop();
+    enableSplitter(true);
+    platform::setPointer(platform::Pointer::Default);
+    const BarFacts facts{m_pageIndex, m_fileIndex, m_fileCount, m_list.ThumbNailSize()};
+    if (const auto text = closingText(m_list.Language(), facts)) {
+        m_list.setInfoText(*text);
+    }
+    GalleryState& state = m_list.state();
+    state.IsLoading = false;
+    state.CancelLoading = false;
+    state.IsPrinting = false;
+    showMainStrip(false);
+}
+
+} // namespace thumbs

@@ -1,0 +1,659 @@
+#include "thumbs/browser_pane.h"
+
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "gallery_fixture.h"
+#include "platform/pointer.h"
+#include "platform/registry.h"
+#include "widgets/chameleon_button.h"
+#include "widgets/title_strip.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <memory>
+
+// A pane in a main window, with a folder of pictures a to c and another one.
+class PaneTest : public testing::Test {
+protected:
+    PaneTest()
+    {
+        m_tree.add({"pics/"});
+        for (const char* name : {"a", "b", "c"}) {
+            QImage(60, 40, QImage::Format_RGB32)
+                .save(m_tree.path(std::string("pics/") + name + ".bmp"));
+        }
+        m_tree.add({"pics/sub/x.swf", "x"});
+        m_tree.add({"other/y.swf", "y"});
+        m_config.values["SpeciFolder"] = m_tree.path("pics");
+        core::services().config = &m_config;
+        core::state() = {};
+        core::state().BrowserShown = true;
+        m_main.parentWindow = &m_form;
+        m_main.viewerHeight = 12000;
+        m_form.resize(1200, 900);
+        m_form.show();
+    }
+
+    ~PaneTest() override
+    {
+        m_pane.reset();
+        core::services().config = nullptr;
+        core::state() = {};
+    }
+
+    void load()
+    {
+        m_pane = std::make_unique<frmThumbnaillist>(&m_form);
+        QObject::connect(&list(), &ThumbNailList::ThumbPageStatus, &list(), [this] { ++m_runs; });
+    }
+
+    // Loads the pane, shows it and serves its first activation.
+    void start()
+    {
+        load();
+        m_pane->show();
+        m_pane->treeSelected(m_tree.path("pics"));
+        letEventsRun();
+    }
+
+    static void letEventsRun()
+    {
+        for (int k = 0; k < 5; ++k) {
+            QCoreApplication::processEvents();
+        }
+    }
+
+    [[nodiscard]] ThumbNailList& list() { return m_pane->ThumbNailList1(); }
+    [[nodiscard]] QWidget* part(const char* name) { return m_pane->findChild<QWidget*>(name); }
+    void press(int button) { m_pane->Tbmenub(button).click(); }
+
+    [[nodiscard]] QPoint tile(int index)
+    {
+        const thumbs::TileRow* row = list().state().ThumbTable.filledRow(index);
+        const QPoint corner = list().pages().stack().pageRect(row->page).topLeft();
+        return list().viewport().sheetPosition() + corner + row->box.rect().center();
+    }
+
+    void clickTile(int index)
+    {
+        QTest::mouseClick(&list().viewport(), Qt::LeftButton, {}, tile(index));
+    }
+
+    support::TempTree m_tree;
+    support::MemoryConfigStore m_config;
+    support::FakeMainWindow m_main;
+    support::RecordedDialogs m_dialogs;
+    support::RecordedDesktop m_desktop;
+    QWidget m_form;
+    std::unique_ptr<frmThumbnaillist> m_pane;
+    int m_runs = 0;
+};
+
+TEST_F(PaneTest, NamesItsParts)
+{
+    load();
+    EXPECT_EQ(m_pane->objectName(), "frmThumbnaillist");
+    for (const char* name : {"Picture2", "Dir1", "Splitter", "Tbmiddle", "ThumbNailList1"}) {
+        ASSERT_NE(part(name), nullptr) << name;
+        EXPECT_FALSE(part(name)->accessibleName().isEmpty()) << name;
+    }
+    for (int k = 0; k < frmThumbnaillist::kButtons; ++k) {
+        EXPECT_EQ(m_pane->Tbmenub(k).objectName(), QStringLiteral("Tbmenub_%1").arg(k));
+        EXPECT_FALSE(m_pane->Tbmenub(k).accessibleName().isEmpty());
+        EXPECT_FALSE(m_pane->Tbmenub(k).toolTip().isEmpty());
+    }
+}
+
+TEST_F(PaneTest, ReadsTheStoredSizeAndColours)
+{
+    m_config.values["BrowserSize"] = "60";
+    m_config.values["BrowserColor"] = "4";
+    load();
+    EXPECT_TRUE(m_main.log.contains("ThumbNailSize 5"));
+    EXPECT_TRUE(m_main.log.contains("ThumbNailColor 4"));
+    EXPECT_EQ(m_runs, 0);
+}
+
+TEST_F(PaneTest, HasEntriesForOddSettings)
+{
+    struct Case {
+        const char* size;
+        const char* colour;
+        const char* sizeCall;
+        const char* colourCall;
+    };
+    for (const Case& odd : {Case{"65", "7", "ThumbNailSize 1", "ThumbNailColor 0"},
+                            Case{"305", "", "ThumbNailSize 1", "ThumbNailColor 0"},
+                            Case{"310", "5", "ThumbNailSize 30", "ThumbNailColor 5"},
+                            Case{"ERROR", "ERROR", "ThumbNailSize -1", "ThumbNailColor 0"}}) {
+        m_main.log.clear();
+        m_config.values["BrowserSize"] = odd.size;
+        m_config.values["BrowserColor"] = odd.colour;
+        load();
+        EXPECT_EQ(m_main.log, (QStringList{odd.sizeCall, odd.colourCall})) << odd.size;
+    }
+}
+
+TEST_F(PaneTest, IsThePaneOfTheProgramWhileItIsLoaded)
+{
+    load();
+    EXPECT_EQ(core::services().browserPane, m_pane.get());
+    list().setAutoUpdateOnPathchange(true);
+    m_pane->close();
+    EXPECT_EQ(core::services().browserPane, nullptr);
+    EXPECT_FALSE(list().AutoUpdateOnPathchange());
+}
+
+TEST_F(PaneTest, GoesToTheStoredFolderFirst)
+{
+    load();
+    core::state().CurrentFolder = m_tree.path("other");
+    m_pane->PathChange();
+    EXPECT_EQ(m_pane->File1().path(), m_tree.path("pics"));
+    EXPECT_EQ(m_main.xiala, m_tree.path("pics"));
+    m_pane->PathChange();
+    EXPECT_EQ(m_pane->File1().path(), m_tree.path("other"));
+    EXPECT_EQ(m_main.xiala, m_tree.path("other"));
+}
+
+TEST_F(PaneTest, GoesToTheTreesFolderWhereNoneIsStored)
+{
+    m_config.values["SpeciFolder"] = "";
+    load();
+    m_pane->treeSelected(m_tree.path("other"));
+    EXPECT_EQ(m_pane->File1().path(), m_tree.path("other"));
+}
+
+TEST_F(PaneTest, GoesToTheFolderSetForTheStart)
+{
+    load();
+    m_pane->setStartFolder(m_tree.path("other"));
+    m_pane->treeSelected(m_tree.path("pics"));
+    EXPECT_EQ(m_pane->File1().path(), m_tree.path("other"));
+}
+
+TEST_F(PaneTest, KeepsItsFilesWhereTheStoredFolderIsMissing)
+{
+    m_config.values["SpeciFolder"] = m_tree.path("nowhere");
+    load();
+    m_pane->treeSelected(m_tree.path("pics"));
+    EXPECT_EQ(m_pane->File1().path(), "");
+    EXPECT_EQ(m_main.xiala, "");
+}
+
+TEST_F(PaneTest, RunsOnceByTheEndOfTheStart)
+{
+    load();
+    m_pane->show();
+    m_pane->activated();
+    letEventsRun();
+    EXPECT_EQ(m_runs, 0);
+    EXPECT_FALSE(list().AutoUpdateOnPathchange());
+
+    m_pane->treeSelected(m_tree.path("pics"));
+    EXPECT_EQ(m_runs, 0); // the first path makes no pages by itself
+    EXPECT_TRUE(list().AutoUpdateOnPathchange());
+    EXPECT_FALSE(m_pane->isFirstFolderShown());
+    letEventsRun();
+    EXPECT_EQ(m_runs, 1);
+    EXPECT_TRUE(m_pane->isFirstFolderShown());
+    m_pane->activated();
+    letEventsRun();
+    EXPECT_EQ(m_runs, 1);
+    EXPECT_EQ(list().path(), m_tree.path("pics"));
+    EXPECT_NE(list().state().ThumbTable.filledRow(2), nullptr);
+}
+
+TEST_F(PaneTest, RunsWhenItIsFirstShown)
+{
+    load();
+    m_pane->activated();
+    m_pane->treeSelected(m_tree.path("pics"));
+    letEventsRun();
+    EXPECT_EQ(m_runs, 0);
+    m_pane->show();
+    letEventsRun();
+    EXPECT_EQ(m_runs, 1);
+}
+
+TEST_F(PaneTest, RunsOnceForEveryLaterFolder)
+{
+    start();
+    m_pane->treeSelected(m_tree.path("other"));
+    EXPECT_EQ(m_runs, 2);
+    m_pane->treeSelected(m_tree.path("other"));
+    EXPECT_EQ(m_runs, 2);
+    m_pane->treeSelected(m_tree.path("pics"));
+    EXPECT_EQ(m_runs, 3);
+}
+
+TEST_F(PaneTest, PutsOffRunsUntilItIsShown)
+{
+    start();
+    m_pane->hide();
+    m_pane->treeSelected(m_tree.path("other"));
+    EXPECT_EQ(m_runs, 1);
+    EXPECT_TRUE(list().AutoUpdateOnPathchange());
+    m_pane->show();
+    letEventsRun();
+    EXPECT_EQ(m_runs, 2);
+    EXPECT_NE(list().state().ThumbTable.filledRow(0), nullptr);
+}
+
+TEST_F(PaneTest, RunsForNoSizeBeforeTheFirstFolder)
+{
+    load();
+    m_pane->show();
+    m_pane->setThumbnailSize(100);
+    m_pane->setColourPreset(5);
+    m_pane->rebuildThumbnails();
+    EXPECT_EQ(m_runs, 0);
+    EXPECT_EQ(list().ThumbNailSize(), 100);
+    EXPECT_EQ(list().ThumbPageColorPresets(), 5);
+    EXPECT_EQ(list().ThumbNailBorderColor(), 0xC0C0C0U);
+}
+
+TEST_F(PaneTest, TellsOthersAboutANewPath)
+{
+    start();
+    core::state().FirstActivate = false;
+    std::vector<bool> enabled;
+    QObject::connect(&list(), &ThumbNailList::ThumbPathChange, &list(), [&] {
+        for (int k = 0; k < frmThumbnaillist::kButtons; ++k) {
+            enabled.push_back(m_pane->Tbmenub(k).isEnabled());
+        }
+    });
+    m_pane->treeSelected(m_tree.path("other"));
+    EXPECT_TRUE(core::state().FirstActivate);
+    EXPECT_EQ(m_main.dir2, m_tree.path("other"));
+    EXPECT_EQ(platform::getSetting("Locations", "Path"), m_tree.path("other"));
+    EXPECT_EQ(platform::getSetting("Locations", "drive"),
+              platform::drivePrefix(m_tree.path("other")));
+    EXPECT_EQ(enabled,
+              (std::vector<bool>{true, false, false, false, false, false, false, false, true}));
+    for (int k = 0; k < frmThumbnaillist::kButtons; ++k) {
+        EXPECT_TRUE(m_pane->Tbmenub(k).isEnabled()) << k;
+    }
+}
+
+TEST_F(PaneTest, StoresTheDriveOfTheHomeFolder)
+{
+    m_tree.add({"home/Pictures/p.swf", "p"});
+    start();
+    m_pane->treeSelected(m_tree.path("home/Pictures"));
+    EXPECT_EQ(platform::getSetting("Locations", "drive"), m_tree.path("home"));
+}
+
+TEST_F(PaneTest, ShowsAClickedTileInTheViewer)
+{
+    start();
+    m_main.log.clear();
+    core::state().PictureChanged = true;
+    clickTile(1);
+    const QString path = m_tree.path("pics/b.bmp");
+    EXPECT_EQ(m_main.log,
+              (QStringList{"viewer picture 60x40", "showFileFacts " + path, "addRecentPath " + path,
+                           "setMenuState 1", "viewer Refresh"}));
+    EXPECT_EQ(m_main.xiala, path);
+    EXPECT_EQ(m_main.image1.picture().width(), 60);
+    EXPECT_EQ(m_pane->File1().listIndex(), 1);
+    EXPECT_EQ(core::state().CurrentFile, path);
+    EXPECT_FALSE(core::state().PictureChanged);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+    EXPECT_EQ(core::state().CurrentFolder, m_tree.path("pics"));
+}
+
+TEST_F(PaneTest, DecodesAClickedForeignFile)
+{
+    m_tree.add({"pics/d.TIF", "no picture at all"});
+    start();
+    m_main.log.clear();
+    clickTile(3);
+    const QString path = m_tree.path("pics/d.TIF");
+    EXPECT_EQ(m_main.log,
+              (QStringList{"openPsd " + path, "showNameAndSize " + path, "addRecentPath " + path,
+                           "setMenuState 1", "viewer Refresh"}));
+}
+
+TEST_F(PaneTest, GoesOnWithAFileThatCannotBeLoaded)
+{
+    m_tree.add({"pics/d.jpg", "no picture at all"});
+    start();
+    clickTile(0);
+    m_main.log.clear();
+    clickTile(3);
+    EXPECT_EQ(m_main.fakeViewer.picture.width(), 60);
+    EXPECT_TRUE(m_main.image1.picture().isNothing());
+    EXPECT_EQ(m_main.xiala, m_tree.path("pics/d.jpg"));
+    EXPECT_EQ(m_pane->File1().listIndex(), 3);
+    EXPECT_TRUE(m_main.log.contains("addRecentPath " + m_tree.path("pics/d.jpg")));
+    EXPECT_TRUE(m_dialogs.messages.empty());
+}
+
+TEST_F(PaneTest, RoutesADoubleClickedTile)
+{
+    start();
+    clickTile(2);
+    m_main.log.clear();
+    m_main.xiala.clear();
+    QTest::mouseDClick(&list().viewport(), Qt::LeftButton, {}, tile(2));
+    EXPECT_EQ(m_main.log, (QStringList{"routePath " + m_tree.path("pics/c.bmp")}));
+    EXPECT_EQ(m_main.xiala, m_tree.path("pics/c.bmp"));
+}
+
+TEST_F(PaneTest, AsksForAPictureWhereAButtonNeedsOne)
+{
+    start();
+    constexpr bool kNeedsPicture[] = {false, false, true, true, true, true, true, true, false};
+    for (int k = 0; k < frmThumbnaillist::kButtons; ++k) {
+        m_dialogs.messages.clear();
+        m_main.fakeViewer.pictureExists = false;
+        press(k);
+        EXPECT_EQ(m_dialogs.messages.size(), kNeedsPicture[k] ? 1U : 0U) << k;
+        if (kNeedsPicture[k] && m_dialogs.messages.size() == 1U) {
+            EXPECT_EQ(m_dialogs.messages[0].text, "No picture to process.");
+            EXPECT_EQ(m_dialogs.messages[0].icon, platform::BoxIcon::Information);
+        }
+    }
+    EXPECT_TRUE(m_dialogs.questions.isEmpty());
+}
+
+TEST_F(PaneTest, GoesUpToTheRootAndNoFurther)
+{
+    start();
+    m_pane->treeSelected(m_tree.path("pics/sub"));
+    press(0);
+    EXPECT_EQ(m_pane->File1().path(), m_tree.path("pics"));
+    press(0);
+    EXPECT_EQ(m_pane->File1().path(), m_tree.root());
+    EXPECT_EQ(core::state().CurrentFolder, m_tree.root());
+    m_pane->treeSelected("/");
+    press(0);
+    EXPECT_EQ(m_pane->File1().path(), "/");
+}
+
+TEST_F(PaneTest, OpensTheFolderTools)
+{
+    start();
+    m_main.log.clear();
+    press(1);
+    EXPECT_EQ(m_main.log, (QStringList{"popUpFolderTools"}));
+    QTest::mouseClick(part("Tbmiddle"), Qt::RightButton, {}, {part("Tbmiddle")->width() - 2, 3});
+    EXPECT_EQ(m_main.log.size(), 2);
+    QTest::mouseClick(part("Tbmiddle"), Qt::LeftButton, {}, {part("Tbmiddle")->width() - 2, 3});
+    EXPECT_EQ(m_main.log.size(), 2);
+}
+
+TEST_F(PaneTest, ShowsPropertiesOfTheFileInTheField)
+{
+    start();
+    clickTile(0);
+    m_main.log.clear();
+    press(2);
+    EXPECT_EQ(m_main.log, (QStringList{"Propers " + m_tree.path("pics/a.bmp")}));
+}
+
+TEST_F(PaneTest, MovesTheFileInTheFieldToTheTrash)
+{
+    start();
+    clickTile(0);
+    press(4);
+    ASSERT_EQ(m_dialogs.questions.size(), 1);
+    EXPECT_TRUE(m_dialogs.questions[0].contains(m_tree.path("pics/a.bmp")));
+    EXPECT_TRUE(m_desktop.trashed.isEmpty());
+    m_dialogs.answer = true;
+    press(4);
+    EXPECT_EQ(m_desktop.trashed, (QStringList{m_tree.path("pics/a.bmp")}));
+    EXPECT_TRUE(m_dialogs.messages.empty());
+}
+
+TEST_F(PaneTest, SaysThatAFileStays)
+{
+    start();
+    clickTile(0);
+    m_dialogs.answer = true;
+    m_desktop.trashWorks = false;
+    press(4);
+    ASSERT_EQ(m_dialogs.messages.size(), 1U);
+    EXPECT_TRUE(m_dialogs.messages[0].text.contains(m_tree.path("pics/a.bmp")));
+}
+
+TEST_F(PaneTest, NamesTheFolderBeforeItDeletesIt)
+{
+    start();
+    m_main.fakeViewer.pictureExists = true;
+    m_main.xiala = m_tree.path("other"); // right after a change of folder
+    press(4);
+    ASSERT_EQ(m_dialogs.questions.size(), 1);
+    EXPECT_TRUE(m_dialogs.questions[0].contains(m_tree.path("other")));
+}
+
+// A modal window that closes as soon as it is shown and writes down how it was set up.
+class PaneWindowsTest : public PaneTest {
+protected:
+    PaneWindowsTest()
+    {
+        for (const char* name : {"Form5rf", "Movefile", "Favorties"}) {
+            core::windows().add(name, [this, name] {
+                auto* window = new QWidget(&m_form);
+                window->setWindowFlag(Qt::Window);
+                QTimer::singleShot(0, window, [this, window, name] {
+                    m_shown.append(QString(name) + " " +
+                                   window->property("captionText").toString());
+                    m_pictureFile = window->property("pictureFile").toString();
+                    m_previewFile = window->property("previewFile").toString();
+                    m_modal = window->isModal();
+                    m_pointer = platform::pointer();
+                    window->close();
+                });
+                return window;
+            });
+        }
+    }
+    ~PaneWindowsTest() override
+    {
+        for (const char* name : {"Form5rf", "Movefile", "Favorties"}) {
+            core::windows().unload(name);
+            core::windows().add(name, [] { return nullptr; });
+        }
+    }
+
+    QStringList m_shown;
+    QString m_pictureFile;
+    QString m_previewFile;
+    bool m_modal = false;
+    platform::Pointer m_pointer = platform::Pointer::Default;
+};
+
+TEST_F(PaneWindowsTest, RenamesInAModalWindow)
+{
+    start();
+    clickTile(0);
+    press(3);
+    EXPECT_EQ(m_shown, (QStringList{"Form5rf "}));
+    EXPECT_TRUE(m_modal);
+    EXPECT_EQ(m_pointer, platform::Pointer::HourGlass);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(PaneWindowsTest, CopiesAndMovesInAModalWindow)
+{
+    start();
+    clickTile(0);
+    press(5);
+    EXPECT_EQ(m_shown, (QStringList{"Movefile Copy File to..."}));
+    EXPECT_EQ(m_pictureFile, m_tree.path("app/Images/Copyfile.jpg"));
+    EXPECT_EQ(m_previewFile, m_tree.path("pics/a.bmp"));
+    EXPECT_FALSE(core::state().MoveNotCopy);
+    EXPECT_TRUE(m_modal);
+    press(6);
+    EXPECT_EQ(m_shown.last(), "Movefile Move file to...");
+    EXPECT_EQ(m_pictureFile, m_tree.path("app/Images/Movefile.jpg"));
+    EXPECT_TRUE(core::state().MoveNotCopy);
+}
+
+TEST_F(PaneWindowsTest, PreviewsForeignFilesByTheWorkingFile)
+{
+    m_tree.add({"pics/d.psd", "no picture at all"});
+    start();
+    clickTile(0);
+    m_main.xiala = m_tree.path("pics/d.psd");
+    press(5);
+    EXPECT_EQ(m_previewFile, m_tree.path("app/temp.bmp"));
+    EXPECT_TRUE(m_tree.exists("app/temp.bmp"));
+}
+
+TEST_F(PaneWindowsTest, OpensFavouritesInAModalWindow)
+{
+    start();
+    clickTile(0);
+    press(7);
+    EXPECT_EQ(m_shown, (QStringList{"Favorties "}));
+    EXPECT_TRUE(m_modal);
+}
+
+TEST_F(PaneTest, RefreshesWithFilesThatCameAndWent)
+{
+    start();
+    clickTile(1);
+    m_tree.add({"pics/0.swf", "x"});
+    m_tree.remove("pics/c.bmp");
+    press(8);
+    EXPECT_EQ(m_runs, 2);
+    EXPECT_EQ(list().state().ThumbTable.filledRow(0)->path, m_tree.path("pics/0.swf"));
+    EXPECT_EQ(list().state().ThumbTable.filledRow(3), nullptr);
+    EXPECT_EQ(m_pane->File1().fileName(), "b.bmp"); // the place in the folder stays
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(PaneTest, LaysOutItsPartsBelowEachOther)
+{
+    start();
+    EXPECT_EQ(m_pane->width(), 320);
+    EXPECT_EQ(m_pane->height(), 800); // of the viewer
+    const int title = part("Picture2")->height();
+    EXPECT_EQ(part("Dir1")->geometry(), QRect(0, title, 315, 166 - title));
+    EXPECT_EQ(part("Splitter")->geometry(), QRect(0, 166, 315, 5));
+    EXPECT_EQ(part("Tbmiddle")->y(), 171);
+    EXPECT_EQ(part("ThumbNailList1")->y(), 171 + part("Tbmiddle")->height());
+    EXPECT_EQ(part("ThumbNailList1")->width(), 315);
+    EXPECT_GE(part("ThumbNailList1")->geometry().bottom(), 800 - 8);
+    EXPECT_LT(m_pane->Tbmenub(8).geometry().right(), part("Tbmiddle")->width());
+}
+
+TEST_F(PaneTest, FitsItsButtonsIntoItsLeastWidth)
+{
+    start();
+    m_pane->resize(100, 800);
+    m_pane->ThumResize();
+    EXPECT_EQ(m_pane->width(), 133);
+    EXPECT_LT(m_pane->Tbmenub(8).geometry().right(), part("Tbmiddle")->width());
+    m_pane->resize(2000, 800);
+    m_pane->ThumResize();
+    EXPECT_EQ(m_pane->width(), 604);
+}
+
+TEST_F(PaneTest, HasTheMainWindowLaidOutAnewOnce)
+{
+    start();
+    m_main.log.clear();
+    m_pane->ThumResize();
+    EXPECT_EQ(m_main.log, (QStringList{"form1paint"}));
+}
+
+TEST_F(PaneTest, LaysOutNothingInPictureMode)
+{
+    start();
+    core::state().PictureWide = true;
+    m_main.log.clear();
+    m_main.viewerHeight = 6000;
+    m_pane->ThumResize();
+    EXPECT_TRUE(m_main.log.isEmpty());
+    EXPECT_EQ(m_pane->height(), 800);
+}
+
+TEST_F(PaneTest, DragsTheSplitterWithinItsLimits)
+{
+    start();
+    QWidget* splitter = part("Splitter");
+    const int title = part("Picture2")->height();
+    EXPECT_EQ(splitter->cursor().shape(), Qt::SizeVerCursor);
+
+    QTest::mousePress(splitter, Qt::LeftButton, {}, {50, 2});
+    EXPECT_EQ(splitter->height(), 1);
+    QTest::mouseMove(splitter, {50, 2 - 60});
+    EXPECT_EQ(splitter->pos(), QPoint(0, 106));
+    QTest::mouseRelease(splitter, Qt::LeftButton, {}, {50, 2});
+    EXPECT_EQ(splitter->geometry(), QRect(0, 106, 315, 5));
+    EXPECT_EQ(part("Dir1")->height(), 106 - title);
+
+    QTest::mousePress(splitter, Qt::LeftButton, {}, {50, 2});
+    QTest::mouseRelease(splitter, Qt::LeftButton, {}, {50, 2 - 106});
+    EXPECT_EQ(splitter->y(), (title * 15 + 100) / 15);
+
+    QTest::mousePress(splitter, Qt::LeftButton, {}, {50, 2});
+    QTest::mouseRelease(splitter, Qt::LeftButton, {}, {50, 500});
+    EXPECT_EQ(splitter->y(), 166);
+}
+
+TEST_F(PaneTest, HoldsTheSplitterDuringARun)
+{
+    start();
+    bool enabledThen = true;
+    QObject::connect(&list(), &ThumbNailList::ThumbPageStatus, &list(),
+                     [&] { enabledThen = part("Splitter")->isEnabled(); });
+    m_pane->treeSelected(m_tree.path("other"));
+    EXPECT_FALSE(enabledThen);
+    EXPECT_TRUE(part("Splitter")->isEnabled());
+}
+
+TEST_F(PaneTest, ChangesItsWidthAtItsEdge)
+{
+    start();
+    m_main.log.clear();
+    QWidget* grip = part("p1");
+    EXPECT_EQ(grip->width(), 5);
+    EXPECT_EQ(grip->cursor().shape(), Qt::SizeHorCursor);
+    QTest::mousePress(grip, Qt::LeftButton, {}, {2, 300});
+    QMouseEvent drag(QEvent::MouseMove, QPointF(82, 300), grip->mapToGlobal(QPointF(82, 300)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(grip, &drag);
+    EXPECT_EQ(m_pane->width(), 400);
+    EXPECT_TRUE(m_main.log.contains("form1paint"));
+    EXPECT_EQ(m_pane->widthTwips(), 6000);
+}
+
+TEST_F(PaneTest, TakesTheLookOfTheSettingsWhenItLoads)
+{
+    m_config.values["InterfaceB"] = "False";
+    m_config.values["InterfaceColor"] = "255";
+    load();
+    auto* strip = m_pane->findChild<widgets::TitleStrip*>("Picture2");
+    ASSERT_NE(strip, nullptr);
+    EXPECT_FALSE(strip->hasPicture());
+    EXPECT_EQ(strip->backgroundColour(), QColor(255, 0, 0));
+}
+
+TEST_F(PaneTest, ShowsNothingForThePageStatus)
+{
+    start();
+    m_main.log.clear();
+    const auto panels = m_main.statusBar.panels;
+    emit list().ThumbPageStatus(60, 24, 3, 70);
+    EXPECT_TRUE(m_main.log.isEmpty());
+    EXPECT_EQ(m_main.statusBar.panels, panels);
+    EXPECT_TRUE(m_dialogs.messages.empty());
+}
+
+TEST_F(PaneTest, SurvivesItsEndInARun)
+{
+    start();
+    for (int k = 0; k < 10; ++k) {
+        m_tree.add({"many/f" + std::to_string(k) + ".swf", "x"});
+    }
+    QTimer::singleShot(0, &m_form, [this] { m_pane.reset(); });
+    m_pane->treeSelected(m_tree.path("many"));
+    EXPECT_EQ(m_pane, nullptr);
+    EXPECT_EQ(core::services().browserPane, nullptr);
+    platform::setPointer(platform::Pointer::Default);
+}
