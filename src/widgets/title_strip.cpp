@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 
 namespace widgets {
 
@@ -40,7 +41,7 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QColor ink = m_strip.captionColour();
+        const QColor ink = m_strip.inkOver(geometry());
         if (underMouse() || hasFocus()) {
             QColor veil = ink;
             veil.setAlphaF(isDown() ? 0.38F : 0.2F);
@@ -64,7 +65,9 @@ QImage titlePicture(double ratio)
     if (ratio > 1.0) {
         const auto sharp = platform::loadPicture(platform::appFile("Images/Titlebar@2x.gif"));
         if (sharp) {
-            return sharp->image();
+            QImage picture = sharp->image();
+            picture.setDevicePixelRatio(2);
+            return picture;
         }
     }
     const auto picture = platform::loadPicture(platform::appFile("Images/Titlebar.gif"));
@@ -84,7 +87,6 @@ TitleStrip::TitleStrip(QWidget* parent, const QString& closeBoxName)
     m_closeBox = new CloseBox(this);
     m_closeBox->setObjectName(closeBoxName);
     connect(m_closeBox, &QAbstractButton::clicked, this, &TitleStrip::closeRequested);
-    chooseCaptionColour();
 }
 
 void TitleStrip::applyLook()
@@ -98,14 +100,12 @@ void TitleStrip::applyLook()
             m_background = toQColor(*colour);
         }
     }
-    chooseCaptionColour();
     update();
 }
 
 void TitleStrip::clearPicture()
 {
     m_picture = QImage();
-    chooseCaptionColour();
     update();
 }
 
@@ -140,22 +140,26 @@ void TitleStrip::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.fillRect(rect(), m_background);
     if (!m_picture.isNull()) {
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(rect(), m_picture);
+        drawPicture(painter);
     }
-    QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);
-    if (!m_closeBox->isHidden()) {
-        room.setRight(m_closeBox->x() - kMargin);
-    }
-    if (m_caption.isEmpty() || room.width() <= 0) {
+    const QRect place = captionPlace();
+    if (m_caption.isEmpty() || place.width() <= 0) {
         return;
     }
-    QFont bold = font();
-    bold.setWeight(QFont::DemiBold);
-    painter.setFont(bold);
-    painter.setPen(m_captionColour);
-    const QString shown = painter.fontMetrics().elidedText(m_caption, Qt::ElideRight, room.width());
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+    painter.setFont(captionFont());
+    painter.setPen(captionColour());
+    const QString shown =
+        painter.fontMetrics().elidedText(m_caption, Qt::ElideRight, place.width());
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+// From the picture's left end, at its own width where that reaches; always as tall as the strip.
+void TitleStrip::drawPicture(QPainter& painter) const
+{
+    const double wanted = width() * m_picture.devicePixelRatio();
+    const double shown = std::min(wanted, static_cast<double>(m_picture.width()));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRectF(rect()), m_picture, QRectF(0, 0, shown, m_picture.height()));
 }
 
 void TitleStrip::resizeEvent(QResizeEvent* /*event*/)
@@ -174,20 +178,41 @@ void TitleStrip::mousePressEvent(QMouseEvent* event)
     beginDrag(*target, event->globalPosition().toPoint());
 }
 
-void TitleStrip::chooseCaptionColour()
+QFont TitleStrip::captionFont() const
 {
-    if (m_picture.isNull()) {
-        m_captionColour = legibleOn(m_background);
-        return;
+    QFont bold = font();
+    bold.setWeight(QFont::DemiBold);
+    return bold;
+}
+
+// As wide as the text, but at most up to the close box.
+QRect TitleStrip::captionPlace() const
+{
+    const int end = m_closeBox->isHidden() ? width() : m_closeBox->x();
+    const int wanted = QFontMetrics(captionFont()).horizontalAdvance(m_caption) + 1;
+    return {kMargin, 0, std::min(wanted, end - 2 * kMargin), height()};
+}
+
+QColor TitleStrip::captionColour() const
+{
+    return inkOver(captionPlace());
+}
+
+QColor TitleStrip::inkOver(const QRect& part) const
+{
+    const QRect area = part & rect();
+    if (m_picture.isNull() || area.isEmpty()) {
+        return legibleOn(m_background);
     }
-    // The mean of the picture over the background is what the text has to stand out from.
-    QImage mean(1, 1, QImage::Format_RGB32);
-    mean.fill(m_background);
-    QPainter painter(&mean);
-    painter.drawImage(0, 0,
-                      m_picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    // The mean of what is painted there is what the ink has to stand out from.
+    QImage painted(area.size(), QImage::Format_RGB32);
+    painted.fill(m_background);
+    QPainter painter(&painted);
+    painter.translate(-area.topLeft());
+    drawPicture(painter);
     painter.end();
-    m_captionColour = legibleOn(mean.pixelColor(0, 0));
+    return legibleOn(
+        painted.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0));
 }
 
 } // namespace widgets

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QAbstractButton;
+class QPainter;
 
 namespace widgets {
 
@@ -33,7 +34,11 @@ public:
     // The text on the strip; empty for none. It is cut with an ellipsis where it has no room.
     [[nodiscard]] const QString& caption() const { return m_caption; }
     void setCaption(const QString& caption);
-    [[nodiscard]] const QColor& captionColour() const { return m_captionColour; }
+
+    // Black or white, whichever reads better on a part of the strip as it looks now.
+    [[nodiscard]] QColor inkOver(const QRect& part) const;
+    // The ink of the caption at its place.
+    [[nodiscard]] QColor captionColour() const;
 
     // What a press drags: the strip's window at first. A child widget is moved inside its parent;
     // null for a strip that doesn't drag. The strip doesn't own it.
@@ -53,12 +58,13 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    void chooseCaptionColour();
+    void drawPicture(QPainter& painter) const;
+    [[nodiscard]] QFont captionFont() const;
+    [[nodiscard]] QRect captionPlace() const;
 
     QAbstractButton* m_closeBox = nullptr; // a child
     QString m_caption;
     QColor m_background;
-    QColor m_captionColour;
     QImage m_picture;
     QPointer<QWidget> m_dragTarget;
     bool m_dragsWindow = true;

@@ -38,9 +38,14 @@ protected:
 
     void deliverPicture()
     {
-        ASSERT_TRUE(QDir(m_home.path()).mkpath("Images"));
         QImage picture(4, 4, QImage::Format_RGB32);
         picture.fill(QColor(200, 40, 40));
+        deliverPicture(picture);
+    }
+
+    void deliverPicture(const QImage& picture)
+    {
+        ASSERT_TRUE(QDir(m_home.path()).mkpath("Images"));
         // The loader decides by content, so a bitmap serves under any name.
         ASSERT_TRUE(picture.save(m_home.path() + "/Images/Titlebar.gif", "BMP"));
     }
@@ -77,6 +82,26 @@ TEST_F(TitleStripTest, ShowsTheColourWithoutPictureOtherwise)
     strip.applyLook();
     EXPECT_FALSE(strip.hasPicture());
     EXPECT_EQ(middleOf(strip), QColor(82, 109, 220));
+}
+
+TEST_F(TitleStripTest, ShowsAWidePictureFromItsLeftEnd)
+{
+    QImage picture(600, 10, QImage::Format_RGB32);
+    picture.fill(QColor(10, 20, 60));
+    for (int x = 300; x < 600; ++x) {
+        for (int y = 0; y < 10; ++y) {
+            picture.setPixelColor(x, y, QColor(230, 240, 255));
+        }
+    }
+    deliverPicture(picture);
+    m_config.write("InterfaceB", "True");
+    widgets::TitleStrip strip;
+    strip.applyLook();
+    strip.resize(400, 28);
+    EXPECT_EQ(strip.grab().toImage().pixelColor(290, 2), QColor(10, 20, 60));
+    EXPECT_EQ(strip.grab().toImage().pixelColor(310, 2), QColor(230, 240, 255));
+    strip.resize(1200, 28);
+    EXPECT_EQ(strip.grab().toImage().pixelColor(590, 2), QColor(10, 20, 60));
 }
 
 TEST_F(TitleStripTest, SurvivesAMissingPicture)
@@ -117,10 +142,25 @@ TEST_F(TitleStripTest, ChoosesACaptionColourThatReads)
     m_config.write("InterfaceColor", "8388608");
     strip.applyLook();
     EXPECT_EQ(strip.captionColour(), QColor(Qt::white));
-    deliverPicture();
+}
+
+TEST_F(TitleStripTest, LooksForTheInkWhereItWrites)
+{
+    QImage picture(100, 10, QImage::Format_RGB32);
+    picture.fill(QColor(10, 20, 60));
+    for (int x = 50; x < 100; ++x) {
+        for (int y = 0; y < 10; ++y) {
+            picture.setPixelColor(x, y, QColor(230, 240, 255));
+        }
+    }
+    deliverPicture(picture);
     m_config.write("InterfaceB", "-1");
+    widgets::TitleStrip strip;
+    strip.resize(400, 28);
+    strip.setCaption("Short");
     strip.applyLook();
     EXPECT_EQ(strip.captionColour(), QColor(Qt::white));
+    EXPECT_EQ(strip.inkOver({370, 3, 22, 22}), QColor(Qt::black));
 }
 
 TEST_F(TitleStripTest, EmptiesItsPicture)

@@ -1,7 +1,7 @@
 #include "widgets/transform.h"
 
-#include "platform/dialogs.h"
 #include "platform/picture_box.h"
+#include "recorded_dialogs.h"
 
 #include <QPainter>
 #include <QTest>
@@ -10,27 +10,6 @@
 namespace {
 
 constexpr base::Colour kClear = base::rgb(255, 0, 255);
-
-class RecordedDialogs : public platform::Dialogs {
-public:
-    void showMessage(const QString& text, const QString& title, platform::BoxIcon) override
-    {
-        shown.append(title + "|" + text);
-    }
-    bool askYesNo(const QString&, const QString&) override { return false; }
-    QStringList openFiles(const platform::FileRequest&) override { return {}; }
-    std::optional<platform::SaveChoice> saveFile(const platform::FileRequest&) override
-    {
-        return std::nullopt;
-    }
-    std::optional<base::Colour> chooseColour(base::Colour) override { return std::nullopt; }
-    std::optional<QString> askText(const QString&, const QString&, const QString&) override
-    {
-        return std::nullopt;
-    }
-
-    QStringList shown;
-};
 
 // Transparent but for a rectangle from (10, 5), 20 by 10.
 class SpottedForm : public QWidget {

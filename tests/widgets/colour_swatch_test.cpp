@@ -1,0 +1,49 @@
+#include "widgets/colour_swatch.h"
+
+#include "recorded_dialogs.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+TEST(ColourSwatch, StartsWhiteAndShowsItsColour)
+{
+    AASelectColor swatch;
+    swatch.resize(40, 20);
+    EXPECT_EQ(swatch.Color(), 0xFFFFFFU);
+    swatch.setColor(base::rgb(82, 109, 220));
+    EXPECT_EQ(swatch.grab().toImage().pixelColor(20, 10), QColor(82, 109, 220));
+    EXPECT_EQ(swatch.findChild<QWidget*>("picColor")->size(), QSize(40, 20));
+}
+
+TEST(ColourSwatch, TakesTheColourChosen)
+{
+    RecordedDialogs dialogs;
+    const platform::ScopedDialogs scope(dialogs);
+    AASelectColor swatch;
+    swatch.setColor(0x112233);
+    const QSignalSpy changes(&swatch, &AASelectColor::Changed);
+    EXPECT_EQ(changes.count(), 0);
+
+    dialogs.colour = 0x445566;
+    QTest::mouseClick(&swatch, Qt::LeftButton);
+    EXPECT_EQ(dialogs.offeredColour, 0x112233U);
+    EXPECT_EQ(swatch.Color(), 0x445566U);
+    EXPECT_EQ(changes.count(), 1);
+
+    dialogs.colour.reset();
+    QTest::keyClick(&swatch, Qt::Key_Space);
+    EXPECT_EQ(swatch.Color(), 0x445566U);
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST(ColourSwatch, StoresItsColour)
+{
+    AASelectColor swatch;
+    swatch.setColor(0x123456);
+    AASelectColor other;
+    other.ReadProperties(swatch.WriteProperties());
+    EXPECT_EQ(other.Color(), 0x123456U);
+    other.ReadProperties({});
+    EXPECT_EQ(other.Color(), 0xFFFFFFU);
+}
