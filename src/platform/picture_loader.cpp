@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/icon_directory.h"
 #include "platform/jpeg_decoder.h"
+#include "platform/metafile_reader.h"
 #include "platform/picture_kind.h"
 
 #include "base/byte_reader.h"
@@ -121,6 +122,9 @@ QImage readWhole(const OpenPicture& picture)
         return readGif(*picture.file);
     case PictureKind::Icon:
         return readIcon(*picture.file);
+    case PictureKind::Metafile:
+    case PictureKind::EnhancedMetafile:
+        return readMetafile(*picture.file, metafileHelper());
     default:
         return {};
     }

@@ -12,7 +12,6 @@ namespace platform {
 namespace {
 
 using Channels [[gnu::vector_size(16)]] = float;
-using WholeChannels [[gnu::vector_size(16)]] = std::int32_t;
 
 const quint32* pixelsOf(const QImage& image, int row)
 {
@@ -67,9 +66,13 @@ public:
     RowSum(const QImage& source, int firstColumn, int columnCount)
         : m_source(source)
         , m_offset(std::size_t(firstColumn) * 4)
-        , m_sum(std::size_t(columnCount) * 4)
+        , m_size(std::size_t(columnCount) * 4)
+        , m_sum(m_size + kSpareColumns * 4)
     {
     }
+
+    // Columns of zeros behind the last one, so that a reader may take a fixed number of them.
+    static constexpr std::size_t kSpareColumns = 3;
 
     void compute(const StretchSpan& rows);
     // Four channels a column, from the first needed column on.
@@ -87,6 +90,7 @@ private:
 
     const QImage& m_source;
     std::size_t m_offset;
+    std::size_t m_size;
     std::vector<float> m_sum;
 };
 
@@ -104,7 +108,7 @@ void RowSum::addWholeRows(const StretchSpan& rows, int first)
     const float tailWeight = rows.tail * rows.scale;
     const float weight = rows.scale;
     float* __restrict sums = m_sum.data();
-    const std::size_t size = m_sum.size();
+    const std::size_t size = m_size;
     for (std::size_t i = 0; i < size; ++i) {
         int sum = 0;
         for (int k = 0; k < kRows; ++k) {
@@ -131,7 +135,7 @@ template<RowSum::From kFrom> void RowSum::addUpTo(const StretchSpan& rows, int f
 void RowSum::compute(const StretchSpan& rows)
 {
     if (rows.count == 1) {
-        std::copy_n(row(rows.first), m_sum.size(), m_sum.begin());
+        std::copy_n(row(rows.first), m_size, m_sum.begin());
         return;
     }
     int y = rows.first + 1;
@@ -152,27 +156,89 @@ Channels channelsAt(const float* sums, int column)
     return channels;
 }
 
-quint32 pixelOf(Channels channels)
+// Sums columns into pixels. Where a span has few of them, all spans are read as if they had the
+// most, because a fixed number of products costs less than a loop that ends differently every time.
+class ColumnSum {
+public:
+    ColumnSum(const std::vector<StretchSpan>& spans, int firstColumn);
+
+    // Writes a row of pixels.
+    void compute(quint32* target, const float* sums);
+
+private:
+    static constexpr int kFew = RowSum::kSpareColumns + 1;
+    using FewWeights = std::array<float, std::size_t(kFew)>;
+
+    void computeFew(const float* sums);
+    void computeMany(const float* sums);
+    void put(std::size_t pixel, Channels channels)
+    {
+        std::memcpy(m_result.data() + pixel * 4, &channels, sizeof channels);
+    }
+
+    const std::vector<StretchSpan>& m_spans;
+    int m_firstColumn;
+    std::vector<FewWeights> m_weights; // empty unless all spans have few columns
+    std::vector<float> m_result;
+};
+
+ColumnSum::ColumnSum(const std::vector<StretchSpan>& spans, int firstColumn)
+    : m_spans(spans)
+    , m_firstColumn(firstColumn)
+    , m_result(spans.size() * 4)
 {
-    const WholeChannels whole = __builtin_convertvector(channels + 0.5F, WholeChannels);
-    return quint32(whole[0]) | quint32(whole[1]) << 8U | quint32(whole[2]) << 16U |
-           quint32(whole[3]) << 24U;
+    if (std::any_of(spans.begin(), spans.end(), [](const auto& s) { return s.count > kFew; })) {
+        return;
+    }
+    m_weights.reserve(spans.size());
+    for (const StretchSpan& span : spans) {
+        FewWeights weights{};
+        std::fill_n(weights.begin(), span.count, span.scale);
+        weights[std::size_t(span.count - 1)] = span.tail * span.scale;
+        weights[0] = span.head * span.scale;
+        m_weights.push_back(weights);
+    }
 }
 
-void blendRow(quint32* target, const float* sums, int firstColumn,
-              const std::vector<StretchSpan>& spans)
+void ColumnSum::compute(quint32* target, const float* sums)
 {
-    for (const StretchSpan& span : spans) {
-        const float* from = sums + std::size_t(span.first - firstColumn) * 4;
-        Channels sum = channelsAt(from, 0) * span.head;
-        if (span.count > 1) {
-            for (int i = 1; i < span.count - 1; ++i) {
-                sum += channelsAt(from, i);
-            }
-            sum += channelsAt(from, span.count - 1) * span.tail;
-            sum *= span.scale;
+    if (m_weights.empty()) {
+        computeMany(sums);
+    } else {
+        computeFew(sums);
+    }
+    uchar* bytes = reinterpret_cast<uchar*>(target);
+    for (std::size_t i = 0; i < m_result.size(); ++i) {
+        bytes[i] = uchar(int(m_result[i] + 0.5F));
+    }
+}
+
+void ColumnSum::computeFew(const float* sums)
+{
+    for (std::size_t i = 0; i < m_spans.size(); ++i) {
+        const float* from = sums + std::size_t(m_spans[i].first - m_firstColumn) * 4;
+        const FewWeights& weights = m_weights[i];
+        Channels sum = channelsAt(from, 0) * weights[0];
+        for (int column = 1; column < kFew; ++column) {
+            sum += channelsAt(from, column) * weights[std::size_t(column)];
         }
-        *target++ = pixelOf(sum);
+        put(i, sum);
+    }
+}
+
+void ColumnSum::computeMany(const float* sums)
+{
+    for (std::size_t i = 0; i < m_spans.size(); ++i) {
+        const StretchSpan& span = m_spans[i];
+        const float* from = sums + std::size_t(span.first - m_firstColumn) * 4;
+        Channels sum = channelsAt(from, 0) * span.head;
+        for (int column = 1; column < span.count - 1; ++column) {
+            sum += channelsAt(from, column);
+        }
+        if (span.count > 1) {
+            sum += channelsAt(from, span.count - 1) * span.tail;
+        }
+        put(i, sum * span.scale);
     }
 }
 
@@ -205,11 +271,12 @@ void blendPixels(QImage& target, const StretchAxis& columns, const QImage& sourc
     // Mirrored columns run backwards, so the outermost ones stand at either end.
     const int firstColumn = std::min(spans.front().first, spans.back().first);
     const int lastColumn = std::max(spans.front().last(), spans.back().last());
-    RowSum sum(source, firstColumn, lastColumn - firstColumn + 1);
+    RowSum rowSum(source, firstColumn, lastColumn - firstColumn + 1);
+    ColumnSum columnSum(spans, firstColumn);
     int y = rows.targetFirst;
     for (const StretchSpan& row : rows.spans) {
-        sum.compute(row);
-        blendRow(pixelsOf(target, y++) + columns.targetFirst, sum.sums(), firstColumn, spans);
+        rowSum.compute(row);
+        columnSum.compute(pixelsOf(target, y++) + columns.targetFirst, rowSum.sums());
     }
 }
 
