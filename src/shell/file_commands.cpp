@@ -1,0 +1,179 @@
+#include "shell/commands.h"
+
+#include "core/interfaces.h"
+#include "core/player_window.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "files/text_list.h"
+#include "platform/dialogs.h"
+#include "platform/file_list.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "platform/picture_saver.h"
+#include "shell/main_window.h"
+#include "viewer/picture_viewer.h"
+
+namespace shell::commands {
+
+namespace {
+
+constexpr bool kModal = true;
+constexpr bool kModeless = false;
+
+const QString kOpenFilter = QStringLiteral(
+    "All Formats (*.*)|*.lbm;*.bbm;*.iff;*.pcx;*.tif;*.TGA;*.psd;*.bmp;*.emf;*.gif;*.icl;*.ico;"
+    "*.cur;*.ani;*.jpg;*.jpeg;*.wmf");
+
+QString openTempFolder()
+{
+    return platform::appFile(QStringLiteral("openTemp"));
+}
+
+// Files opened are viewed from a folder of their own.
+void copyIntoOpenTemp(const QStringList& chosen)
+{
+    const QString folder = openTempFolder();
+    platform::makeFolder(folder);
+    for (const QString& file : chosen) {
+        // A file that can't be copied is left out.
+        static_cast<void>(
+            platform::copyFile(file, platform::joinPath(folder, platform::fileNameOf(file))));
+    }
+}
+
+void showOpenTemp(core::BrowserPane& pane)
+{
+    platform::FileList& list = pane.File1();
+    const bool samePath = list.path() == openTempFolder();
+    list.setPath(openTempFolder());
+    list.refresh();
+    if (samePath) {
+        pane.rebuildThumbnails();
+    }
+}
+
+QString withoutExtension(const QString& name)
+{
+    const qsizetype point = name.lastIndexOf(QLatin1Char('.'));
+    return point < 0 ? name : name.left(point);
+}
+
+void fileInLibrary(Form1& form, const QString& chosen)
+{
+    const QString name = withoutExtension(platform::fileNameOf(chosen)) + QStringLiteral(".bmp");
+    const platform::Picture picture = form.viewer().Picture();
+    for (const char* folder : {"Lib", "Lib/pLib"}) {
+        const QString path = platform::appFile(QString::fromLatin1(folder));
+        platform::makeFolder(path);
+        static_cast<void>(platform::savePicture(picture, platform::joinPath(path, name)));
+    }
+    form.LibImport = false;
+}
+
+} // namespace
+
+void open(Form1& form, int /*index*/)
+{
+    platform::removeFilesIn(openTempFolder());
+    platform::FileRequest request;
+    request.title = QStringLiteral("Select File");
+    request.filter = kOpenFilter;
+    request.severalFiles = true;
+    const QStringList chosen = platform::dialogs().openFiles(request);
+    if (chosen.isEmpty()) {
+        return;
+    }
+    copyIntoOpenTemp(chosen);
+    form.setXiala(chosen.first());
+    if (core::BrowserPane* pane = core::services().browserPane) {
+        showOpenTemp(*pane);
+    }
+    form.nextpic();
+    if (form.LibImport) {
+        fileInLibrary(form, chosen.first());
+    } else {
+        form.setMenuState(true);
+    }
+}
+
+void showFlashPlayer(Form1& form, int /*index*/)
+{
+    QWidget* const window = core::windows().load(QStringLiteral("FlashP"));
+    if (auto* player = dynamic_cast<core::PlayerWindow*>(window)) {
+        player->openPath(platform::appFile(QStringLiteral("flashplay.swf")));
+    }
+    form.showWindow(QStringLiteral("FlashP"), kModeless);
+}
+
+void showMediaPlayer(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("MpegForm"), kModeless);
+}
+
+void showWebBrowser(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("FrmBrowser"), kModeless);
+}
+
+void createAlbum(Form1& /*form*/, int /*index*/)
+{
+    if (core::services().createAlbum) {
+        core::services().createAlbum();
+    }
+}
+
+void setUpAlbum(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("frmWebRelease"), kModal);
+}
+
+void sendMail(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("frmMailSender"), kModeless);
+}
+
+void acquire(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("Acquire"), kModal);
+}
+
+void print(Form1& form, int /*index*/)
+{
+    if (!core::windows().hasFactory(QStringLiteral("frmTemp"))) {
+        return;
+    }
+    static_cast<void>(platform::savePicture(form.viewer().Picture(),
+                                            platform::appFile(QStringLiteral("temp.bmp"))));
+    form.showWindow(QStringLiteral("frmTemp"), kModal);
+}
+
+void captureScreen(Form1& form, int /*index*/)
+{
+    if (!core::windows().hasFactory(QStringLiteral("frmCapture"))) {
+        return;
+    }
+    form.showMinimized();
+    form.showWindow(QStringLiteral("frmCapture"), kModeless);
+}
+
+void captureQuietly(Form1& form, int /*index*/)
+{
+    if (form.showWindow(QStringLiteral("frmCaputreN"), kModeless) == nullptr) {
+        return;
+    }
+    core::windows().hide(QStringLiteral("frmCaputreN"));
+    form.showMinimized();
+}
+
+void showProperties(Form1& form, int /*index*/)
+{
+    form.Propers(form.Xiala());
+}
+
+void exitProgram(Form1& form, int /*index*/)
+{
+    form.exitProgram();
+}
+
+} // namespace shell::commands

@@ -1,0 +1,313 @@
+#include "shell/main_window.h"
+
+#include "base/twips.h"
+#include "core/config_store.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "files/text_list.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/paths.h"
+#include "platform/picture_loader.h"
+#include "platform/pointer.h"
+#include "shell/commands.h"
+#include "shell/cool_bar.h"
+#include "shell/display_host.h"
+#include "shell/file_name_field.h"
+#include "shell/menus.h"
+#include "shell/side_activation.h"
+#include "shell/status_bar.h"
+#include "shell/toolbars.h"
+#include "viewer/display_pipeline.h"
+#include "viewer/picture_viewer.h"
+#include "widgets/avi.h"
+#include "widgets/chameleon_button.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QPushButton>
+
+namespace {
+
+constexpr int kRightButton = 2;
+
+void startEditorAt(Form1& form, int place)
+{
+    form.startListedEditor(place);
+}
+
+} // namespace
+
+Form1::Form1()
+{
+    setObjectName(QStringLiteral("Form1"));
+    setWindowTitle(core::kProgramName);
+    setAccessibleName(core::kProgramName);
+    core::services().mainWindow = this;
+    buildControls();
+}
+
+void Form1::watchPane(QWidget* pane, std::function<void()> paneActive)
+{
+    m_activation->setPane(pane, std::move(paneActive));
+}
+
+Form1::~Form1()
+{
+    if (core::services().mainWindow == this) {
+        core::services().mainWindow = nullptr;
+    }
+}
+
+void Form1::buildControls()
+{
+    m_menus = std::make_unique<shell::Menus>(
+        *this, [this](const shell::MenuRow& row) { runCommand(row.need, row.run, row.index); });
+    m_client = new QWidget(this);
+    m_client->setObjectName(QStringLiteral("workArea"));
+    m_viewer = new cpvPicViewer(m_client);
+    m_viewer->setObjectName(QStringLiteral("cpvPicScroll1"));
+    m_viewer->setAccessibleName(QStringLiteral("Picture"));
+    m_coolBar = new shell::CoolBar(m_client);
+    m_toolbars = std::make_unique<shell::Toolbars>(
+        *m_coolBar,
+        [this](const shell::ButtonRow& row) { runCommand(row.need, row.run, row.index); },
+        [this](const shell::KeyButtonRow& row) { runCommand(row.need, row.run, shell::kNoIndex); });
+
+    m_coolBar->setBand(shell::CoolBar::Band::Commands, m_toolbars->commands());
+    buildFieldBand();
+    m_coolBar->setBand(shell::CoolBar::Band::Keys, m_toolbars->keys());
+    connect(m_coolBar, &shell::CoolBar::heightChanged, this, [this] {
+        if (core::state().BrowserShown && core::services().browserPane != nullptr) {
+            core::services().browserPane->ThumResize();
+        }
+    });
+    m_aviHost = new QWidget(m_coolBar);
+    m_aviHost->setObjectName(QStringLiteral("AviHost"));
+    m_aviHost->setAccessibleName(QStringLiteral("Animation"));
+    m_aviHost->resize(kAviSize);
+
+    buildStrip();
+
+    m_displayHost = shell::makeDisplayHost(*this);
+    m_pipeline = std::make_unique<viewer::DisplayPipeline>(*m_displayHost);
+    m_activation = std::make_unique<shell::SideActivation>(*this, [this] { becameActive(); });
+    connectViewer();
+}
+
+void Form1::buildFieldBand()
+{
+    auto* fieldBand = new QWidget(m_coolBar);
+    fieldBand->setObjectName(QStringLiteral("Band2"));
+    auto* row = new QHBoxLayout(fieldBand);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    m_xiala = new shell::FileNameField(fieldBand);
+    auto* go = new QPushButton(QStringLiteral("Go"), fieldBand);
+    go->setObjectName(QStringLiteral("goEnter"));
+    go->setAccessibleName(QStringLiteral("Open the file named in the field"));
+    go->setFixedWidth(44);
+    row->addWidget(m_xiala, 1);
+    row->addWidget(go);
+    connect(m_xiala, &shell::FileNameField::entered, this, &Form1::goEnter);
+    connect(m_xiala, &shell::FileNameField::chosen, this, &Form1::clickXiala);
+    connect(go, &QPushButton::clicked, this, &Form1::goEnter);
+    m_coolBar->setBand(shell::CoolBar::Band::FileName, fieldBand);
+}
+
+void Form1::buildStrip()
+{
+    m_picture4 = new QWidget(m_client);
+    m_picture4->setObjectName(QStringLiteral("Picture4"));
+    m_stateBar = new shell::PanelBar(m_picture4);
+    m_stateBar->setObjectName(QStringLiteral("StateBar"));
+    m_gradient = new shell::FillStrip(m_picture4);
+    m_gradient->setObjectName(QStringLiteral("Gradient"));
+    m_gradient->setAccessibleName(QStringLiteral("Progress"));
+}
+
+void Form1::connectViewer()
+{
+    m_viewer->setHost(this);
+    connect(m_viewer, &cpvPicViewer::KeyDown, this, [this](int code, int /*shift*/) {
+        for (const shell::KeyRow& row : shell::keyRows()) {
+            if (row.code == code) {
+                runCommand(row.need, row.run, row.index);
+                m_viewer->Refresh();
+                m_viewer->PanViewRefresh();
+                return;
+            }
+        }
+    });
+    connect(m_viewer, &cpvPicViewer::MouseDown, this, [this](int button) {
+        if (button == kRightButton) {
+            openRightMenu();
+        }
+    });
+    connect(m_viewer, &cpvPicViewer::Zoom, this, [this] {
+        m_stateBar->setPanel(core::Panel::Zoom, viewer::zoomReadout(m_viewer->ZoomFactor()));
+    });
+}
+
+void Form1::openRightMenu()
+{
+    core::ConfigStore* config = core::services().config;
+    if (config != nullptr && config->readNumber(QStringLiteral("WinState")) == 1) {
+        core::windows().show(QStringLiteral("frmMsg"));
+        return;
+    }
+    m_menus->menu(QString::fromLatin1(shell::kRightMenu))->popup(QCursor::pos());
+}
+
+void Form1::runCommand(shell::Need need, shell::Handler handler, int index)
+{
+    if (m_unloaded) {
+        return;
+    }
+    platform::setPointer(platform::Pointer::HourGlass);
+    if (need == shell::Need::Picture && !m_viewer->PictureExists()) {
+        reportNoPicture();
+    } else if (handler != nullptr) {
+        handler(*this, index);
+    }
+    if (!m_unloaded) {
+        m_viewer->giveFocus();
+    }
+    platform::setPointer(platform::Pointer::Default);
+}
+
+QWidget* Form1::showWindow(const QString& name, bool modal)
+{
+    if (!core::windows().hasFactory(name)) {
+        return nullptr;
+    }
+    platform::setPointer(platform::Pointer::Default);
+    return core::windows().show(name, modal ? core::ShowMode::Modal : core::ShowMode::Modeless);
+}
+
+void Form1::reportNoPicture()
+{
+    platform::setPointer(platform::Pointer::Default);
+    platform::dialogs().showMessage(core::kNoPictureText, core::kProgramName,
+                                    platform::BoxIcon::Information);
+}
+
+void Form1::addRecentPath(const QString& path)
+{
+    core::ConfigStore* config = core::services().config;
+    if (config == nullptr) {
+        return;
+    }
+    files::addPath(files::kRecentPaths, path, *config);
+    m_xiala->setRecentPaths(files::readPaths(files::kRecentPaths, *config));
+}
+
+void Form1::refillListMenus()
+{
+    const core::ConfigStore* config = core::services().config;
+    if (config == nullptr) {
+        return;
+    }
+    const auto names = [](const std::vector<files::NamedPath>& entries) {
+        QStringList list;
+        for (const files::NamedPath& entry : entries) {
+            list.append(entry.name);
+        }
+        return list;
+    };
+    const auto favourites = files::readNamed(files::kFavourites, *config);
+    m_menus->setListEntries(QStringLiteral("mnuFav"), QStringLiteral("mnuFav"), 1,
+                            names(favourites), [this, favourites](int index) {
+                                const QString path =
+                                    favourites[static_cast<std::size_t>(index) - 1].path;
+                                if (const auto picture = platform::loadPicture(path)) {
+                                    m_viewer->setPicture(*picture);
+                                }
+                            });
+    const auto editors = files::readNamed(files::kEditors, *config);
+    m_menus->setListEntries(
+        QStringLiteral("Dip"), QStringLiteral("Dip"), 4, names(editors),
+        [this](int index) { runCommand(shell::Need::Picture, &startEditorAt, index - 3); });
+}
+
+void Form1::setMenuState(bool enabled)
+{
+    struct Block {
+        const char* array;
+        std::initializer_list<int> indexes;
+    };
+    const Block blocks[] = {
+        {"optView", {0, 1, 12, 13, 15}}, {"optEdit", {0, 2, 4, 5, 7, 8, 10}}, {"optTools", {0, 1}}};
+    for (const Block& block : blocks) {
+        for (const int index : block.indexes) {
+            m_menus->entry(QString::fromLatin1(block.array), index)->setEnabled(enabled);
+        }
+    }
+    for (const int index : {5, 6, 7, 8, 10, 11}) {
+        m_toolbars->button(index)->setEnabled(enabled);
+    }
+}
+
+void Form1::popUpFolderTools(const QPoint& screenPosition)
+{
+    m_menus->menu(QStringLiteral("optToolsFile"))->popup(screenPosition);
+}
+
+void Form1::setDir2(const QString& folder)
+{
+    m_dir2 = folder;
+}
+
+void Form1::rebuildSizeText()
+{
+    SizeText = QStringLiteral("Size: ") + QString::number(m_viewer->PictureWidth()) +
+               QLatin1Char('x') + QString::number(m_viewer->PictureHeight());
+}
+
+void Form1::Propers(const QString& path)
+{
+    platform::setPointer(platform::Pointer::Default);
+    platform::desktop().showProperties(path, this);
+}
+
+QString Form1::Xiala() const
+{
+    return m_xiala->currentText();
+}
+
+void Form1::setXiala(const QString& text)
+{
+    m_xiala->setEditText(text);
+}
+
+core::Viewer& Form1::viewer()
+{
+    return *m_viewer;
+}
+
+core::StatusBar& Form1::StateBar()
+{
+    return *m_stateBar;
+}
+
+core::ProgressStrip& Form1::Gradient()
+{
+    return *m_gradient;
+}
+
+bool Form1::isChecked(const char* array, int index) const
+{
+    return m_menus->entry(QString::fromLatin1(array), index)->isChecked();
+}
+
+void Form1::setChecks(const char* first, int firstIndex, const char* second, int secondIndex,
+                      bool on)
+{
+    m_menus->entry(QString::fromLatin1(first), firstIndex)->setChecked(on);
+    if (second != nullptr) {
+        m_menus->entry(QString::fromLatin1(second), secondIndex)->setChecked(on);
+    }
+}

@@ -1,0 +1,190 @@
+#pragma once
+
+#include "core/interfaces.h"
+#include "shell/command_table.h"
+#include "shell/layout.h"
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+class Avi;
+class QAction;
+class QLabel;
+class QToolButton;
+class chameleonButton;
+class cpvPicViewer;
+
+namespace platform {
+class FileList;
+}
+
+namespace shell {
+class CoolBar;
+class FileNameField;
+class FillStrip;
+class Menus;
+class PanelBar;
+class SideActivation;
+class Toolbars;
+} // namespace shell
+
+namespace viewer {
+class DisplayHost;
+class DisplayPipeline;
+} // namespace viewer
+
+// The one main window. Its work area shows the browser pane with the viewer beside it (browse mode)
+// or the viewer alone (picture mode). Other windows reach it as core::MainWindow.
+//
+// Lengths of the layout are twips; the widgets themselves are placed in pixels.
+class Form1 : public QWidget, public core::MainWindow {
+    Q_OBJECT
+
+public:
+    Form1();
+    ~Form1() override;
+
+    // The work of loading, in its order; called once before the window is shown first.
+    void load();
+    // Restores the persisted modes.
+    void SetLoad() override;
+    // The main window's side became active: a press, the focus or the window itself.
+    void becameActive();
+    // The pane takes part in what becomes active from here on.
+    void watchPane(QWidget* pane, std::function<void()> paneActive);
+    // Leaves the program: the unload, in its order. A second call does nothing.
+    void unload();
+    // The shorter way of the Exit command, which ends in the same unload.
+    void exitProgram();
+
+    // Mode switches
+    void OCbrowse() override;
+    void Smallfrm() override;
+    void closePanView() override;
+    void Scrollshow() override;
+    void Dragpic() override;
+    void fastZoomshow() override;
+    void toggleBestFit(); // toolbar entry 15
+    void showFullScreenTopmost();
+    void setBandShown(int band, bool shown); // 1 commands, 2 file name
+    [[nodiscard]] bool isBandShown(int band) const;
+
+    // Display
+    void form1paint() override;
+    void setModi() override;
+    void nextpic() override;
+    void prevpic() override;
+    void SlideNext() override;
+    void SlidePrevp() override;
+    void start_slideshow() override;
+    void stop_slideshow() override;
+    void display_pic() override;
+    void openPsd(const QString& path) override;
+    void Np(const QString& folder) override;
+    void ChangePath() override;
+    void goEnter();
+    void clickXiala();
+    void routePath(const QString& path) override;
+    void showFileFacts(const QString& path) override;
+    void showNameAndSize(const QString& path) override;
+    viewer::DisplayPipeline& pipeline() { return *m_pipeline; }
+
+    // Commands of others
+    void ThumbNailSize(int menuIndex) override;
+    void ThumbNailColor(int menuIndex) override;
+    void PasteTesselia() override;
+    void startListedEditor(int place); // from 1
+    void Propers(const QString& path) override;
+    void maskT() override {}
+    void colorChagne() override {}
+    void SaveGIF() override;
+    void addRecentPath(const QString& path) override;
+    void refillListMenus() override;
+    void setMenuState(bool enabled) override;
+    void popUpFolderTools(const QPoint& screenPosition) override;
+    void setDir2(const QString& folder) override;
+    void rebuildSizeText() override;
+    void zoomToolClosed() override;
+
+    // Runs a command inside the common frame: hourglass, picture test, the work, focus to the
+    // viewer, default pointer.
+    void runCommand(shell::Need need, shell::Handler handler, int index);
+    // Opens a window of another folder by name; the hourglass ends before a modal one shows.
+    QWidget* showWindow(const QString& name, bool modal);
+    // The box that tells that there is no picture.
+    void reportNoPicture();
+
+    // Controls
+    [[nodiscard]] QString Xiala() const override;
+    void setXiala(const QString& text) override;
+    platform::PictureBox& Image1() override { return m_image1; }
+    platform::PictureBox& orgPicture() override { return m_orgPicture; }
+    core::Viewer& viewer() override;
+    cpvPicViewer& cpvPicScroll1() { return *m_viewer; }
+    core::StatusBar& StateBar() override;
+    core::ProgressStrip& Gradient() override;
+    QWidget* window() override { return m_client; }
+    shell::Menus& menus() { return *m_menus; }
+    shell::Toolbars& toolbars() { return *m_toolbars; }
+    [[nodiscard]] const QString& Dir2() const { return m_dir2; }
+    [[nodiscard]] int heightTwips() const override;
+    [[nodiscard]] int coolBarHeightTwips() const override;
+    [[nodiscard]] int viewerHeightTwips() const override;
+
+    // Members of the design that other code reads and writes as they stand.
+    std::int16_t PictureCount = 0;
+    bool MaximizedToggle = true;
+    QString SizeText;
+    bool LibImport = false; // the next file opened is filed in the picture library
+
+private:
+    void buildControls();
+    void buildFieldBand();
+    void buildStrip();
+    void connectViewer();
+    void prepareLists();
+    void startAnimation();
+    void writePresenceMarker();
+    void removeWorkingFiles();
+    void resizeForm();
+    void placeParts();
+    void placeStrips();
+    void placeAvi();
+    [[nodiscard]] shell::WindowMeasures measures() const;
+    void openRightMenu();
+    void checkOnly(const QString& array, int index);
+    void setChecks(const char* first, int firstIndex, const char* second, int secondIndex, bool on);
+    [[nodiscard]] bool isChecked(const char* array, int index) const;
+
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+    QWidget* m_client = nullptr; // the work area below the menu bar
+    shell::CoolBar* m_coolBar = nullptr;
+    shell::FileNameField* m_xiala = nullptr;
+    QWidget* m_picture4 = nullptr; // strip along the bottom edge
+    shell::PanelBar* m_stateBar = nullptr;
+    shell::FillStrip* m_gradient = nullptr;
+    cpvPicViewer* m_viewer = nullptr;
+    std::unique_ptr<shell::Menus> m_menus;
+    std::unique_ptr<shell::Toolbars> m_toolbars;
+    std::unique_ptr<viewer::DisplayHost> m_displayHost;
+    std::unique_ptr<viewer::DisplayPipeline> m_pipeline;
+    std::unique_ptr<shell::SideActivation> m_activation;
+    std::unique_ptr<Avi> m_avi;
+    static constexpr QSize kAviSize{40, 30}; // pixels
+    QWidget* m_aviHost = nullptr;
+
+    platform::PictureBox m_image1;
+    platform::PictureBox m_orgPicture;
+    QString m_dir2;
+    shell::Extent m_viewerExtent; // twips, in the work area
+    bool m_bestFitToggle = false;
+    bool m_resizing = false;
+    bool m_unloaded = false;
+    int m_wheelRest = 0; // eighths of a degree not yet taken as a step
+};

@@ -1,0 +1,103 @@
+// Operations of the main window that other windows call: thumbnails' look, paste, save, full
+// screen.
+
+#include "core/config_store.h"
+#include "core/services.h"
+#include "editing/clipboard_commands.h"
+#include "editing/editor_handoff.h"
+#include "editing/save_pipeline.h"
+#include "platform/registry.h"
+#include "shell/main_window.h"
+#include "shell/menus.h"
+#include "shell/status_bar.h"
+#include "viewer/display_pipeline.h"
+
+#include <QAction>
+
+namespace {
+
+constexpr int kSizes = 30;
+constexpr int kSizeStep = 10; // pixels
+constexpr int kPresets = 6;
+
+const QString kSizeMenu = QStringLiteral("MnuThumbsize");
+const QString kPresetMenu = QStringLiteral("ThumbnailColorPreset");
+const QString kHiveSection = QStringLiteral("Thumbnail");
+
+void store(const char* key, const QString& value)
+{
+    if (core::ConfigStore* config = core::services().config) {
+        config->write(QString::fromLatin1(key), value);
+    }
+}
+
+} // namespace
+
+void Form1::checkOnly(const QString& array, int index)
+{
+    for (int i = 0; QAction* entry = m_menus->entry(array, i); ++i) {
+        entry->setChecked(i == index);
+    }
+}
+
+void Form1::ThumbNailSize(int menuIndex)
+{
+    if (menuIndex < 0 || menuIndex >= kSizes) {
+        return;
+    }
+    checkOnly(kSizeMenu, menuIndex);
+    const int size = (menuIndex + 1) * kSizeStep;
+    if (core::BrowserPane* pane = core::services().browserPane) {
+        pane->setThumbnailSize(size);
+        const int pages = pane->thumbnailPagesNeeded();
+        const int perPage = pane->thumbnailsPerPage();
+        // A pane that has no room yet has nothing to tell.
+        if (perPage > 0) {
+            m_stateBar->setPanel(
+                core::Panel::Message,
+                QStringLiteral("Pages %1  Thumbnails per page %2").arg(pages).arg(perPage));
+        }
+        pane->rebuildThumbnails();
+    }
+    store("BrowserSize", QString::number(size));
+    platform::saveSetting(kHiveSection, QStringLiteral("Size"), QString::number(size));
+}
+
+void Form1::ThumbNailColor(int menuIndex)
+{
+    if (menuIndex < 0 || menuIndex >= kPresets) {
+        return;
+    }
+    checkOnly(kPresetMenu, menuIndex);
+    if (core::BrowserPane* pane = core::services().browserPane) {
+        pane->setColourPreset(menuIndex + 1);
+        pane->rebuildThumbnails();
+    }
+    store("BrowserColor", QString::number(menuIndex));
+    platform::saveSetting(kHiveSection, QStringLiteral("Colorpreset"), QString::number(menuIndex));
+}
+
+void Form1::PasteTesselia()
+{
+    editing::pastePicture(*this);
+}
+
+void Form1::SaveGIF()
+{
+    editing::saveByDialog(*this);
+}
+
+void Form1::startListedEditor(int place)
+{
+    editing::startListedEditor(*this, place);
+}
+
+void Form1::showFullScreenTopmost()
+{
+    stop_slideshow();
+    hide();
+    setWindowFlag(Qt::WindowStaysOnTopHint, true);
+    setWindowState(Qt::WindowMaximized);
+    show();
+    m_pipeline->continueAfterFullScreen();
+}

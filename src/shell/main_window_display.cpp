@@ -1,0 +1,97 @@
+// How a picture reaches the viewer: the field, the routing, stepping and the slide show.
+
+#include "base/numbers.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "files/routing.h"
+#include "platform/file_list.h"
+#include "platform/pointer.h"
+#include "shell/main_window.h"
+#include "viewer/display_pipeline.h"
+#include "viewer/open_psd.h"
+#include "viewer/picture_viewer.h"
+
+void Form1::setModi()
+{
+    platform::setPointer(platform::Pointer::Default);
+    m_viewer->Refresh();
+}
+
+void Form1::nextpic()
+{
+    m_pipeline->nextpic();
+}
+
+void Form1::prevpic()
+{
+    m_pipeline->prevpic();
+}
+
+void Form1::SlideNext()
+{
+    m_pipeline->SlideNext();
+}
+
+void Form1::SlidePrevp()
+{
+    m_pipeline->SlidePrevp();
+}
+
+void Form1::start_slideshow()
+{
+    m_pipeline->start_slideshow();
+}
+
+void Form1::stop_slideshow()
+{
+    m_pipeline->stop_slideshow();
+}
+
+void Form1::display_pic()
+{
+    m_pipeline->display_pic();
+}
+
+void Form1::openPsd(const QString& path)
+{
+    viewer::openPsd(*this, path);
+}
+
+void Form1::Np(const QString& folder)
+{
+    // A folder with more files than the count can hold keeps the count before.
+    const int files = platform::countFiles(folder, core::kPicturePattern);
+    PictureCount = base::narrow16(files).value_or(PictureCount);
+}
+
+void Form1::ChangePath()
+{
+    Np(core::state().CurrentFolder);
+}
+
+void Form1::goEnter()
+{
+    const platform::PointerGuard pointer;
+    files::goEnter(*this, Xiala());
+}
+
+void Form1::clickXiala()
+{
+    const platform::PointerGuard pointer;
+    files::clickXiala(*this, Xiala());
+}
+
+void Form1::routePath(const QString& path)
+{
+    files::routePath(*this, path);
+}
+
+void Form1::showFileFacts(const QString& path)
+{
+    files::showFileFacts(*this, path);
+}
+
+void Form1::showNameAndSize(const QString& path)
+{
+    files::showNameAndSize(*this, path);
+}

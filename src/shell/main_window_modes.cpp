@@ -1,0 +1,153 @@
+// The mode switches: each inverts its menu check and writes its key at once.
+
+#include "base/twips.h"
+#include "core/config_store.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "shell/cool_bar.h"
+#include "shell/main_window.h"
+#include "shell/menus.h"
+#include "shell/toolbars.h"
+#include "viewer/picture_viewer.h"
+#include "widgets/chameleon_button.h"
+
+#include <QAction>
+
+namespace {
+
+constexpr int kBrowseButton = 13;
+constexpr int kBestFitButton = 15;
+constexpr int kPressedType = 5;
+constexpr int kFlatType = 8;
+constexpr int kTransparentType = 11;
+
+constexpr int kBarsAutomatic = 0;
+constexpr int kBarsOff = 1;
+
+const QString kPaneName = QStringLiteral("frmThumbnaillist");
+const QString kZoomToolName = QStringLiteral("fastZoom");
+
+// On a first reading the wrong way round: "0" stands for on in these keys, as start-up reads them.
+const QString kOn = QStringLiteral("0");
+const QString kOff = QStringLiteral("1");
+
+void writeKey(const char* key, const QString& value)
+{
+    if (core::ConfigStore* config = core::services().config) {
+        config->write(QString::fromLatin1(key), value);
+    }
+}
+
+} // namespace
+
+void Form1::OCbrowse()
+{
+    chameleonButton* button = m_toolbars->button(kBrowseButton);
+    if (!core::state().BrowserShown) {
+        core::windows().show(kPaneName);
+        core::state().PictureWide = false;
+        core::state().BrowserShown = true;
+        button->setButtonType(kPressedType);
+        setChecks("optTools", 3, nullptr, 0, true);
+        if (core::BrowserPane* pane = core::services().browserPane) {
+            pane->ThumResize();
+        }
+        resizeForm();
+        writeKey("ObcBrowse", QStringLiteral("1"));
+        return;
+    }
+    core::windows().hide(kPaneName);
+    core::state().PictureWide = true;
+    core::state().BrowserShown = false;
+    m_viewerExtent = shell::pictureLayoutOnSwitch(measures(), m_viewerExtent);
+    placeParts();
+    button->setButtonType(kFlatType);
+    setChecks("optTools", 3, nullptr, 0, false);
+    writeKey("ObcBrowse", QStringLiteral("0"));
+}
+
+void Form1::Smallfrm()
+{
+    if (!isChecked("optView", 11)) {
+        const shell::Extent place =
+            shell::panViewPlace(base::twipsFromPixels(m_client->width()), m_viewerExtent.top);
+        m_viewer->PanViewShow(place.left, place.top, place.width, place.height, true);
+        m_viewer->PanViewRefresh();
+        setChecks("optView", 11, "CmdRight", 10, true);
+        writeKey("Panview", kOn);
+        return;
+    }
+    m_viewer->PanViewHide();
+    setChecks("optView", 11, "CmdRight", 10, false);
+    writeKey("Panview", kOff);
+}
+
+void Form1::closePanView()
+{
+    setChecks("optView", 11, nullptr, 0, true);
+    Smallfrm();
+}
+
+void Form1::Scrollshow()
+{
+    const bool on = !isChecked("optView", 12);
+    m_viewer->setScrollBars(on ? kBarsAutomatic : kBarsOff);
+    setChecks("optView", 12, "CmdRightView", 6, on);
+    writeKey("Scrollshow", on ? kOn : kOff);
+}
+
+void Form1::Dragpic()
+{
+    const bool on = !isChecked("optView", 13);
+    m_viewer->setMouseScrolling(on);
+    setChecks("optView", 13, "CmdRightView", 7, on);
+}
+
+void Form1::fastZoomshow()
+{
+    const bool on = !isChecked("optView", 15);
+    if (on) {
+        core::windows().show(kZoomToolName);
+    } else {
+        core::windows().hide(kZoomToolName);
+    }
+    setChecks("optView", 15, "CmdRightView", 8, on);
+    writeKey("fastZoomshow", on ? kOn : kOff);
+}
+
+void Form1::zoomToolClosed()
+{
+    setChecks("optView", 15, "CmdRightView", 8, false);
+}
+
+void Form1::toggleBestFit()
+{
+    chameleonButton* button = m_toolbars->button(kBestFitButton);
+    if (!m_bestFitToggle) {
+        button->setButtonType(kPressedType);
+        setChecks("optView", 3, "CmdRightView", 4, true);
+        m_viewer->Refresh();
+        m_viewer->setBestFitMode(true);
+        m_bestFitToggle = true;
+        writeKey("BestFit", QStringLiteral("1"));
+        return;
+    }
+    button->setButtonType(kTransparentType);
+    setChecks("optView", 3, "CmdRightView", 4, false);
+    m_viewer->setBestFitMode(false);
+    m_bestFitToggle = false;
+    writeKey("BestFit", QStringLiteral("0"));
+}
+
+void Form1::setBandShown(int band, bool shown)
+{
+    m_coolBar->setBandVisible(static_cast<shell::CoolBar::Band>(band), shown);
+    setChecks("optTools", 3 + band, nullptr, 0, shown);
+    resizeForm();
+}
+
+bool Form1::isBandShown(int band) const
+{
+    return m_coolBar->isBandVisible(static_cast<shell::CoolBar::Band>(band));
+}

@@ -1,0 +1,251 @@
+// The main window's life: load, the modes restored at start, becoming active, and the unload.
+
+#include "base/numbers.h"
+#include "core/config_store.h"
+#include "core/player_window.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "files/text_list.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/folder_tree.h"
+#include "platform/paths.h"
+#include "platform/pointer.h"
+#include "platform/pump.h"
+#include "platform/registry.h"
+#include "shell/file_name_field.h"
+#include "shell/main_window.h"
+#include "shell/menus.h"
+#include "shell/side_activation.h"
+#include "viewer/display_pipeline.h"
+#include "viewer/picture_viewer.h"
+#include "widgets/avi.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr int kGoodDepth = 32; // bits a pixel
+constexpr int kBorderOfViewer = 0;
+constexpr int kWheelStep = 120; // eighths of a degree
+constexpr int kFlashWheelCode = 0x76;
+
+constexpr shell::Extent kFirstViewerPlace{263, 63, 6000, 4500}; // twips; the first resize moves it
+
+const QString kMarkerKey = QStringLiteral("Software\\Corvane\\Qlink");
+const QString kMarkerName = QStringLiteral("Brelmark");
+
+// Windows in the order in which they unload; the main window itself comes last.
+const QStringList kUnloadOrder{
+    QStringLiteral("frmThumbnaillist"),
+    QStringLiteral("Acquire"),
+    QStringLiteral("fastZoom"),
+    QStringLiteral("Favorties"),
+    QStringLiteral("FavortiesModi"),
+    QStringLiteral("FlashP"),
+    QStringLiteral("FlashQ"),
+    QStringLiteral("Form4"),
+    QStringLiteral("Form5rf"),
+    QStringLiteral("frmAbout"),
+    QStringLiteral("FrmBord"),
+    QStringLiteral("FrmBrowser"),
+    QStringLiteral("frmCapture"),
+    QStringLiteral("frmCaputreN"),
+    QStringLiteral("frmConfig"),
+    QStringLiteral("FrmFind"),
+    QStringLiteral("frmGetColor"),
+    QStringLiteral("frmMailSender"),
+    QStringLiteral("frmMsg"),
+    QStringLiteral("frmSaveJPGc"),
+    QStringLiteral("FrmSwitch"),
+    QStringLiteral("frmTemp"),
+    QStringLiteral("frmValueTip"),
+    QStringLiteral("frmWebRelease"),
+    QStringLiteral("frmWelcome"),
+    QStringLiteral("Movefile"),
+    QStringLiteral("MpegForm"),
+    QStringLiteral("OptionsForm"),
+    QStringLiteral("Form1"),
+};
+
+// What the Exit command takes down before the unload proper.
+const QStringList kPlayerWindows{QStringLiteral("MpegForm"), QStringLiteral("FlashP"),
+                                 QStringLiteral("FlashQ"), QStringLiteral("FrmBrowser")};
+
+double numberOf(const core::ConfigStore& config, const char* key)
+{
+    return config.readNumber(QString::fromLatin1(key));
+}
+
+// Events may bring the end of the program; the load goes on all the same and the end comes after
+// it.
+void letEventsRun()
+{
+    static_cast<void>(platform::pump());
+}
+
+} // namespace
+
+void Form1::load()
+{
+    MaximizedToggle = true;
+    core::state().FirstActivate = true;
+    core::state().BrowserShown = true;
+    m_dir2 = platform::appPath();
+    letEventsRun();
+    m_viewer->setBorderStyle(kBorderOfViewer);
+    letEventsRun();
+    if (platform::desktop().bitsPerPixel() < kGoodDepth) {
+        platform::dialogs().showMessage(
+            QStringLiteral("All will work better and faster on 32bpp color depth."),
+            core::kProgramName, platform::BoxIcon::Information);
+    }
+    letEventsRun();
+    m_viewerExtent = kFirstViewerPlace;
+    if (m_viewer->PanViewVisible()) {
+        setChecks("optView", 0, nullptr, 0, true);
+    }
+    if (m_viewer->MouseScrolling()) {
+        setChecks("optView", 13, "CmdRightView", 7, true);
+    }
+    setChecks("optView", 12, "CmdRightView", 6, m_viewer->ScrollBars() == 0);
+    setChecks("optTools", 4, "optTools", 5, true);
+    m_viewer->Refresh();
+    m_viewer->PanViewRefresh();
+    prepareLists();
+    letEventsRun();
+    core::ConfigStore& config = *core::services().config;
+    if (const auto colour = config.readColour(QStringLiteral("EditorColor"))) {
+        m_viewer->setBackColor(*colour);
+    }
+    startAnimation();
+    writePresenceMarker();
+    // The switch inverts what stands here, so the stored state is what the window ends up in.
+    m_bestFitToggle = numberOf(config, "BestFit") == 0;
+    toggleBestFit();
+    letEventsRun();
+    core::windows().unload(QStringLiteral("frmWelcome"));
+}
+
+void Form1::prepareLists()
+{
+    refillListMenus();
+    m_xiala->setRecentPaths(files::readPaths(files::kRecentPaths, *core::services().config));
+}
+
+void Form1::startAnimation()
+{
+    m_avi = std::make_unique<Avi>();
+    m_avi->Create(platform::appFile(QStringLiteral("Images/AviMovie.avi")), m_aviHost, 0, 0,
+                  m_aviHost->width(), m_aviHost->height());
+    m_avi->AnimatePlay();
+}
+
+void Form1::writePresenceMarker()
+{
+    platform::setRegistryValue(kMarkerKey, kMarkerName, QStringLiteral("1"));
+}
+
+void Form1::SetLoad()
+{
+    const core::ConfigStore& config = *core::services().config;
+    core::state().BrowserShown = numberOf(config, "ObcBrowse") == 0;
+    OCbrowse();
+    setChecks("optView", 11, nullptr, 0, numberOf(config, "Panview") != 0);
+    Smallfrm();
+    setChecks("optView", 12, nullptr, 0, numberOf(config, "Scrollshow") != 0);
+    Scrollshow();
+    setChecks("optView", 15, nullptr, 0, numberOf(config, "fastZoomshow") != 0);
+    fastZoomshow();
+}
+
+void Form1::becameActive()
+{
+    core::state().FlashPActive = false;
+    if (!core::state().FirstActivate) {
+        return;
+    }
+    Np(m_dir2);
+    core::state().CurrentFolder = m_dir2;
+    core::state().FirstActivate = false;
+}
+
+void Form1::exitProgram()
+{
+    core::windows().unloadAll(kPlayerWindows);
+    m_viewer->PanViewHide();
+    unload();
+}
+
+void Form1::unload()
+{
+    if (m_unloaded) {
+        return;
+    }
+    m_unloaded = true;
+    platform::beginClosing();
+    platform::folderTree().close();
+    platform::setPointer(platform::Pointer::HourGlass);
+    m_pipeline->stop_slideshow();
+    m_viewer->PanViewHide();
+    core::windows().unloadAll(kUnloadOrder);
+    if (core::services().stopPlayer) {
+        core::services().stopPlayer();
+    }
+    platform::removeFilesIn(platform::appFile(QStringLiteral("openTemp")));
+    platform::deleteRegistryValue(kMarkerKey, kMarkerName);
+    removeWorkingFiles();
+    platform::setPointer(platform::Pointer::Default);
+}
+
+void Form1::removeWorkingFiles()
+{
+    for (const char* name : {"Frametemp.bmp", "temp.bmp", "Temp2.bmp"}) {
+        platform::removeFile(platform::appFile(QString::fromLatin1(name)));
+    }
+}
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    unload();
+    event->accept();
+}
+
+void Form1::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
+    const QPoint angle = event->angleDelta();
+    if (angle.y() == 0 && angle.x() != 0) {
+        return; // sideways wheels don't step
+    }
+    m_wheelRest += angle.y();
+    if (angle.y() != 0 && std::abs(m_wheelRest) < kWheelStep) {
+        return;
+    }
+    const bool towardsUser = m_wheelRest < 0;
+    m_wheelRest = 0;
+    if (core::state().FlashPActive) {
+        QWidget* const flash = core::windows().find(QStringLiteral("FlashP"));
+        if (auto* player = dynamic_cast<core::PlayerWindow*>(flash)) {
+            player->wheelStep(kFlashWheelCode);
+        }
+        return;
+    }
+    if (towardsUser) {
+        nextpic();
+    } else {
+        prevpic();
+    }
+}
+
+void Form1::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        resizeForm();
+    }
+}

@@ -1,0 +1,140 @@
+#include "shell/menus.h"
+
+#include "shell/command_table.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenuBar>
+
+namespace shell {
+
+namespace {
+
+// Background of the bar and of all menus, whatever theme the desktop has.
+constexpr QRgb kMenuBackground = 0xFFE0E0E0;
+constexpr QRgb kMenuText = 0xFF000000;
+constexpr QRgb kDisabledText = 0xFF808080;
+constexpr QRgb kChosenBackground = 0xFF2F6FB3;
+constexpr QRgb kChosenText = 0xFFFFFFFF;
+
+QString keyOf(const QString& array, int index)
+{
+    return index == kNoIndex ? array : array + QLatin1Char('_') + QString::number(index);
+}
+
+QPalette menuPalette(QPalette palette)
+{
+    for (const QPalette::ColorGroup group :
+         {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QRgb text = group == QPalette::Disabled ? kDisabledText : kMenuText;
+        for (const QPalette::ColorRole role :
+             {QPalette::Window, QPalette::Base, QPalette::Button}) {
+            palette.setColor(group, role, QColor(kMenuBackground));
+        }
+        for (const QPalette::ColorRole role :
+             {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+            palette.setColor(group, role, QColor(text));
+        }
+        palette.setColor(group, QPalette::Highlight, QColor(kChosenBackground));
+        palette.setColor(group, QPalette::HighlightedText, QColor(kChosenText));
+    }
+    return palette;
+}
+
+} // namespace
+
+Menus::Menus(QWidget& owner, Trigger trigger)
+    : m_bar(new QMenuBar(&owner))
+{
+    m_bar->setNativeMenuBar(false);
+    m_bar->setObjectName(QString::fromLatin1(kMenuBar));
+    m_bar->setAccessibleName(QStringLiteral("Menu"));
+    colour(m_bar);
+    for (const MenuRow& row : menuRows()) {
+        const QString menuName = QString::fromLatin1(row.menu);
+        const QString caption = QString::fromLatin1(row.caption);
+        auto* action = new QAction(&owner);
+        if (caption == QLatin1StringView(kSeparator)) {
+            action->setSeparator(true);
+        } else {
+            action->setText(caption);
+        }
+        action->setCheckable(row.check == Check::Toggles);
+        if (row.opens != nullptr) {
+            action->setMenu(makeMenu(owner, QString::fromLatin1(row.opens)));
+        }
+        if (row.keyText != nullptr) {
+            // Shown beside the caption only: the keys belong to the viewer, and a shortcut of a
+            // menu's own context never fires.
+            action->setShortcut(QKeySequence(QString::fromLatin1(row.keyText)));
+            action->setShortcutContext(Qt::WidgetShortcut);
+        }
+        if (row.run != nullptr) {
+            QObject::connect(action, &QAction::triggered, &owner,
+                             [&row, action, trigger](bool checked) {
+                                 // The command itself decides what is checked.
+                                 if (action->isCheckable()) {
+                                     action->setChecked(!checked);
+                                 }
+                                 trigger(row);
+                             });
+        }
+        const QString name = keyOf(QString::fromLatin1(row.array), row.index);
+        action->setObjectName(name);
+        m_entries.insert(name, action);
+        if (menuName == QLatin1StringView(kMenuBar)) {
+            m_bar->addAction(action);
+        } else {
+            makeMenu(owner, menuName)->addAction(action);
+        }
+    }
+}
+
+QAction* Menus::entry(const QString& array, int index) const
+{
+    return m_entries.value(keyOf(array, index));
+}
+
+void Menus::setListEntries(const QString& menuName, const QString& array, int firstIndex,
+                           const QStringList& captions, Chosen chosen)
+{
+    QMenu* const target = menu(menuName);
+    for (QAction* old : std::as_const(m_listEntries[array])) {
+        m_entries.remove(old->objectName());
+        target->removeAction(old);
+        old->deleteLater();
+    }
+    m_listEntries[array].clear();
+    for (qsizetype i = 0; i < captions.size(); ++i) {
+        const int index = firstIndex + static_cast<int>(i);
+        // A name may hold the mark of access keys.
+        QString caption = captions.at(i);
+        caption.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        auto* action = new QAction(caption, target);
+        action->setObjectName(keyOf(array, index));
+        QObject::connect(action, &QAction::triggered, target, [chosen, index] { chosen(index); });
+        target->addAction(action);
+        m_listEntries[array].append(action);
+        m_entries.insert(action->objectName(), action);
+    }
+}
+
+QMenu* Menus::makeMenu(QWidget& owner, const QString& name)
+{
+    QMenu*& menu = m_menus[name];
+    if (menu == nullptr) {
+        menu = new QMenu(&owner);
+        menu->setObjectName(QStringLiteral("menu_") + name);
+        menu->setAccessibleName(name);
+        colour(menu);
+    }
+    return menu;
+}
+
+void Menus::colour(QWidget* widget) const
+{
+    widget->setPalette(menuPalette(widget->palette()));
+    widget->setAutoFillBackground(true);
+}
+
+} // namespace shell

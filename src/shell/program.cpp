@@ -1,0 +1,138 @@
+#include "shell/program.h"
+
+#include "core/constants.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "platform/folder_tree.h"
+#include "platform/paths.h"
+#include "platform/pump.h"
+#include "platform/single_instance.h"
+#include "shell/config_store.h"
+#include "shell/main_window.h"
+#include "shell/message_window.h"
+#include "shell/picture_window.h"
+#include "shell/screenshot_request.h"
+#include "shell/start_folder.h"
+#include "thumbs/browser_pane.h"
+#include "viewer/zoom_tool_window.h"
+
+#include <QApplication>
+#include <QIcon>
+
+namespace shell {
+
+namespace {
+
+const QString kWelcome = QStringLiteral("frmWelcome");
+const QString kMain = QStringLiteral("Form1");
+const QString kPane = QStringLiteral("frmThumbnaillist");
+
+Form1* mainWindow()
+{
+    return qobject_cast<Form1*>(core::windows().find(kMain));
+}
+
+frmThumbnaillist* pane()
+{
+    return qobject_cast<frmThumbnaillist*>(core::windows().find(kPane));
+}
+
+QWidget* parentWindow()
+{
+    return core::services().mainWindow != nullptr ? core::services().mainWindow->window() : nullptr;
+}
+
+void tell(const StepWatcher& watcher, const char* step)
+{
+    if (watcher) {
+        watcher(QString::fromLatin1(step));
+    }
+}
+
+void letEventsRun()
+{
+    static_cast<void>(platform::pump());
+}
+
+void openFolderTree(const StepWatcher& watcher)
+{
+    frmThumbnaillist* browser = pane();
+    if (browser == nullptr || platform::isClosing()) {
+        return;
+    }
+    const QString folder = startFolder(*core::services().config);
+    browser->setStartFolder(folder);
+    tell(watcher, "folder tree opened");
+    platform::folderTree().open(browser->treeHost(), folder, [](const QString& selected) {
+        if (frmThumbnaillist* open = pane()) {
+            open->treeSelected(selected);
+        }
+    });
+}
+
+} // namespace
+
+void registerWindows()
+{
+    core::WindowRegistry& windows = core::windows();
+    windows.add(kWelcome, [] { return makeWelcomeWindow(); });
+    windows.add(kMain, [] { return new Form1; });
+    windows.add(kPane, [] { return new frmThumbnaillist(parentWindow()); });
+    windows.add(QStringLiteral("frmAbout"), [] { return makeAboutWindow(parentWindow()); });
+    windows.add(QStringLiteral("frmMsg"), [] { return new frmMsgWindow(parentWindow()); });
+    windows.add(QStringLiteral("fastZoom"), [] { return new fastZoom(parentWindow()); });
+}
+
+void runProgram(const StepWatcher& watcher)
+{
+    static FileConfigStore config;
+    core::services().config = &config;
+    registerWindows();
+
+    if (QWidget* welcome = core::windows().show(kWelcome)) {
+        welcome->repaint();
+    }
+    tell(watcher, "welcome shown");
+    letEventsRun();
+    auto* form = qobject_cast<Form1*>(core::windows().load(kMain));
+    if (form == nullptr) {
+        return;
+    }
+    form->load();
+    tell(watcher, "main window loaded");
+    core::windows().show(kMain);
+    core::windows().show(kPane);
+    tell(watcher, "pane shown");
+    if (Form1* alive = mainWindow()) {
+        alive->watchPane(pane(), [] {
+            if (frmThumbnaillist* open = pane()) {
+                open->activated();
+            }
+        });
+        alive->SetLoad();
+        tell(watcher, "modes restored");
+    }
+    openFolderTree(watcher);
+    letEventsRun();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    core::services() = {};
+}
+
+int enterProgram(int argc, char** argv)
+{
+    platform::initialisePaths();
+    platform::SingleInstance instance;
+    if (!instance.acquire()) {
+        return 0;
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(core::kProgramName);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon(platform::appFile(QStringLiteral("Images/vistara.png"))));
+    const ScreenshotRequest screenshot;
+    runProgram();
+    return 0;
+}
+
+} // namespace shell

@@ -1,0 +1,123 @@
+#include "shell/status_bar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace shell {
+
+namespace {
+
+struct PanelShape {
+    const char* name;    // for screen readers
+    const char* longest; // the text that the panel must hold; null: shares the room that is left
+    int stretch;
+};
+
+constexpr std::array<PanelShape, 8> kShapes{{
+    {"File name", nullptr, 3},
+    {"Message", nullptr, 2},
+    {"Zoom", "      1500%  ", 0},
+    {"Free panel", nullptr, 0},
+    {"Free panel", nullptr, 0},
+    {"Picture width", "32767      Pixel  ", 0},
+    {"Picture height", "32767      Pixel  ", 0},
+    {"File size", "1023.99 Kb       ", 0},
+}};
+
+QColor qtColour(base::Colour colour)
+{
+    const base::Colour value = base::translated(colour);
+    return {static_cast<int>(base::redOf(value)), static_cast<int>(base::greenOf(value)),
+            static_cast<int>(base::blueOf(value))};
+}
+
+} // namespace
+
+PanelBar::PanelBar(QWidget* parent)
+    : QWidget(parent)
+{
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(6, 0, 6, 0);
+    row->setSpacing(0);
+    for (std::size_t i = 0; i < kShapes.size(); ++i) {
+        auto* label = new QLabel(this);
+        label->setTextFormat(Qt::PlainText);
+        label->setObjectName(QStringLiteral("StateBar_%1").arg(i + 1));
+        label->setAccessibleName(QString::fromLatin1(kShapes[i].name));
+        label->setTextInteractionFlags(Qt::NoTextInteraction);
+        label->setMinimumWidth(1);
+        if (kShapes[i].longest != nullptr) {
+            const QString longest = QString::fromLatin1(kShapes[i].longest);
+            label->setFixedWidth(label->fontMetrics().horizontalAdvance(longest));
+        }
+        const bool unused = kShapes[i].longest == nullptr && kShapes[i].stretch == 0;
+        label->setVisible(!unused);
+        row->addWidget(label, kShapes[i].stretch);
+        m_labels[i] = label;
+    }
+}
+
+void PanelBar::setPanel(core::Panel panel, const QString& text)
+{
+    const auto index = static_cast<std::size_t>(panel) - 1;
+    if (m_texts[index] == text) {
+        return;
+    }
+    m_texts[index] = text;
+    // Half of a pair can stand in a file name and has no picture; it is shown as a box.
+    m_labels[index]->setText(text);
+}
+
+QString PanelBar::panel(core::Panel panel) const
+{
+    return m_texts[static_cast<std::size_t>(panel) - 1];
+}
+
+FillStrip::FillStrip(QWidget* parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    hide();
+}
+
+void FillStrip::showStrip(bool visible)
+{
+    m_fraction = 0;
+    setVisible(visible);
+}
+
+void FillStrip::setBackground(base::Colour colour)
+{
+    if (m_background != colour) {
+        m_background = colour;
+        update();
+    }
+}
+
+void FillStrip::fill(double fraction, base::Colour colour)
+{
+    if (!std::isfinite(fraction)) {
+        return;
+    }
+    const double cut = std::clamp(fraction, 0.0, 1.0);
+    const bool sameWidth =
+        static_cast<int>(cut * width()) == static_cast<int>(m_fraction * width());
+    m_fraction = cut;
+    if (sameWidth && m_colour == colour) {
+        return;
+    }
+    m_colour = colour;
+    update();
+}
+
+void FillStrip::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), qtColour(m_background));
+    painter.fillRect(QRectF(0, 0, m_fraction * width(), height()), qtColour(m_colour));
+}
+
+} // namespace shell

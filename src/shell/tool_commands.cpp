@@ -1,0 +1,123 @@
+#include "shell/commands.h"
+
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "platform/desktop.h"
+#include "platform/paths.h"
+#include "shell/main_window.h"
+#include "viewer/display_pipeline.h"
+
+#include <QWidget>
+
+namespace shell::commands {
+
+namespace {
+
+constexpr bool kModal = true;
+constexpr bool kModeless = false;
+
+// The maker's pages.
+const QString kSite = QStringLiteral("https://vistara.invalid/");
+
+} // namespace
+
+void startSlideShow(Form1& form, int /*index*/)
+{
+    form.pipeline().setSlideToggle(true);
+    form.start_slideshow();
+}
+
+void stopSlideShow(Form1& form, int /*index*/)
+{
+    form.pipeline().setSlideToggle(false);
+    form.stop_slideshow();
+}
+
+void toggleSlideShow(Form1& form, int /*index*/)
+{
+    form.pipeline().toggleSlideShow();
+}
+
+void toggleBrowseMode(Form1& form, int /*index*/)
+{
+    form.OCbrowse();
+}
+
+void toggleMainToolbar(Form1& form, int /*index*/)
+{
+    form.setBandShown(1, !form.isBandShown(1));
+}
+
+void toggleRecentBar(Form1& form, int /*index*/)
+{
+    form.setBandShown(2, !form.isBandShown(2));
+}
+
+void setThumbnailSize(Form1& form, int index)
+{
+    form.ThumbNailSize(index);
+}
+
+void setThumbnailColours(Form1& form, int index)
+{
+    form.ThumbNailColor(index);
+}
+
+void setWallpaper(Form1& /*form*/, int index)
+{
+    if (!core::services().setWallpaper) {
+        return;
+    }
+    bool* const flags[] = {&core::state().WallCenter, &core::state().WallTile,
+                           &core::state().WallStretch};
+    *flags[index] = true;
+    core::services().setWallpaper();
+}
+
+void addFavourite(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("Favorties"), kModal);
+}
+
+void showFavourites(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("Favorties"), kModal);
+}
+
+void modifyFavourites(Form1& form, int /*index*/)
+{
+    if (QWidget* window = core::windows().load(QStringLiteral("FavortiesModi"))) {
+        window->setProperty("listMode", QStringLiteral("F"));
+    }
+    form.showWindow(QStringLiteral("FavortiesModi"), kModal);
+}
+
+void showHelp(Form1& /*form*/, int /*index*/)
+{
+    platform::desktop().openDocument(platform::appFile(QStringLiteral("HelpDocuments.chm")));
+}
+
+void openUpdatePage(Form1& /*form*/, int /*index*/)
+{
+    platform::desktop().openDocument(kSite + QStringLiteral("download.htm"));
+}
+
+void openSupportPage(Form1& /*form*/, int /*index*/)
+{
+    platform::desktop().openDocument(kSite + QStringLiteral("feedback.htm"));
+}
+
+void startLiveUpdate(Form1& /*form*/, int /*index*/)
+{
+    platform::desktop().startProgram(platform::appFile(QStringLiteral("LiveUpdate/LiveUpdate.exe")),
+                                     {});
+}
+
+void showAbout(Form1& form, int /*index*/)
+{
+    form.showWindow(QStringLiteral("frmAbout"), kModeless);
+}
+
+} // namespace shell::commands

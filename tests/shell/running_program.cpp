@@ -1,0 +1,134 @@
+#include "shell/running_program.h"
+
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "core/state.h"
+#include "platform/folder_tree.h"
+#include "platform/picture_saver.h"
+#include "platform/profile.h"
+#include "platform/pump.h"
+#include "shell/menus.h"
+#include "shell/program.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace {
+
+constexpr int kPatience = 20000; // milliseconds
+constexpr int kGlance = 5;
+
+const QString kSection = QStringLiteral("QUILLPOST");
+
+Form1* mainWindow()
+{
+    return qobject_cast<Form1*>(core::windows().find(QStringLiteral("Form1")));
+}
+
+} // namespace
+
+RunningProgram::RunningProgram()
+    : tree({{"pics/"}, {"app/Images/"}})
+    , m_dialogs(dialogs)
+    , m_desktop(desktop)
+{
+    const struct {
+        const char* name;
+        int width;
+        Qt::GlobalColor colour;
+    } pictures[] = {{"a.bmp", 40, Qt::red}, {"b.bmp", 50, Qt::green}, {"c.bmp", 60, Qt::blue}};
+    for (const auto& picture : pictures) {
+        QImage image(picture.width, 30, QImage::Format_RGB32);
+        image.fill(picture.colour);
+        EXPECT_TRUE(platform::savePicture(platform::Picture(image),
+                                          tree.path(std::string("pics/") + picture.name)));
+    }
+    config = {{QStringLiteral("SpeciFolder"), tree.path("pics")},
+              {QStringLiteral("ObcBrowse"), QStringLiteral("1")},
+              {QStringLiteral("Panview"), QStringLiteral("1")},
+              {QStringLiteral("Scrollshow"), QStringLiteral("0")},
+              {QStringLiteral("fastZoomshow"), QStringLiteral("1")}};
+    desktop.area = QRect(0, 0, 1600, 900);
+}
+
+RunningProgram::~RunningProgram()
+{
+    core::windows().onUnload({});
+    platform::resetClosing();
+    core::state() = {};
+}
+
+void RunningProgram::run(const std::function<void(Form1&)>& script)
+{
+    for (const auto& [key, value] : config) {
+        EXPECT_TRUE(platform::writeProfile(tree.path("app/config.ini"), kSection, key, value));
+    }
+    core::state() = {};
+    platform::resetClosing();
+    core::windows().onUnload([this](const QString& name) { unloaded.append(name); });
+    bool scriptRan = false;
+    QTimer poll;
+    QElapsedTimer waited;
+    waited.start();
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        Form1* form = mainWindow();
+        const core::BrowserPane* pane = core::services().browserPane;
+        const bool ready = form != nullptr && platform::folderTree().isOpen() && pane != nullptr &&
+                           (pane->isFirstFolderShown() || !core::state().BrowserShown);
+        if (!ready && waited.elapsed() < kPatience) {
+            return;
+        }
+        poll.stop();
+        if (ready) {
+            scriptRan = true;
+            script(*form);
+        }
+        if (Form1* open = mainWindow()) {
+            open->close();
+        }
+    });
+    poll.start(kGlance);
+    shell::runProgram([this](const QString& step) { steps.append(step); });
+    EXPECT_TRUE(scriptRan) << "the program never came up";
+}
+
+QString RunningProgram::stored(const char* key) const
+{
+    return platform::readProfile(tree.path("app/config.ini"), kSection, QString::fromLatin1(key),
+                                 QStringLiteral("ERROR"));
+}
+
+QString RunningProgram::picture(const char* name) const
+{
+    return tree.path(std::string("pics/") + name);
+}
+
+bool RunningProgram::waitFor(const std::function<bool()>& condition)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.elapsed() > kPatience) {
+            return false;
+        }
+        QApplication::processEvents(QEventLoop::AllEvents, kGlance);
+    }
+    return true;
+}
+
+platform::FileList& RunningProgram::File1()
+{
+    return core::services().browserPane->File1();
+}
+
+QAction& RunningProgram::entry(Form1& form, const char* array, int index)
+{
+    return *form.menus().entry(QString::fromLatin1(array), index);
+}
+
+void RunningProgram::trigger(Form1& form, const char* array, int index)
+{
+    entry(form, array, index).trigger();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "core/window_registry.h"
+#include "platform/fake_desktop.h"
+#include "platform/fake_dialogs.h"
+#include "platform/file_list.h"
+#include "shell/main_window.h"
+#include "support/temp_tree.h"
+
+#include <QStringList>
+#include <functional>
+#include <map>
+
+// The whole program in the process of a test, with a home of its own and scripted dialogs.
+class RunningProgram {
+public:
+    RunningProgram();
+    ~RunningProgram();
+
+    // What config.ini holds at the start; without any key there is no file.
+    std::map<QString, QString> config;
+
+    // Runs the program. Once its folder tree is open and the first folder is shown, the script
+    // runs; then the main window closes, unless the script has done so.
+    void run(const std::function<void(Form1&)>& script);
+
+    [[nodiscard]] QString stored(const char* key) const;
+    [[nodiscard]] QString picture(const char* name) const;
+
+    // Lets events run for a while, until the condition holds; false when it never does.
+    static bool waitFor(const std::function<bool()>& condition);
+
+    static platform::FileList& File1();
+    static QAction& entry(Form1& form, const char* array, int index);
+    static void trigger(Form1& form, const char* array, int index);
+
+    support::TempTree tree;
+    platform::FakeDialogs dialogs;
+    platform::FakeDesktop desktop;
+    QStringList steps;    // of starting, as the program tells them
+    QStringList unloaded; // windows, in order
+
+private:
+    platform::ScopedDialogs m_dialogs;
+    platform::ScopedDesktop m_desktop;
+};
