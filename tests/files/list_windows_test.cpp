@@ -1,0 +1,119 @@
+#include "files/favourite_window.h"
+#include "files/favourites_editor_window.h"
+#include "platform/fake_dialogs.h"
+#include "support/fake_main_window.h"
+#include "support/temp_tree.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+class ListWindowsTest : public testing::Test {
+protected:
+    ListWindowsTest()
+    {
+        core::services().config = &config;
+        main.xiala = QStringLiteral("/p/sea.bmp");
+    }
+    ~ListWindowsTest() override { core::services().config = nullptr; }
+
+    static void click(QWidget& window, const char* name)
+    {
+        window.findChild<QPushButton*>(QString::fromLatin1(name))->click();
+    }
+
+    [[nodiscard]] static QByteArray favourites()
+    {
+        return platform::readFile(platform::appFile(files::kFavourites.fileName)).value_or("");
+    }
+
+    support::TempTree tree;
+    support::MemoryConfigStore config;
+    support::FakeMainWindow main;
+};
+
+} // namespace
+
+TEST_F(ListWindowsTest, AddsAFavouriteUnderANameOrUnderItsPath)
+{
+    Favorties named(nullptr);
+    named.findChild<QLineEdit*>(QStringLiteral("Newname"))->setText(QStringLiteral("Sea"));
+    named.show();
+    click(named, "Addok");
+    EXPECT_FALSE(named.isVisible());
+    EXPECT_EQ(favourites(), "Sea#/p/sea.bmp;");
+    EXPECT_TRUE(main.log.contains(QStringLiteral("refillListMenus")));
+
+    Favorties unnamed(nullptr);
+    unnamed.findChild<QRadioButton*>(QStringLiteral("Option2"))->setChecked(true);
+    click(unnamed, "Addok");
+    EXPECT_EQ(favourites(), "Sea#/p/sea.bmp;/p/sea.bmp#/p/sea.bmp;");
+    EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("2"));
+}
+
+TEST_F(ListWindowsTest, AddsNothingOnCancel)
+{
+    Favorties window(nullptr);
+    window.show();
+    click(window, "AddCancel");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(favourites(), "");
+}
+
+TEST_F(ListWindowsTest, DeletesTheSelectedEntryFromListsFileAndMenu)
+{
+    addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/1")}, config);
+    addNamed(files::kFavourites, {QStringLiteral("b"), QStringLiteral("/2")}, config);
+    FavortiesModi window(nullptr);
+    auto* names = window.findChild<QListWidget*>(QStringLiteral("List1"));
+    auto* paths = window.findChild<QListWidget*>(QStringLiteral("lstdata"));
+    ASSERT_EQ(names->count(), 2);
+    click(window, "chameleonButton1"); // nothing is selected
+    EXPECT_EQ(names->count(), 2);
+    names->setCurrentRow(0);
+    click(window, "chameleonButton1");
+    EXPECT_EQ(names->count(), 1);
+    EXPECT_EQ(paths->item(0)->text(), QStringLiteral("/2"));
+    EXPECT_EQ(favourites(), "b#/2;");
+    EXPECT_EQ(main.log.count(QStringLiteral("refillListMenus")), 1);
+}
+
+TEST_F(ListWindowsTest, AsksForANewName)
+{
+    addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/a")}, config);
+    FavortiesModi window(nullptr);
+    window.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(0);
+    platform::FakeDialogs dialogs;
+    const platform::ScopedDialogs inPlace(dialogs);
+    dialogs.textAnswers.push_back(QStringLiteral("Shore"));
+    click(window, "Renname");
+    ASSERT_EQ(dialogs.textRequests.size(), 1U);
+    EXPECT_EQ(dialogs.textRequests[0].label, QStringLiteral("Name: "));
+    EXPECT_EQ(dialogs.textRequests[0].title, QStringLiteral("Renname Favortie"));
+    EXPECT_EQ(favourites(), "Shore#/a;");
+}
+
+TEST_F(ListWindowsTest, TitlesTheWindowByItsMode)
+{
+    addNamed(files::kEditors, {QStringLiteral("Paint"), QStringLiteral("/bin/paint")}, config);
+    FavortiesModi window(nullptr);
+    window.setProperty("listMode", QStringLiteral("F"));
+    EXPECT_EQ(window.windowTitle(), QString());
+    window.setProperty("listMode", QStringLiteral("T"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Modifty Switch"));
+    EXPECT_EQ(window.findChild<QListWidget*>(QStringLiteral("List1"))->count(), 1);
+}
+
+TEST_F(ListWindowsTest, ReadsTheListAgainOnEachActivation)
+{
+    FavortiesModi window(nullptr);
+    addNamed(files::kFavourites, {QStringLiteral("late"), QStringLiteral("/1")}, config);
+    QEvent activation(QEvent::WindowActivate);
+    QApplication::sendEvent(&window, &activation);
+    EXPECT_EQ(window.findChild<QListWidget*>(QStringLiteral("List1"))->count(), 1);
+}

@@ -1,0 +1,174 @@
+#include "files/routing.h"
+
+#include "core/player_window.h"
+#include "core/state.h"
+#include "core/window_registry.h"
+#include "platform/picture_saver.h"
+#include "platform/pointer.h"
+#include "support/fake_main_window.h"
+#include "support/temp_tree.h"
+
+#include <QWidget>
+#include <gtest/gtest.h>
+
+namespace {
+
+const QString kBlanks = QStringLiteral("     ");
+
+class FakePlayer : public QWidget, public core::PlayerWindow {
+public:
+    FakePlayer(QStringList& log, QString name)
+        : m_log(log)
+        , m_name(std::move(name))
+    {
+    }
+    void openPath(const QString& path) override
+    {
+        m_log.append(m_name + QStringLiteral(" opens ") + path);
+    }
+
+private:
+    QStringList& m_log;
+    QString m_name;
+};
+
+class RoutingTest : public testing::Test {
+protected:
+    RoutingTest()
+    {
+        QImage image(20, 10, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        EXPECT_TRUE(platform::savePicture(platform::Picture(image), tree.path("pics/red.bmp")));
+        EXPECT_TRUE(platform::savePicture(platform::Picture(image), tree.path("pics/red.jpg")));
+    }
+
+    void addPlayer(const char* name)
+    {
+        const QString window = QString::fromLatin1(name);
+        core::windows().add(window, [this, window] { return new FakePlayer(main.log, window); });
+    }
+
+    void TearDown() override
+    {
+        for (const char* name : {"FlashP", "MpegForm", "FrmBrowser"}) {
+            core::windows().unload(QString::fromLatin1(name));
+            core::windows().add(QString::fromLatin1(name), [] { return nullptr; });
+        }
+        core::state().BrowserOpen = false;
+    }
+
+    support::TempTree tree{{"pics/"},
+                           {"pics/text.png", "no picture"},
+                           {"pics/a.psd", "12345"},
+                           {"pics/x.iff", "FORM"},
+                           {"pics/m.avi", "RIFF"}};
+    support::FakeMainWindow main;
+};
+
+} // namespace
+
+TEST_F(RoutingTest, LoadsAPictureAndTellsNameAndSize)
+{
+    files::goEnter(main, tree.path("pics/red.bmp"));
+    EXPECT_EQ(main.log, QStringList{QStringLiteral("viewer picture 20x10")});
+    EXPECT_EQ(main.statusBar.panel(core::Panel::FileName), QStringLiteral("red.bmp") + kBlanks);
+    EXPECT_EQ(main.statusBar.panel(core::Panel::FileSize), QStringLiteral("654 Bytes") + kBlanks);
+    EXPECT_EQ(main.statusBar.panel(core::Panel::Width), QString());
+}
+
+TEST_F(RoutingTest, LoadsByContentWhateverTheName)
+{
+    files::goEnter(main, tree.path("pics/red.jpg"));
+    EXPECT_EQ(main.log, QStringList{QStringLiteral("viewer picture 20x10")});
+}
+
+TEST_F(RoutingTest, KeepsTheOldPictureWhenAFileIsNone)
+{
+    for (const char* name : {"pics/text.png", "pics/x.iff"}) {
+        main.log.clear();
+        files::goEnter(main, tree.path(name));
+        EXPECT_TRUE(main.log.isEmpty()) << name;
+        EXPECT_EQ(main.statusBar.panel(core::Panel::FileName),
+                  platform::fileNameOf(tree.path(name)) + kBlanks);
+    }
+    EXPECT_EQ(main.statusBar.panel(core::Panel::FileSize), QStringLiteral("4 Bytes") + kBlanks);
+}
+
+TEST_F(RoutingTest, SendsOwnFormatsToTheDecoders)
+{
+    const QString path = tree.path("pics/a.psd");
+    files::goEnter(main, path);
+    EXPECT_EQ(main.log, QStringList{QStringLiteral("openPsd ") + path});
+    main.log.clear();
+    files::clickXiala(main, path);
+    EXPECT_EQ(main.log,
+              (QStringList{QStringLiteral("viewer emptied"), QStringLiteral("openPsd ") + path}));
+}
+
+TEST_F(RoutingTest, PassesOverAMissingFile)
+{
+    main.statusBar.setPanel(core::Panel::FileSize, QStringLiteral("before"));
+    files::goEnter(main, tree.path("pics/none.bmp"));
+    EXPECT_TRUE(main.log.isEmpty());
+    EXPECT_EQ(main.statusBar.panel(core::Panel::FileSize), QStringLiteral("before"));
+    EXPECT_EQ(main.statusBar.panel(core::Panel::FileName), QStringLiteral("none.bmp") + kBlanks);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(RoutingTest, OpensFlashFilesAndWritesTheField)
+{
+    addPlayer("FlashP");
+    const QString path = QStringLiteral("/p/film.swf");
+    files::goEnter(main, path);
+    EXPECT_EQ(main.log, QStringList{QStringLiteral("FlashP opens ") + path});
+    EXPECT_TRUE(core::windows().find(QStringLiteral("FlashP"))->isVisible());
+    EXPECT_EQ(main.xiala, path);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(RoutingTest, OpensMediaAndTellsTheFacts)
+{
+    addPlayer("MpegForm");
+    const QString path = tree.path("pics/m.avi");
+    main.image1.resize(30, 40);
+    files::goEnter(main, path);
+    EXPECT_EQ(main.log, QStringList{QStringLiteral("MpegForm opens ") + path});
+    EXPECT_TRUE(core::windows().find(QStringLiteral("MpegForm"))->isVisible());
+    EXPECT_EQ(main.xiala, path);
+    EXPECT_EQ(main.statusBar.panel(core::Panel::FileName), QStringLiteral("m.avi") + kBlanks);
+    EXPECT_EQ(main.statusBar.panel(core::Panel::Width), QStringLiteral("30 Pixel"));
+    EXPECT_EQ(main.statusBar.panel(core::Panel::Height), QStringLiteral("40 Pixel"));
+}
+
+TEST_F(RoutingTest, MakesTheWebWindowAnewForASecondPage)
+{
+    addPlayer("FrmBrowser");
+    files::goEnter(main, QStringLiteral("/p/a.htm"));
+    const QPointer<QWidget> first = core::windows().find(QStringLiteral("FrmBrowser"));
+    core::state().BrowserOpen = true;
+    files::goEnter(main, QStringLiteral("/p/b.html"));
+    EXPECT_NE(core::windows().find(QStringLiteral("FrmBrowser")), first);
+    EXPECT_EQ(main.log, (QStringList{QStringLiteral("FrmBrowser opens /p/a.htm"),
+                                     QStringLiteral("FrmBrowser opens /p/b.html")}));
+}
+
+TEST_F(RoutingTest, EndsQuietlyWhereAPlayerIsMissing)
+{
+    for (const char* path : {"/p/a.swf", "/p/a.avi", "/p/a.htm"}) {
+        files::goEnter(main, QString::fromLatin1(path));
+        EXPECT_EQ(main.xiala, QString::fromLatin1(path));
+    }
+    EXPECT_TRUE(main.log.isEmpty());
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(RoutingTest, TriesTheLoaderForEverythingElseAndRemembersTheFile)
+{
+    const QString path = tree.path("pics/red.bmp");
+    files::routePath(main, path);
+    EXPECT_EQ(main.log, QStringList{QStringLiteral("viewer picture 20x10")});
+    EXPECT_EQ(core::state().CurrentFile, path);
+    EXPECT_EQ(main.xiala, path);
+    files::goEnter(main, QStringLiteral("/p/a.vod"));
+    EXPECT_EQ(main.xiala, QStringLiteral("/p/a.vod"));
+}

@@ -1,0 +1,135 @@
+#include "files/text_list.h"
+#include "support/fake_main_window.h"
+#include "support/temp_tree.h"
+
+#include <gtest/gtest.h>
+
+using files::NamedPath;
+
+namespace {
+
+class TextListTest : public testing::Test {
+protected:
+    [[nodiscard]] QByteArray bytesOf(const files::TextList& list) const
+    {
+        return platform::readFile(platform::appFile(list.fileName)).value_or("missing");
+    }
+
+    void store(const files::TextList& list, const QByteArray& bytes, const char* count)
+    {
+        ASSERT_TRUE(platform::writeFileWhole(platform::appFile(list.fileName), bytes));
+        config.values[list.countKey] = QString::fromLatin1(count);
+    }
+
+    support::TempTree tree;
+    support::MemoryConfigStore config;
+};
+
+const NamedPath kFirst{QStringLiteral("n1"), QStringLiteral("p1")};
+const NamedPath kSecond{QStringLiteral("n2"), QStringLiteral("p2")};
+
+} // namespace
+
+TEST_F(TextListTest, AppendsRecordsInOneLine)
+{
+    addNamed(files::kFavourites, kFirst, config);
+    addNamed(files::kFavourites, kSecond, config);
+    EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;n2#p2;");
+    EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("2"));
+    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, kSecond}));
+}
+
+TEST_F(TextListTest, CountsOnFromTheLeadingDigits)
+{
+    config.values[QStringLiteral("Xno")] = QStringLiteral("3 items");
+    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("4"));
+    config.values[QStringLiteral("Xno")] = QStringLiteral("x");
+    addPath(files::kRecentPaths, QStringLiteral("/b"), config);
+    EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("1"));
+}
+
+TEST_F(TextListTest, BelievesTheCountNotTheFile)
+{
+    store(files::kFavourites, "n1#p1;n2#p2;", "3");
+    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, kSecond, NamedPath{}}));
+    config.values[QStringLiteral("No")] = QStringLiteral("1");
+    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst}));
+    config.values[QStringLiteral("No")] = QStringLiteral("0");
+    EXPECT_TRUE(readNamed(files::kFavourites, config).empty());
+    config.values[QStringLiteral("No")] = QStringLiteral("-4");
+    EXPECT_TRUE(readNamed(files::kFavourites, config).empty());
+}
+
+TEST_F(TextListTest, ShowsNothingWithoutAFile)
+{
+    config.values[QStringLiteral("No")] = QStringLiteral("5");
+    config.values[QStringLiteral("Xno")] = QStringLiteral("5");
+    EXPECT_TRUE(readNamed(files::kFavourites, config).empty());
+    EXPECT_TRUE(readPaths(files::kRecentPaths, config).isEmpty());
+}
+
+TEST_F(TextListTest, DeletesEveryCopyOfARecordButCountsOne)
+{
+    store(files::kFavourites, "n1#p1;n2#p2;n1#p1;", "3");
+    deleteOne(files::kFavourites, kFirst, config);
+    EXPECT_EQ(bytesOf(files::kFavourites), "n2#p2;");
+    EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("2"));
+    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kSecond, NamedPath{}}));
+}
+
+TEST_F(TextListTest, RenamesOneRecordAndNoOtherText)
+{
+    store(files::kFavourites, "a#/a/banana;banana#/x/a;", "2");
+    renameEntry(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/a/banana")},
+                QStringLiteral("fruit"));
+    EXPECT_EQ(bytesOf(files::kFavourites), "fruit#/a/banana;banana#/x/a;");
+}
+
+TEST_F(TextListTest, ReplacesAPathEverywhere)
+{
+    store(files::kFavourites, "a#/p/x.bmp;b#/p/x.bmp;", "2");
+    replaceText(files::kFavourites, QStringLiteral("/p/x.bmp"), QStringLiteral("/p/y.bmp"));
+    EXPECT_EQ(bytesOf(files::kFavourites), "a#/p/y.bmp;b#/p/y.bmp;");
+    replaceText(files::kFavourites, QString(), QStringLiteral("z"));
+    EXPECT_EQ(bytesOf(files::kFavourites), "a#/p/y.bmp;b#/p/y.bmp;");
+}
+
+TEST_F(TextListTest, KeepsTheOldestRecentPathFirstAndEveryRepeat)
+{
+    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    addPath(files::kRecentPaths, QStringLiteral("/b"), config);
+    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    EXPECT_EQ(bytesOf(files::kRecentPaths), "/a;/b;/a;");
+    EXPECT_EQ(readPaths(files::kRecentPaths, config),
+              (QStringList{QStringLiteral("/a"), QStringLiteral("/b"), QStringLiteral("/a")}));
+}
+
+TEST_F(TextListTest, KeepsNamesOfEveryLanguageAndBytesThatAreNone)
+{
+    const QString name = QStringLiteral("Ärger 写真");
+    const QString odd = platform::fromNative("/p/\xff\xfe.bmp");
+    addNamed(files::kEditors, {name, odd}, config);
+    EXPECT_EQ(bytesOf(files::kEditors), QByteArray("Ärger 写真#/p/\xff\xfe.bmp;"));
+    EXPECT_EQ(readNamed(files::kEditors, config), (std::vector{NamedPath{name, odd}}));
+}
+
+TEST_F(TextListTest, ReadsDamagedFilesWithoutHarm)
+{
+    store(files::kFavourites, QByteArray("no marks at all\0###;;;", 22), "4");
+    const auto entries = readNamed(files::kFavourites, config);
+    ASSERT_EQ(entries.size(), 4U);
+    EXPECT_EQ(entries[3], NamedPath{});
+    store(files::kRecentPaths, QByteArray(100000, ';'), "1e9");
+    EXPECT_EQ(readPaths(files::kRecentPaths, config).size(), 100000);
+    store(files::kRecentPaths, "first;\nsecond;", "2");
+    EXPECT_EQ(readPaths(files::kRecentPaths, config),
+              (QStringList{QStringLiteral("first"), QString()}));
+}
+
+TEST_F(TextListTest, EmptiesAListByWritingItAnew)
+{
+    store(files::kRecentPaths, "/a;", "1");
+    rewrite(files::kRecentPaths, QString());
+    EXPECT_EQ(bytesOf(files::kRecentPaths), "");
+}
