@@ -1,0 +1,124 @@
+#include "files/favourites_editor_window.h"
+
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "files/list_window_parts.h"
+#include "platform/dialogs.h"
+#include "widgets/title_strip.h"
+
+#include <QDynamicPropertyChangeEvent>
+#include <QListWidget>
+#include <QPushButton>
+
+namespace {
+
+const QString kEditorsMode = QStringLiteral("T");
+const QString kEditorsTitle = QStringLiteral("Modifty Switch");
+constexpr QSize kListSize{320, 220}; // pixels
+
+} // namespace
+
+FavortiesModi::FavortiesModi(QWidget* parent)
+    : QWidget(parent, Qt::Dialog | Qt::FramelessWindowHint)
+{
+    setObjectName(QStringLiteral("FavortiesModi"));
+    QVBoxLayout* column = files::addTitledColumn(*this, QString());
+    m_title = findChild<widgets::TitleStrip*>();
+    m_names = new QListWidget(this);
+    m_names->setObjectName(QStringLiteral("List1"));
+    m_names->setAccessibleName(QStringLiteral("Entries"));
+    m_names->setMinimumSize(kListSize);
+    column->addWidget(m_names);
+    m_paths = new QListWidget(this);
+    m_paths->setObjectName(QStringLiteral("lstdata"));
+    m_paths->setAccessibleName(QStringLiteral("Paths of the entries"));
+    m_paths->hide();
+
+    QPushButton* remove =
+        files::makeButton(*this, QStringLiteral("chameleonButton1"), QStringLiteral("&Delete"));
+    QPushButton* rename =
+        files::makeButton(*this, QStringLiteral("Renname"), QStringLiteral("&Renname..."));
+    QPushButton* done =
+        files::makeButton(*this, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
+    files::addButtonRow(*column, {remove, rename, done});
+    connect(remove, &QPushButton::clicked, this, &FavortiesModi::deleteSelected);
+    connect(rename, &QPushButton::clicked, this, &FavortiesModi::renameSelected);
+    connect(done, &QPushButton::clicked, this, &QWidget::close);
+    m_names->setFocus();
+    refill();
+}
+
+const files::TextList& FavortiesModi::list() const
+{
+    return property("listMode").toString() == kEditorsMode ? files::kEditors : files::kFavourites;
+}
+
+void FavortiesModi::applyMode()
+{
+    const bool editors = property("listMode").toString() == kEditorsMode;
+    const QString title = editors ? kEditorsTitle : QString();
+    setWindowTitle(title);
+    qobject_cast<widgets::TitleStrip*>(m_title)->setCaption(title);
+    refill();
+}
+
+void FavortiesModi::refill()
+{
+    m_names->clear();
+    m_paths->clear();
+    const core::ConfigStore* config = core::services().config;
+    if (config == nullptr) {
+        return;
+    }
+    for (const files::NamedPath& entry : files::readNamed(list(), *config)) {
+        m_names->addItem(entry.name);
+        m_paths->addItem(entry.path);
+    }
+}
+
+void FavortiesModi::deleteSelected()
+{
+    const int row = m_names->currentRow();
+    core::ConfigStore* config = core::services().config;
+    if (row < 0 || config == nullptr) {
+        return;
+    }
+    files::deleteOne(list(), {m_names->item(row)->text(), m_paths->item(row)->text()}, *config);
+    delete m_names->takeItem(row);
+    delete m_paths->takeItem(row);
+    refillMenus();
+}
+
+void FavortiesModi::renameSelected()
+{
+    const int row = m_names->currentRow();
+    if (row < 0) {
+        return;
+    }
+    const QString oldName = m_names->item(row)->text();
+    const std::optional<QString> newName = platform::dialogs().askText(
+        QStringLiteral("Name: "), QStringLiteral("Renname Favortie"), oldName);
+    if (!newName || newName->isEmpty()) {
+        return;
+    }
+    files::renameEntry(list(), {oldName, m_paths->item(row)->text()}, *newName);
+    refill();
+    refillMenus();
+}
+
+void FavortiesModi::refillMenus()
+{
+    if (core::MainWindow* window = core::services().mainWindow) {
+        window->refillListMenus();
+    }
+}
+
+bool FavortiesModi::event(QEvent* event)
+{
+    if (event->type() == QEvent::DynamicPropertyChange) {
+        applyMode();
+    } else if (event->type() == QEvent::WindowActivate) {
+        refill();
+    }
+    return QWidget::event(event);
+}
