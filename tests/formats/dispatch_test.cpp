@@ -5,6 +5,7 @@
 #include "formats/image_checks.h"
 #include "formats/pcx_files.h"
 #include "formats/psd_files.h"
+#include "formats/resident_memory.h"
 #include "formats/temporary_file.h"
 #include "formats/tga_files.h"
 #include "formats/tiff_files.h"
@@ -156,4 +157,21 @@ TEST(OpenRawImage, ReadsOneFileAfterAnotherIntoTheSameRecord)
     OpenRawImage(first.path(), image);
     OpenRawImage(second.path(), image);
     expectPixels(image, {2, 2, 2});
+}
+
+TEST(OpenRawImage, TakesLittleMemoryForLargePicturesThatAreNotThere)
+{
+    const std::size_t before = residentMegabytes();
+    const FileBytes one = FileBytes().bytes({1, 1, 1});
+    for (const FileBytes& file :
+         {tgaHeader(16000, 11000).append(one), tiffPicture(16000, 11000).pixels(one).bytes(),
+          pcxHeader(pcxFields(16000, 11000, 3, 10000)).append(one),
+          pcxHeader(pcxFields(8000, 22000, 3, 8000)).append(one),
+          pcxHeader(pcxFields(16000, 32000, 1, 16000)).append(one).append(pcxPalette()),
+          psdHeader(psdFields(3, 10000, 13000, 1)).append(psdLengths(3, 13000)).append(one),
+          iffPicture(16000, 32000, one)}) {
+        const RawImage image = opened(file);
+        EXPECT_GT(image.Pixels.size(), std::size_t{350} * 1000 * 1000);
+        EXPECT_LT(residentMegabytes(), before + 250);
+    }
 }
