@@ -4,8 +4,7 @@
 #   C      folder that holds the pictures under big/     T     folder for temporary files
 #   REPS   measured repetitions                          row   prints one row of its table
 # and DECODE_BENCH names the program decode_bench of a release build.
-# Two rows a picture: into memory that the picture before it has touched, and into fresh memory. The
-# command's place has the times that copying as many bytes takes into either.
+# The rows of a picture are those of decode_bench.
 
 # A TIFF that the reader accepts, from the pixels of a 6000 x 4000 TGA file.
 make_tiff() { # TGA TIFF
@@ -25,11 +24,10 @@ make_tiff() { # TGA TIFF
 }
 
 extra_decode() {
-    local name warm fresh word copyWarm copyFresh rest
+    local name what middle least most
     make_tiff "$C/big/photo_24.tga" "$T/photo_24.tif"
-    taskset -c 0 "${DECODE_BENCH:?}" "$REPS" "$C"/big/*.{pcx,tga,psd} "$T/photo_24.tif" > "$T/readers"
-    while read -r name warm fresh word copyWarm copyFresh rest; do
-        row decode "${name/./_}_vistara" "$warm" - - ms "$word $copyWarm"
-        row decode "${name/./_}_vistara_fresh" "$fresh" - - ms "$word $copyFresh"
-    done < "$T/readers"
+    taskset -c 0 "${DECODE_BENCH:?}" "$REPS" "$C"/big/*.{pcx,tga,psd} "$T/photo_24.tif" > "$T/rows"
+    while read -r name what middle least most; do
+        row decode "${name/./_}_vistara_$what" "$middle" "$least" "$most" ms "decode_bench $name"
+    done < "$T/rows"
 }

@@ -1,7 +1,8 @@
 // Milliseconds that a picture file takes from its path to pixels, the file being in the page cache.
 //   decode_bench REPETITIONS FILE...
-// Each line has the name, then the median into memory that the picture before it has touched, the
-// median into fresh memory, and the times that copying as many bytes takes into either.
+// Prints four rows for each file, with its name, what was measured, the median, the least and the
+// most: reading it into memory that the picture before it has touched, reading it into fresh
+// memory, and copying as many bytes into either.
 
 #include "formats/format.h"
 
@@ -26,33 +27,34 @@ double milliseconds(const std::function<void()>& work)
 }
 
 // The first run warms up and isn't counted.
-double median(int repetitions, const std::function<void()>& work)
+std::vector<double> sortedTimes(int repetitions, const std::function<void()>& work)
 {
     std::vector<double> times;
     for (int i = 0; i <= repetitions; ++i) {
         times.push_back(milliseconds(work));
     }
     times.erase(times.begin());
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
+    std::sort(times.begin(), times.end());
+    return times;
 }
 
 void measure(int repetitions, const std::string& path)
 {
+    const std::string name = std::filesystem::path(path).filename();
+    const auto print = [&](const char* what, const std::function<void()>& work) {
+        const auto times = sortedTimes(repetitions, work);
+        std::printf("%-16s %-16s %8.2f %8.2f %8.2f\n", name.c_str(), what, times[times.size() / 2],
+                    times.front(), times.back());
+    };
     RawImage kept;
-    const double warm = median(repetitions, [&] { OpenRawImage(path, kept); });
-    const double fresh = median(repetitions, [&] {
+    print("read", [&] { OpenRawImage(path, kept); });
+    print("read_fresh", [&] {
         RawImage image;
         OpenRawImage(path, image);
     });
     formats::ByteBuffer target(kept.Pixels);
-    const double copyWarm = median(
-        repetitions, [&] { std::memcpy(target.data(), kept.Pixels.data(), kept.Pixels.size()); });
-    const double copyFresh = median(repetitions, [&] { formats::ByteBuffer copy(kept.Pixels); });
-    std::printf("%-16s %8.2f %8.2f   copy %8.2f %8.2f   %zu bytes\n",
-                std::filesystem::path(path).filename().c_str(), warm, fresh, copyWarm, copyFresh,
-                kept.Pixels.size());
+    print("copy", [&] { std::memcpy(target.data(), kept.Pixels.data(), kept.Pixels.size()); });
+    print("copy_fresh", [&] { formats::ByteBuffer copy(kept.Pixels); });
 }
 
 } // namespace

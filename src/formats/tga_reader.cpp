@@ -1,8 +1,9 @@
 #include "formats/tga_reader.h"
 
 #include "formats/array_size.h"
+#include "formats/pixel_order.h"
 
-#include <cstring>
+#include <algorithm>
 
 namespace formats {
 
@@ -13,14 +14,14 @@ constexpr std::uint8_t kTrueColour = 2;
 constexpr std::uint8_t kBitsPerPixel = 24;
 
 // Copies the rows of the file, as far as they are there, to the picture's rows from below.
-void copyRows(std::span<const std::byte> rows, std::size_t rowBytes, ByteBuffer& pixels)
+void copyRows(std::span<const std::uint8_t> rows, std::size_t rowBytes,
+              std::span<std::uint8_t> pixels)
 {
-    std::size_t target = pixels.size();
-    while (!rows.empty() && target > 0) {
+    while (!rows.empty() && !pixels.empty()) {
         const std::size_t count = std::min(rowBytes, rows.size());
-        target -= rowBytes;
-        std::memcpy(pixels.data() + target, rows.data(), count);
+        copyBytes(rows.first(count), pixels.last(rowBytes).first(count));
         rows = rows.subspan(count);
+        pixels = pixels.first(pixels.size() - rowBytes);
     }
 }
 
@@ -50,7 +51,8 @@ void readTga(std::span<const std::byte> file, RawImage& image)
     const bool sized =
         complete ? image.Pixels.resizeForOverwrite(*size) : image.Pixels.resizeZeroed(*size);
     if (sized && image.Width > 0) {
-        copyRows(rows, static_cast<std::size_t>(image.Width) * 3, image.Pixels);
+        copyRows(asNumbers(rows), static_cast<std::size_t>(image.Width) * 3,
+                 {image.Pixels.data(), image.Pixels.size()});
     }
 }
 
