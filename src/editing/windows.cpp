@@ -3,6 +3,7 @@
 #include "core/window_registry.h"
 #include "editing/jpeg_window.h"
 #include "editing/scale_window.h"
+#include "editing/switch_window.h"
 
 namespace editing {
 
@@ -10,6 +11,7 @@ void registerWindows()
 {
     core::windows().add(QStringLiteral("Form4"), [] { return new Form4; });
     core::windows().add(kJpegWindowName, [] { return new frmSaveJPGc; });
+    core::windows().add(QStringLiteral("FrmSwitch"), [] { return new FrmSwitch; });
 }
 
 } // namespace editing

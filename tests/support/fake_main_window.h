@@ -7,6 +7,7 @@
 
 #include <QPoint>
 #include <QStringList>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -121,7 +122,13 @@ public:
     void colorChagne() override {}
     void OCbrowse() override { note("OCbrowse"); }
     void Smallfrm() override { note("Smallfrm"); }
-    void closePanView() override { note("closePanView"); }
+    void closePanView() override
+    {
+        note("closePanView");
+        if (onClosePanView) {
+            onClosePanView();
+        }
+    }
     void Scrollshow() override { note("Scrollshow"); }
     void Dragpic() override { note("Dragpic"); }
     void fastZoomshow() override { note("fastZoomshow"); }
@@ -177,6 +184,7 @@ public:
     platform::PictureBox image1{1, 1};
     platform::PictureBox original{1, 1};
     QWidget* parentWindow = nullptr;
+    std::function<void()> onClosePanView;
     int height = 15000;
     int coolBarHeight = 540;
     int viewerHeight = 12000;

@@ -1,0 +1,139 @@
+#include "editing/switch_window.h"
+
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "files/text_list.h"
+#include "platform/mounts.h"
+#include "platform/paths.h"
+#include "platform/subfolders.h"
+#include "widgets/focus_field.h"
+#include "widgets/title_strip.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString kRoot = QStringLiteral("/");
+const QString kProgramFolder = QStringLiteral("/usr/bin");
+const QString kParentEntry = QStringLiteral("..");
+constexpr int kListWidth = 220; // pixels
+constexpr int kListHeight = 200;
+
+QListWidget* makeList(const char* name, const QString& accessibleName)
+{
+    auto* list = new QListWidget;
+    list->setObjectName(QLatin1String(name));
+    list->setAccessibleName(accessibleName);
+    list->setMinimumSize(kListWidth, kListHeight);
+    list->setUniformItemSizes(true);
+    return list;
+}
+
+QLineEdit* makeField(const char* name, const QString& accessibleName)
+{
+    auto* field = new widgets::FocusField;
+    field->setObjectName(QLatin1String(name));
+    field->setAccessibleName(accessibleName);
+    return field;
+}
+
+} // namespace
+
+FrmSwitch::FrmSwitch()
+    : StripWindow(QStringLiteral("Add Editors"))
+{
+    setObjectName(QStringLiteral("FrmSwitch"));
+    buildControls();
+    m_drives->addItems(QStringList{kRoot, platform::homeFolder()} + platform::mediaMounts());
+    enterFolder(kRoot);
+    enterFolder(kProgramFolder);
+    connect(m_drives, &QComboBox::currentTextChanged, this, &FrmSwitch::enterFolder);
+    connect(m_folders, &QListWidget::itemActivated, this, &FrmSwitch::enterItem);
+    connect(m_files, &QListWidget::currentRowChanged, this, &FrmSwitch::takeFile);
+    connect(m_add, &QPushButton::clicked, this, &FrmSwitch::addEditor);
+}
+
+void FrmSwitch::buildControls()
+{
+    m_drives = new QComboBox;
+    m_drives->setObjectName(QStringLiteral("Drive1"));
+    m_drives->setAccessibleName(tr("Drive"));
+    m_folders = makeList("Dir1", tr("Folders"));
+    m_files = makeList("Filelist", tr("Files"));
+    m_path = makeField("Text1", tr("Path of the program"));
+    m_name = makeField("SwitchName", tr("Name in the menu"));
+    m_add = new QPushButton(tr("&Add"));
+    m_add->setObjectName(QStringLiteral("Command1"));
+
+    auto* lists = new QHBoxLayout;
+    auto* places = new QVBoxLayout;
+    places->addWidget(m_drives);
+    places->addWidget(m_folders, 1);
+    lists->addLayout(places);
+    lists->addWidget(m_files, 1);
+    auto* fields = new QFormLayout;
+    fields->addRow(tr("Program:"), m_path);
+    fields->addRow(tr("Name:"), m_name);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_add);
+    content().addLayout(lists, 1);
+    content().addLayout(fields);
+    content().addLayout(buttons);
+    setKeyButtons(m_add, strip().closeBox());
+}
+
+// A folder that can't be read leaves the lists as they are.
+void FrmSwitch::enterFolder(const QString& folder)
+{
+    if (!m_fileList.setPath(folder)) {
+        return;
+    }
+    const QSignalBlocker quietFolders(m_folders);
+    const QSignalBlocker quietFiles(m_files);
+    m_folders->clear();
+    if (m_fileList.path() != kRoot) {
+        m_folders->addItem(kParentEntry);
+    }
+    for (const QString& name : platform::visibleSubfolders(m_fileList.path())) {
+        m_folders->addItem(name);
+    }
+    m_files->clear();
+    for (int i = 0; i < m_fileList.count(); ++i) {
+        m_files->addItem(m_fileList.name(i));
+    }
+}
+
+void FrmSwitch::enterItem(const QListWidgetItem* item)
+{
+    const QString& folder = m_fileList.path();
+    const QString name = item->text();
+    enterFolder(name == kParentEntry ? platform::folderOf(folder)
+                                     : platform::joinPath(folder, name));
+}
+
+void FrmSwitch::takeFile()
+{
+    if (const QListWidgetItem* item = m_files->currentItem()) {
+        m_path->setText(platform::joinPath(m_fileList.path(), item->text()));
+    }
+}
+
+void FrmSwitch::addEditor()
+{
+    core::ConfigStore* config = core::services().config;
+    if (m_path->text().isEmpty() || m_name->text().isEmpty() || config == nullptr) {
+        return;
+    }
+    files::addNamed(files::kEditors, {m_name->text(), m_path->text()}, *config);
+    if (core::MainWindow* form = core::services().mainWindow) {
+        form->refillListMenus();
+    }
+    close();
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "editing/strip_window.h"
+#include "platform/file_list.h"
+
+class QComboBox;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+
+// Adds a program to the list of editors: it is picked by drive, folder and file, or its path typed,
+// and gets a name for the menu.
+class FrmSwitch : public editing::StripWindow {
+    Q_OBJECT
+
+public:
+    FrmSwitch();
+
+private:
+    void buildControls();
+    void enterFolder(const QString& folder);
+    void enterItem(const QListWidgetItem* item);
+    void takeFile();
+    void addEditor();
+
+    QComboBox* m_drives = nullptr;
+    QListWidget* m_folders = nullptr;
+    QListWidget* m_files = nullptr;
+    QLineEdit* m_path = nullptr;
+    QLineEdit* m_name = nullptr;
+    QPushButton* m_add = nullptr;
+    platform::FileList m_fileList;
+};
