@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QPoint>
+#include <QProcess>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+
+namespace smoke {
+
+// The real program on the display of this process, driven from outside. It takes its folders from
+// the environment of this process.
+class DesktopSession {
+public:
+    // Starts the program and waits for its main window alone to be on the screen.
+    DesktopSession();
+    ~DesktopSession();
+    DesktopSession(const DesktopSession&) = delete;
+    DesktopSession& operator=(const DesktopSession&) = delete;
+
+    [[nodiscard]] bool isUp() const { return m_up; }
+    [[nodiscard]] qint64 processId() const { return m_program.processId(); }
+    [[nodiscard]] bool isRunning() const { return m_program.state() == QProcess::Running; }
+
+    // The inside of the main window, without the window manager's frame, in pixels of the screen.
+    [[nodiscard]] QRect inside() const;
+    [[nodiscard]] int windowCount() const; // all windows with the program's title
+    // Waits until a window with this title is there; its title must be a plain word.
+    [[nodiscard]] bool windowAppears(const QString& title) const;
+
+    // Input, in pixels of the screen. Keys have xdotool's names: "Return", "ctrl+a".
+    void click(QPoint place, int button = 1) const;
+    void doubleClick(QPoint place) const;
+    void wheel(QPoint place, int steps) const; // above 0 towards the user
+    void type(const QString& text) const;
+    void key(const QString& name) const;
+
+    // Closes the main window as its user does and waits for the end; the exit code, -1 when it
+    // doesn't end or crashes.
+    int close();
+    // Ends the program as the kernel does when memory runs out.
+    void kill();
+
+private:
+    QProcess m_program;
+    bool m_up = false;
+};
+
+// Starts the program once more and waits for its end; its exit code, -1 when it goes on running.
+[[nodiscard]] int runToItsEnd(const QStringList& arguments);
+
+} // namespace smoke

@@ -1,0 +1,69 @@
+#include "smoke/smoke_fixture.h"
+
+#include "platform/profile.h"
+#include "smoke/sample_pictures.h"
+
+#include <QImage>
+
+namespace smoke {
+
+namespace {
+
+constexpr const char* kSection = "QUILLPOST";
+
+} // namespace
+
+void SmokeTest::SetUp()
+{
+    tree.add({"pics/a.jpg", jpegOf(kRed, kJpegSize).toStdString()});
+    tree.add({"pics/b.jpg", jpegOf(kGreen, kJpegSize).toStdString()});
+    tree.add({"pics/c.pcx", pcxOf(kBlue).toStdString()});
+    tree.setVariable("QT_QPA_PLATFORM", "xcb");
+    // No bus, and nothing that starts one.
+    tree.setVariable("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    settings = {{"BestFit", "0"},           {"ObcBrowse", "1"},
+                {"Panview", "1"},           {"Scrollshow", "0"},
+                {"fastZoomshow", "1"},      {"InterfaceB", "True"},
+                {"BrowserColor", "1"},      {"BrowserSize", "60"},
+                {"EditorColor", "3158064"}, {"SpeciFolder", tree.native("pics")}};
+    writeSettings();
+}
+
+void SmokeTest::writeSettings() const
+{
+    std::string text = std::string("[") + kSection + "]\n";
+    for (const auto& [key, value] : settings) {
+        text += key + "=" + value + "\n";
+    }
+    tree.add({"app/config.ini", text});
+}
+
+void SmokeTest::openByPath(const DesktopSession& session, const QString& path)
+{
+    const WindowParts parts(session.inside());
+    session.click(parts.field().center());
+    session.key(QStringLiteral("ctrl+a"));
+    session.type(path);
+    session.key(QStringLiteral("Return"));
+}
+
+bool SmokeTest::tilesAppear(const WindowParts& parts)
+{
+    return waitUntil([&parts] {
+        const QImage shot = screen();
+        for (const QColor& colour : {kRed, kGreen, kBlue}) {
+            if (boundsOf(shot, parts.paneSide(), colour).isNull()) {
+                return false;
+            }
+        }
+        return true;
+    });
+}
+
+QString SmokeTest::stored(const char* key) const
+{
+    return platform::readProfile(tree.path("app/config.ini"), QLatin1String(kSection),
+                                 QLatin1String(key), QStringLiteral("ERROR"));
+}
+
+} // namespace smoke

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+// Where the parts of the main window stand on the screen, all from its inside rectangle.
+namespace smoke {
+
+class WindowParts {
+public:
+    explicit WindowParts(const QRect& inside);
+
+    [[nodiscard]] QRect field() const { return m_field; } // the file name field's text
+    [[nodiscard]] QPoint toolbarButton(int index) const;  // the middle of Tbmenu's button
+    [[nodiscard]] QRect workArea() const;                 // between toolbars and status bar
+    [[nodiscard]] QRect statusBar() const;
+    // The halves of the work area in browse mode: tiles are wholly in the one, pictures that are
+    // small enough wholly in the other.
+    [[nodiscard]] QRect paneSide() const;
+    [[nodiscard]] QRect viewerSide() const;
+
+private:
+    QRect m_inside;
+    int m_barTop; // of the toolbar row
+    QRect m_field;
+};
+
+} // namespace smoke
