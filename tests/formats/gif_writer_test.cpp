@@ -1,5 +1,7 @@
 #include "formats/gif_writer.h"
 
+#include "formats/gif_reading.h"
+#include "formats/plain_gif_coder.h"
 #include "support/full_disk.h"
 #include "support/ordinary_user.h"
 
@@ -19,8 +21,13 @@
 
 namespace {
 
-using Bytes = std::vector<std::byte>;
-using Pixels = std::vector<std::uint8_t>;
+using gif::byteAt;
+using gif::Bytes;
+using gif::Decoded;
+using gif::decodeImage;
+using gif::Pixels;
+using gif::PlainCoder;
+using gif::wordAt;
 namespace fs = std::filesystem;
 
 constexpr std::size_t kHeadBytes = 6 + 7 + 768 + 1;
@@ -76,243 +83,6 @@ Pixels drawing(std::size_t count, unsigned seed)
     }
     return pixels;
 }
-
-// ---- the code stream, worked out with plain linked lists ----
-
-class PlainCoder {
-public:
-    explicit PlainCoder(Bytes& file)
-        : m_file(file)
-    {
-    }
-
-    void encode(const Pixels& pixels)
-    {
-        emit(256);
-        reset();
-        std::size_t prefix = pixels.front();
-        for (std::size_t i = 1; i < pixels.size(); ++i) {
-            const std::optional<std::size_t> longer = find(prefix, pixels[i]);
-            if (longer) {
-                prefix = *longer;
-                continue;
-            }
-            emit(prefix);
-            m_suffix[m_nextFree] = pixels[i];
-            ++m_nextFree;
-            if (m_nextFree > m_threshold) {
-                outgrow();
-            }
-            prefix = pixels[i];
-        }
-        emit(prefix);
-        emit(257);
-        if (m_bitCount > 0) {
-            m_bitCount = 8;
-            pushBytes();
-        }
-        if (!m_block.empty()) {
-            writeBlock();
-        }
-        m_file.push_back(std::byte{0});
-    }
-
-private:
-    std::optional<std::size_t> find(std::size_t prefix, std::uint8_t pixel)
-    {
-        if (m_children[prefix] == 0) {
-            m_children[prefix] = m_nextFree;
-            return std::nullopt;
-        }
-        std::size_t n = m_children[prefix];
-        while (m_suffix[n] != pixel) {
-            if (m_siblings[n] == 0) {
-                m_siblings[n] = m_nextFree;
-                return std::nullopt;
-            }
-            n = m_siblings[n];
-        }
-        return n;
-    }
-
-    void outgrow()
-    {
-        if (m_width >= 12) {
-            emit(256);
-            reset();
-            return;
-        }
-        ++m_width;
-        m_threshold *= 2;
-    }
-
-    void reset()
-    {
-        m_width = 9;
-        m_nextFree = 258;
-        m_threshold = 512;
-        m_children.fill(0);
-        m_siblings.fill(0);
-        m_suffix.fill(0);
-    }
-
-    void emit(std::size_t code)
-    {
-        m_bits |= static_cast<std::uint32_t>(code) << m_bitCount;
-        m_bitCount += m_width;
-        pushBytes();
-    }
-
-    void pushBytes()
-    {
-        for (; m_bitCount >= 8; m_bitCount -= 8, m_bits >>= 8U) {
-            m_block.push_back(static_cast<std::byte>(m_bits & 0xFFU));
-            if (m_block.size() == 255) {
-                writeBlock();
-            }
-        }
-    }
-
-    void writeBlock()
-    {
-        m_file.push_back(static_cast<std::byte>(m_block.size()));
-        m_file.insert(m_file.end(), m_block.begin(), m_block.end());
-        m_block.clear();
-    }
-
-    Bytes& m_file;
-    Bytes m_block;
-    std::array<std::size_t, 4097> m_children{};
-    std::array<std::size_t, 4097> m_siblings{};
-    std::array<std::uint8_t, 4097> m_suffix{};
-    std::size_t m_nextFree = 258;
-    std::size_t m_threshold = 512;
-    std::uint32_t m_bits = 0;
-    unsigned m_bitCount = 0;
-    unsigned m_width = 9;
-};
-
-// ---- reading a file back ----
-
-struct Decoded {
-    int width = 0;
-    int height = 0;
-    Pixels pixels;
-    unsigned widestCode = 0;
-    int clearCodes = 0;
-    std::vector<std::size_t> blockSizes;
-    std::size_t bytesUsed = 0;
-};
-
-unsigned byteAt(const Bytes& file, std::size_t at)
-{
-    return at < file.size() ? std::to_integer<unsigned>(file[at]) : 0U;
-}
-
-int wordAt(const Bytes& file, std::size_t at)
-{
-    return static_cast<int>(byteAt(file, at) | byteAt(file, at + 1) << 8U);
-}
-
-// Strings as pairs of a shorter string and a last pixel, the way a viewer unpacks them.
-class Unpacker {
-public:
-    Unpacker(const Bytes& data, Decoded& result)
-        : m_data(data)
-        , m_result(result)
-    {
-    }
-
-    void run(std::size_t pixelCount)
-    {
-        while (true) {
-            const unsigned code = next();
-            m_result.widestCode = std::max(m_result.widestCode, m_width);
-            if (code == 257 || m_at > m_data.size() * 8 + 12) {
-                return;
-            }
-            if (code == 256) {
-                restart();
-            } else {
-                add(code);
-            }
-            if (m_result.pixels.size() >= pixelCount) {
-                return;
-            }
-        }
-    }
-
-private:
-    unsigned next()
-    {
-        unsigned code = 0;
-        for (unsigned bit = 0; bit < m_width; ++bit, ++m_at) {
-            code |= (byteAt(m_data, m_at / 8) >> (m_at % 8) & 1U) << bit;
-        }
-        return code;
-    }
-
-    void restart()
-    {
-        ++m_result.clearCodes;
-        m_strings.assign(258, {});
-        for (std::size_t i = 0; i < 256; ++i) {
-            m_strings[i] = {static_cast<std::uint8_t>(i)};
-        }
-        m_previous.reset();
-        m_width = 9;
-    }
-
-    void add(unsigned code)
-    {
-        ASSERT_LE(code, m_strings.size());
-        if (m_previous) {
-            Pixels longer = m_strings[*m_previous];
-            longer.push_back(code < m_strings.size() ? m_strings[code].front() : longer.front());
-            m_strings.push_back(longer);
-            if (m_strings.size() == std::size_t{1} << m_width && m_width < 12) {
-                ++m_width;
-            }
-        }
-        const Pixels& string = m_strings[code];
-        m_result.pixels.insert(m_result.pixels.end(), string.begin(), string.end());
-        m_previous = code;
-    }
-
-    const Bytes& m_data;
-    Decoded& m_result;
-    std::vector<Pixels> m_strings;
-    std::optional<unsigned> m_previous;
-    std::size_t m_at = 0;
-    unsigned m_width = 9;
-};
-
-// Reads the image block that begins behind the separator at the given offset.
-Decoded decodeImage(const Bytes& file, std::size_t at)
-{
-    Decoded result;
-    result.width = wordAt(file, at + 4);
-    result.height = wordAt(file, at + 6);
-    const unsigned flags = byteAt(file, at + 8);
-    at += 9 + ((flags & 0x80U) != 0 ? 3U * (2U << (flags & 7U)) : 0U);
-    EXPECT_EQ(byteAt(file, at), 8U);
-    ++at;
-    Bytes data;
-    while (byteAt(file, at) != 0 && at < file.size()) {
-        const std::size_t size = byteAt(file, at);
-        result.blockSizes.push_back(size);
-        for (std::size_t i = 1; i <= size; ++i) {
-            data.push_back(static_cast<std::byte>(byteAt(file, at + i)));
-        }
-        at += size + 1;
-    }
-    result.bytesUsed = at + 1;
-    Unpacker(data, result)
-        .run(static_cast<std::size_t>(result.width) * static_cast<std::size_t>(result.height));
-    return result;
-}
-
-// ---- files ----
 
 class GifFile : public testing::Test {
 protected:
