@@ -1,6 +1,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "files/classification.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/paths.h"
@@ -8,7 +9,6 @@
 #include "platform/pointer.h"
 #include "thumbs/browser_pane.h"
 #include "thumbs/thumbnail_list.h"
-#include "thumbs/tile_kinds.h"
 
 namespace {
 
@@ -32,7 +32,7 @@ QString currentPath()
 // What Movefile previews: a foreign format goes by way of the working file.
 QString previewFile(const QString& path)
 {
-    if (!thumbs::isOwnFormat(path)) {
+    if (!files::isOwnFormat(path)) {
         return path;
     }
     const QString workingFile = platform::appFile("temp.bmp");

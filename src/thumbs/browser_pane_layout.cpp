@@ -22,14 +22,14 @@ namespace {
 
 constexpr base::Colour kPaneColour = 0xE0E0E0;
 constexpr int kGripWidth = 5;
-constexpr int kButtonsHeight = 32;
 constexpr int kButtonSide = 28;
-constexpr int kSmallestButton = 12;
+constexpr int kButtonMargin = 2;     // above and below the buttons
 constexpr int kTreeRightMargin = 19; // the tree is this much narrower than the pane
 constexpr int kTreeBottomMargin = 2;
 
-// Flat until the pointer is over it.
-constexpr int kFlatButton = 8;
+constexpr int kFlatButton = 8; // until the pointer is over it
+constexpr int kOwnColours = 2;
+constexpr base::Colour kButtonOver = 0xF4F0EC;
 
 struct ButtonRow {
     const char* picture; // under Images/toolbar
@@ -52,6 +52,19 @@ QRect onScreen(const thumbs::PaneBox& box)
 {
     return {pixelsFromTwips(box.left), pixelsFromTwips(box.top), pixelsFromTwips(box.width),
             std::max(0, pixelsFromTwips(box.height))};
+}
+
+// A narrow pane has its buttons in several rows.
+int buttonsPerRow(int width)
+{
+    return std::max(1, width / kButtonSide);
+}
+
+int buttonsHeight(int width)
+{
+    const int perRow = buttonsPerRow(width);
+    const int rows = (frmThumbnaillist::kButtons + perRow - 1) / perRow;
+    return rows * kButtonSide + 2 * kButtonMargin;
 }
 
 void paintIn(QWidget& widget, base::Colour colour)
@@ -105,6 +118,9 @@ void frmThumbnaillist::makeButtons()
         auto* button = new chameleonButton(m_tbmiddle, QStringLiteral("Tbmenub_%1").arg(index));
         button->setCaption({});
         button->setButtonType(kFlatButton);
+        button->setColorScheme(kOwnColours);
+        button->setBackColor(kPaneColour);
+        button->setBackOver(kButtonOver);
         button->setShowFocusRect(false);
         const QString picture = QStringLiteral("Images/toolbar/%1.png").arg(row.picture);
         button->setPictureNormal(widgets::ScaledPicture::fromFile(platform::appFile(picture)));
@@ -155,7 +171,7 @@ void frmThumbnaillist::layoutParts()
     input.innerHeight = twipsFromPixels(height());
     input.treeTop = twipsFromPixels(titleHeight);
     input.splitterTop = twipsFromPixels(m_splitter->y());
-    input.buttonsHeight = twipsFromPixels(kButtonsHeight);
+    input.buttonsHeight = twipsFromPixels(buttonsHeight(inner));
     const thumbs::PaneLayout layout = thumbs::layoutPane(input, thumbs::kScreenMetrics);
     m_dir1->setGeometry(onScreen(layout.tree));
     m_splitter->setGeometry(onScreen(layout.splitter));
@@ -168,11 +184,11 @@ void frmThumbnaillist::layoutParts()
 
 void frmThumbnaillist::layoutButtons()
 {
-    const int side = std::clamp(m_tbmiddle->width() / kButtons, kSmallestButton, kButtonSide);
-    int left = 0;
-    for (chameleonButton* button : m_buttons) {
-        button->setGeometry(left, (kButtonsHeight - kButtonSide) / 2, side, kButtonSide);
-        left += side;
+    const int perRow = buttonsPerRow(m_tbmiddle->width());
+    for (int index = 0; index < kButtons; ++index) {
+        Tbmenub(index).setGeometry(index % perRow * kButtonSide,
+                                   kButtonMargin + index / perRow * kButtonSide, kButtonSide,
+                                   kButtonSide);
     }
 }
 

@@ -1,9 +1,9 @@
 #include "core/services.h"
 #include "core/state.h"
+#include "files/classification.h"
 #include "platform/picture_loader.h"
 #include "platform/pointer.h"
 #include "thumbs/browser_pane.h"
-#include "thumbs/tile_kinds.h"
 
 // A tile was clicked: its picture goes to the viewer, and the list steps on from there. A file that
 // can't be loaded leaves what the viewer holds; all the rest follows the file just the same.
@@ -21,7 +21,7 @@ void frmThumbnaillist::showTilesFile(int index, const QString& path)
         window->viewer().setPicture(*picture);
         window->Image1().setPicture(*picture);
     }
-    if (thumbs::isOwnFormat(path)) {
+    if (files::isOwnFormat(path)) {
         window->openPsd(path);
         window->showNameAndSize(path);
     } else {

@@ -202,7 +202,7 @@ void GalleryRun::drawTile(const QString& path)
 {
     const TileGrid& grid = m_list.state().grid;
     const QSize cell(grid.cellWidth, grid.cellHeight);
-    const LoadedPicture& loaded = m_list.P_load();
+    LoadedPicture& loaded = m_list.P_load();
     const QSize fit = fitPicture(loaded.naturalSize, cell - QSize(kTileBorder, kTileBorder));
     const bool drawn = m_list.isDesignTime() || (fit.height() > 0 && fit.width() != 0);
     if (!drawn) {
@@ -220,6 +220,7 @@ void GalleryRun::drawTile(const QString& path)
         m_list.state().ThumbTable.fill(m_fileIndex, box, path, m_pageIndex);
     }
     m_list.showTile(m_pageIndex, box.grown(1));
+    loaded.thinOut();
 }
 
 void GalleryRun::moveOn()

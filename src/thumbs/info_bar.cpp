@@ -2,14 +2,16 @@
 
 #include "widgets/colour_conversion.h"
 
+#include <QFontInfo>
 #include <QPainter>
+#include <algorithm>
 
 namespace thumbs {
 
 namespace {
 
 constexpr int kMargin = 3;
-constexpr int kClosestStretch = 75; // percent of the font's own width
+constexpr double kSmallestShare = 0.75; // of the font's own size
 
 } // namespace
 
@@ -39,9 +41,11 @@ void InfoBar::paintEvent(QPaintEvent* /*event*/)
     const QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);
     const int wanted = painter.fontMetrics().horizontalAdvance(text());
     if (wanted > room.width() && wanted > 0) {
-        QFont closer = font();
-        closer.setStretch(std::max(kClosestStretch, 100 * room.width() / wanted));
-        painter.setFont(closer);
+        const double share = static_cast<double>(room.width()) / wanted;
+        QFont smaller = font();
+        const int pixels = QFontInfo(smaller).pixelSize();
+        smaller.setPixelSize(static_cast<int>(pixels * std::max(kSmallestShare, share)));
+        painter.setFont(smaller);
     }
     painter.setPen(widgets::toQColor(m_text));
     painter.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,

@@ -6,7 +6,7 @@
 
 namespace thumbs {
 
-// One line of text in two colours. A line too long for the bar is set closer, then cut.
+// One line of text in two colours. A line too long for the bar is set smaller, then cut.
 class InfoBar : public QLabel {
     Q_OBJECT
 

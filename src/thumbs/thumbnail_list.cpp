@@ -8,8 +8,11 @@
 #include "thumbs/page_limit.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/progress_strip.h"
+#include "widgets/colour_conversion.h"
 
 #include <QCoreApplication>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -171,7 +174,7 @@ void ThumbNailList::readProperties(const thumbs::PropertyBag& bag)
 {
     m_values = thumbs::readProperties(bag);
     m_files.setPath(m_values.Path);
-    m_sheet.setFrameColour(m_values.ThumbPage_FrameColor);
+    takeFrameColour();
     m_sheet.setFirstPageColour(m_values.ThumbPageColor, {});
     showInfoColours();
     m_infoBar->setVisible(m_values.InfobarVisible);
@@ -202,7 +205,7 @@ void ThumbNailList::setInfoText(const QString& text)
 
 void ThumbNailList::layoutFirstPage()
 {
-    m_sheet.setFrameColour(m_values.ThumbPage_FrameColor);
+    takeFrameColour();
     m_sheet.restart(viewportSize(), devicePixelRatioF(), m_values.ThumbPageColor);
     m_viewport->setSheetTop(0);
     followPages();
@@ -240,6 +243,12 @@ void ThumbNailList::showTile(int page, const thumbs::TileBox& box)
     m_viewport->updateTile(page, box);
 }
 
+// What no part covers: the place of a scroll bar that isn't needed.
+void ThumbNailList::paintEvent(QPaintEvent* event)
+{
+    QPainter(this).fillRect(event->rect(), widgets::toQColor(m_sheet.frameColour()));
+}
+
 void ThumbNailList::resizeEvent(QResizeEvent* /*event*/)
 {
     layoutParts();
@@ -255,6 +264,13 @@ void ThumbNailList::wheelEvent(QWheelEvent* event)
         QCoreApplication::sendEvent(m_scroll, event);
     }
     event->accept();
+}
+
+void ThumbNailList::takeFrameColour()
+{
+    m_sheet.setFrameColour(m_values.ThumbPage_FrameColor);
+    m_viewport->update();
+    update();
 }
 
 void ThumbNailList::showInfoColours()
@@ -289,8 +305,7 @@ void ThumbNailList::written(WriteEffect effect)
     case WriteEffect::None:
         break;
     case WriteEffect::FrameColour:
-        m_sheet.setFrameColour(m_values.ThumbPage_FrameColor);
-        m_viewport->update();
+        takeFrameColour();
         break;
     case WriteEffect::PageColour:
         m_sheet.setFirstPageColour(m_values.ThumbPageColor, tilesOfFirstPage());

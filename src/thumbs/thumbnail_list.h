@@ -3,6 +3,7 @@
 #include "core/interfaces.h"
 #include "platform/file_list.h"
 #include "platform/picture.h"
+#include "thumbs/loaded_picture.h"
 #include "thumbs/page_sheet.h"
 #include "thumbs/thumbnail_settings.h"
 #include "thumbs/tile_grid.h"
@@ -34,13 +35,6 @@ struct GalleryState {
     bool IsPrintPreview = false;
     bool IsHtmlRun = false;
     bool IsPrinting = false;
-};
-
-// The scratch box that a run loads one picture at a time into. A JPEG is decoded at the size that
-// its tile needs; naturalSize tells the whole picture's. At first it holds nothing but has a size.
-struct LoadedPicture {
-    platform::Picture picture;
-    QSize naturalSize = {1, 1};
 };
 
 } // namespace thumbs
@@ -134,6 +128,7 @@ signals:
     void ThumbPageStatus(int thumbNailSize, int thumbsPerPage, int pages, int files);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void written(thumbs::WriteEffect effect) override;
@@ -141,6 +136,7 @@ protected:
 private:
     void makeParts();
     void layoutParts();
+    void takeFrameColour();
     void showInfoColours();
     void pathWritten();
     void followPathChange();

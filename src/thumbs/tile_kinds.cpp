@@ -57,10 +57,4 @@ QString iconFile(const TileKind& kind)
     return imageFile(kind.icon);
 }
 
-bool isOwnFormat(const QString& path)
-{
-    const QString extension = extensionOf(path);
-    return extension == u"tif" || tileKindFor(extension).source == TileSource::OwnDecoder;
-}
-
 } // namespace thumbs

@@ -30,8 +30,4 @@ struct TileKind {
 [[nodiscard]] QString badgeFile(const TileKind& kind, bool frameWindowOpen);
 [[nodiscard]] QString iconFile(const TileKind& kind);
 
-// The formats that a click hands to the program's own readers; TIFF files are among them although
-// their tiles show a delivered picture.
-[[nodiscard]] bool isOwnFormat(const QString& path);
-
 } // namespace thumbs

@@ -3,6 +3,7 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "gallery_fixture.h"
+#include "platform/folder_tree.h"
 #include "platform/pointer.h"
 #include "platform/registry.h"
 #include "widgets/chameleon_button.h"
@@ -358,6 +359,35 @@ TEST_F(PaneTest, AsksForAPictureWhereAButtonNeedsOne)
     EXPECT_TRUE(m_dialogs.questions.isEmpty());
 }
 
+TEST_F(PaneTest, HostsTheFolderTree)
+{
+    load();
+    m_pane->show();
+    platform::FolderTree& tree = platform::folderTree();
+    QRect place;
+    QStringList paths;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        if (!m_pane->isFirstFolderShown() || list().state().IsLoading) {
+            return;
+        }
+        poll.stop();
+        place = tree.widget()->geometry();
+        m_pane->resize(400, 800);
+        EXPECT_EQ(tree.widget()->width(), 400 - 19);
+        press(0); // the parent is selected in the tree, which tells the pane
+        paths.append(m_pane->File1().path());
+        EXPECT_EQ(tree.selected(), m_pane->File1().path());
+        tree.close();
+    });
+    poll.start(1);
+    tree.open(m_pane->treeHost(), m_tree.path("pics"),
+              [this](const QString& folder) { m_pane->treeSelected(folder); });
+    EXPECT_EQ(place, QRect(0, 0, 350 - 19, part("Dir1")->height() - 2));
+    EXPECT_EQ(paths, (QStringList{m_tree.root()}));
+    EXPECT_EQ(m_runs, 2);
+}
+
 TEST_F(PaneTest, GoesUpToTheRootAndNoFurther)
 {
     start();
@@ -529,25 +559,40 @@ TEST_F(PaneTest, RefreshesWithFilesThatCameAndWent)
 TEST_F(PaneTest, LaysOutItsPartsBelowEachOther)
 {
     start();
-    EXPECT_EQ(m_pane->width(), 320);
+    EXPECT_EQ(m_pane->width(), 350);
     EXPECT_EQ(m_pane->height(), 800); // of the viewer
     const int title = part("Picture2")->height();
-    EXPECT_EQ(part("Dir1")->geometry(), QRect(0, title, 315, 166 - title));
-    EXPECT_EQ(part("Splitter")->geometry(), QRect(0, 166, 315, 5));
+    EXPECT_EQ(part("Dir1")->geometry(), QRect(0, title, 345, 166 - title));
+    EXPECT_EQ(part("Splitter")->geometry(), QRect(0, 166, 345, 5));
     EXPECT_EQ(part("Tbmiddle")->y(), 171);
     EXPECT_EQ(part("ThumbNailList1")->y(), 171 + part("Tbmiddle")->height());
-    EXPECT_EQ(part("ThumbNailList1")->width(), 315);
+    EXPECT_EQ(part("ThumbNailList1")->width(), 345);
     EXPECT_GE(part("ThumbNailList1")->geometry().bottom(), 800 - 8);
     EXPECT_LT(m_pane->Tbmenub(8).geometry().right(), part("Tbmiddle")->width());
 }
 
-TEST_F(PaneTest, FitsItsButtonsIntoItsLeastWidth)
+TEST_F(PaneTest, HoldsTheLargestThumbnails)
+{
+    start();
+    m_pane->setThumbnailSize(300);
+    m_pane->rebuildThumbnails();
+    EXPECT_GE(list().state().PageColumns, 1);
+}
+
+TEST_F(PaneTest, PutsItsButtonsInRowsWhereItIsNarrow)
 {
     start();
     m_pane->resize(100, 800);
     m_pane->ThumResize();
     EXPECT_EQ(m_pane->width(), 133);
-    EXPECT_LT(m_pane->Tbmenub(8).geometry().right(), part("Tbmiddle")->width());
+    QRegion covered;
+    for (int k = 0; k < frmThumbnaillist::kButtons; ++k) {
+        const QRect place = m_pane->Tbmenub(k).geometry();
+        EXPECT_TRUE(part("Tbmiddle")->rect().contains(place)) << k;
+        EXPECT_FALSE(covered.intersects(place)) << k;
+        covered += place;
+    }
+    EXPECT_EQ(part("ThumbNailList1")->y(), part("Tbmiddle")->geometry().bottom() + 1);
     m_pane->resize(2000, 800);
     m_pane->ThumResize();
     EXPECT_EQ(m_pane->width(), 604);
@@ -584,7 +629,7 @@ TEST_F(PaneTest, DragsTheSplitterWithinItsLimits)
     QTest::mouseMove(splitter, {50, 2 - 60});
     EXPECT_EQ(splitter->pos(), QPoint(0, 106));
     QTest::mouseRelease(splitter, Qt::LeftButton, {}, {50, 2});
-    EXPECT_EQ(splitter->geometry(), QRect(0, 106, 315, 5));
+    EXPECT_EQ(splitter->geometry(), QRect(0, 106, 345, 5));
     EXPECT_EQ(part("Dir1")->height(), 106 - title);
 
     QTest::mousePress(splitter, Qt::LeftButton, {}, {50, 2});
@@ -618,9 +663,9 @@ TEST_F(PaneTest, ChangesItsWidthAtItsEdge)
     QMouseEvent drag(QEvent::MouseMove, QPointF(82, 300), grip->mapToGlobal(QPointF(82, 300)),
                      Qt::NoButton, Qt::LeftButton, {});
     QCoreApplication::sendEvent(grip, &drag);
-    EXPECT_EQ(m_pane->width(), 400);
+    EXPECT_EQ(m_pane->width(), 430);
     EXPECT_TRUE(m_main.log.contains("form1paint"));
-    EXPECT_EQ(m_pane->widthTwips(), 6000);
+    EXPECT_EQ(m_pane->widthTwips(), 6450);
 }
 
 TEST_F(PaneTest, TakesTheLookOfTheSettingsWhenItLoads)

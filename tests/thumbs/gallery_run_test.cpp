@@ -79,6 +79,18 @@ TEST_F(GalleryTest, ShowsThePictureBeforeForADamagedFile)
     EXPECT_EQ(row(1)->path, m_tree.path("pics/b.jpg"));
 }
 
+TEST_F(GalleryTest, KeepsLittleOfALargePicture)
+{
+    addPicture("pics/a.bmp", kGreen, {3000, 1500});
+    m_tree.add({"pics/b.bmp", "no picture"});
+    runFolder();
+    EXPECT_EQ(m_list.P_load().naturalSize, QSize(3000, 1500));
+    EXPECT_EQ(m_list.P_load().picture.image().size(), QSize(1024, 512));
+    EXPECT_EQ(at(93 + 35, 35), kGreen);
+    EXPECT_EQ(at(93 + 35, 19), 0x808080U); // in the large one's own proportions
+    EXPECT_EQ(at(93 + 35, 20), kGreen);
+}
+
 TEST_F(GalleryTest, ShowsAnEmptyTileForADamagedFirstFile)
 {
     m_tree.add({"pics/a.jpg", "no picture"});

@@ -80,14 +80,3 @@ TEST(TileKinds, GivesJpgAndGifANeutralBadgeInTheFrameComposer)
     EXPECT_EQ(badgeFile(tileKindFor(u"bmp"), true), "Images/bmp.ico");
     EXPECT_EQ(badgeFile(tileKindFor(u"jpeg"), true), "Images/nof.ico");
 }
-
-TEST(TileKinds, KnowsTheFormatsOfTheOwnReaders)
-{
-    for (const char* name :
-         {"/p/a.psd", "/p/a.PCX", "/p/a.tga", "/p/a.tif", "/p/a.lbm", "/p/a.bbm"}) {
-        EXPECT_TRUE(thumbs::isOwnFormat(name)) << name;
-    }
-    for (const char* name : {"/p/a.bmp", "/p/a.iff", "/p/a.tiff", "/p/psd", "/p.psd/a"}) {
-        EXPECT_FALSE(thumbs::isOwnFormat(name)) << name;
-    }
-}
