@@ -4,6 +4,9 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "editing/windows.h"
+#include "files/favourite_window.h"
+#include "files/favourites_editor_window.h"
 #include "platform/folder_tree.h"
 #include "platform/paths.h"
 #include "platform/pump.h"
@@ -82,6 +85,9 @@ void registerWindows()
     windows.add(QStringLiteral("frmAbout"), [] { return makeAboutWindow(parentWindow()); });
     windows.add(QStringLiteral("frmMsg"), [] { return new frmMsgWindow(parentWindow()); });
     windows.add(QStringLiteral("fastZoom"), [] { return new fastZoom(parentWindow()); });
+    windows.add(QStringLiteral("Favorties"), [] { return new Favorties(parentWindow()); });
+    windows.add(QStringLiteral("FavortiesModi"), [] { return new FavortiesModi(parentWindow()); });
+    editing::registerWindows();
 }
 
 void runProgram(const StepWatcher& watcher)
