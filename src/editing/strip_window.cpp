@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace editing {
@@ -42,6 +43,12 @@ void StripWindow::setKeyButtons(QAbstractButton* accept, QAbstractButton* cancel
 {
     m_accept = accept;
     m_cancel = cancel;
+    for (QAbstractButton* button : {accept, cancel}) {
+        // A button that has the focus itself comes before the one of the window.
+        if (auto* pushButton = qobject_cast<QPushButton*>(button)) {
+            pushButton->setAutoDefault(true);
+        }
+    }
 }
 
 void StripWindow::keyPressEvent(QKeyEvent* event)

@@ -12,7 +12,7 @@ class TitleStrip;
 namespace editing {
 
 // A window without platform frame under a title strip, over the main window where there is one. The
-// strip's box closes it. Return presses the one button set, Escape the other.
+// strip's box closes it. Return presses the one button set, Escape the other; either may be null.
 class StripWindow : public QWidget {
     Q_OBJECT
 

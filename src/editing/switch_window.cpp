@@ -86,7 +86,8 @@ void FrmSwitch::buildControls()
     content().addLayout(lists, 1);
     content().addLayout(fields);
     content().addLayout(buttons);
-    setKeyButtons(m_add, strip().closeBox());
+    // Return opens the folder that is selected.
+    setKeyButtons(nullptr, strip().closeBox());
 }
 
 // A folder that can't be read leaves the lists as they are.

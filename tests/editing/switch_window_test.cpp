@@ -75,6 +75,19 @@ TEST_F(SwitchWindow, FillsThePathFromTheLists)
     EXPECT_EQ(entries(*control<QListWidget>("Filelist")), QStringList({"paint"}));
 }
 
+TEST_F(SwitchWindow, OpensAFolderByReturnAndAddsNothing)
+{
+    control<QComboBox>("Drive1")->setCurrentText(tree.path("home"));
+    type("Text1", "/usr/bin/paint");
+    type("SwitchName", "Paint");
+    auto* folders = control<QListWidget>("Dir1");
+    select(*folders, "tools");
+    QTest::keyClick(folders, Qt::Key_Return);
+    EXPECT_EQ(entries(*folders), QStringList({"..", "old"}));
+    EXPECT_TRUE(core::windows().isLoaded("FrmSwitch"));
+    EXPECT_TRUE(config.values.empty());
+}
+
 TEST_F(SwitchWindow, StaysInAFolderWhenTheNextOneCantBeRead)
 {
     control<QComboBox>("Drive1")->setCurrentText(tree.path("home"));
