@@ -3,27 +3,42 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <QGuiApplication>
 #include <QPixmap>
+#include <algorithm>
+#include <cmath>
 
 namespace platform {
 
 namespace {
 
-constexpr qint64 kMostBytes = qint64(1) << 20;
+constexpr qint64 kMostBytes = qint64(4) << 20;
 
 } // namespace
+
+QImage deliveredPng(const QString& path)
+{
+    const auto bytes = readFile(path, kMostBytes);
+    // Named, because looking for the format by content would load every picture plug-in.
+    return bytes ? QImage::fromData(*bytes, "PNG") : QImage();
+}
+
+int highestScreenRatio()
+{
+    return qGuiApp != nullptr ? static_cast<int>(std::ceil(qGuiApp->devicePixelRatio())) : 1;
+}
 
 QIcon deliveredIcon(const QString& name)
 {
     QIcon icon;
     const QString base = appFile(QStringLiteral("Images/toolbar/") + name);
-    for (int density = 1; density <= 3; ++density) {
+    const int ratios = std::min(highestScreenRatio(), kHighestDeliveredRatio);
+    for (int ratio = 1; ratio <= ratios; ++ratio) {
         const QString ending =
-            density == 1 ? QStringLiteral(".png") : QStringLiteral("@%1x.png").arg(density);
-        const auto bytes = readFile(base + ending, kMostBytes);
-        QPixmap picture;
-        if (bytes && picture.loadFromData(*bytes)) {
-            picture.setDevicePixelRatio(density);
+            ratio == 1 ? QStringLiteral(".png") : QStringLiteral("@%1x.png").arg(ratio);
+        QPixmap picture = QPixmap::fromImage(deliveredPng(base + ending));
+        if (!picture.isNull()) {
+            picture.setDevicePixelRatio(ratio);
             icon.addPixmap(picture);
         }
     }

@@ -1,12 +1,23 @@
 #pragma once
 
 #include <QIcon>
+#include <QImage>
 #include <QString>
 
 namespace platform {
 
-// An icon of the delivered toolbar pictures, in all densities that there are, such as "folder"; an
-// empty icon when the file is missing.
+// The delivered pictures come for screens of ratio 1, 2 and 3 ("name.png", "name@2x.png" ...).
+inline constexpr int kHighestDeliveredRatio = 3;
+
+// The ratio of the sharpest screen, rounded up: variants beyond it needn't be read.
+int highestScreenRatio();
+
+// A PNG of the program's own art, which the loader of users' pictures refuses; null when the file
+// is missing or damaged.
+QImage deliveredPng(const QString& path);
+
+// An icon of the delivered toolbar pictures, such as "folder", in the variants that the screens
+// need; an empty icon when the file is missing.
 QIcon deliveredIcon(const QString& name);
 
 } // namespace platform

@@ -55,10 +55,11 @@ bool isInside(const QTreeWidgetItem* item, const QTreeWidgetItem* branch)
     return item != nullptr;
 }
 
-QIcon iconOr(const char* delivered, const QIcon& standard)
+// The desktop's own icon is only asked for where ours is missing: finding it is slow.
+QIcon iconOr(const char* delivered, const QStyle& style, QStyle::StandardPixmap standard)
 {
     const QIcon icon = deliveredIcon(QString::fromLatin1(delivered));
-    return icon.isNull() ? standard : icon;
+    return icon.isNull() ? style.standardIcon(standard) : icon;
 }
 
 } // namespace
@@ -89,8 +90,8 @@ private:
 
 FolderTreeWidget::FolderTreeWidget(QWidget* parent)
     : QTreeWidget(parent)
-    , m_folderIcon(iconOr("folder", style()->standardIcon(QStyle::SP_DirIcon)))
-    , m_driveIcon(iconOr("drive", style()->standardIcon(QStyle::SP_DriveHDIcon)))
+    , m_folderIcon(iconOr("folder", *style(), QStyle::SP_DirIcon))
+    , m_driveIcon(iconOr("drive", *style(), QStyle::SP_DriveHDIcon))
 {
     setObjectName(QStringLiteral("FolderTree"));
     setAccessibleName(QStringLiteral("Folders"));
@@ -160,7 +161,7 @@ void FolderTreeWidget::refreshRoots()
 {
     if (topLevelItemCount() == 0) {
         addRoot(0, homeFolder(), QStringLiteral("Home"),
-                iconOr("home", style()->standardIcon(QStyle::SP_DirHomeIcon)));
+                iconOr("home", *style(), QStyle::SP_DirHomeIcon));
         addRoot(1, QStringLiteral("/"), QStringLiteral("File system"), m_driveIcon);
     }
     constexpr int kFixedRoots = 2;

@@ -21,6 +21,9 @@ public:
 
     void set(const QString& key, const QString& value)
     {
+        if (get(key) == value) {
+            return; // nothing to write: starting stores several values that stand there already
+        }
         // Text with undecodable bytes is kept as bytes; a text value would lose them.
         if (value.isValidUtf16()) {
             m_settings.setValue(key, value);

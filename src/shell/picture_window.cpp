@@ -43,10 +43,8 @@ PictureWindow::PictureWindow(const QString& name, const QString& picture, Qt::Wi
     setObjectName(name);
     setWindowTitle(core::kProgramName);
     setAccessibleName(core::kProgramName);
-    const bool sharp = qGuiApp->devicePixelRatio() > 1;
-    const QString ratio = sharp ? QStringLiteral("@2x") : QString();
-    m_picture.load(platform::appFile(QStringLiteral("Images/%1%2.png").arg(picture, ratio)));
-    m_picture.setDevicePixelRatio(sharp ? 2 : 1);
+    m_picture = widgets::ScaledPicture::fromFile(
+        platform::appFile(QStringLiteral("Images/%1.png").arg(picture)));
     setFixedSize(kSize);
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {
         move(screen->availableGeometry().center() - rect().center());
@@ -56,16 +54,15 @@ PictureWindow::PictureWindow(const QString& name, const QString& picture, Qt::Wi
 void PictureWindow::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    if (m_picture.isNull()) {
-        painter.fillRect(rect(), QColor(kPlainBackground));
-    } else {
-        painter.drawPixmap(rect(), m_picture);
+    painter.fillRect(rect(), QColor(kPlainBackground));
+    if (!m_picture.isNull()) {
+        painter.drawImage(QPoint(), m_picture.forRatio(devicePixelRatioF()));
     }
 }
 
 QWidget* makeWelcomeWindow()
 {
-    auto* window = new PictureWindow(QStringLiteral("frmWelcome"), QStringLiteral("welcome"),
+    auto* window = new PictureWindow(QStringLiteral("frmWelcome"), QStringLiteral("splash"),
                                      Qt::SplashScreen | Qt::FramelessWindowHint);
     auto* column = new QVBoxLayout(window);
     column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QPixmap>
+#include "widgets/scaled_picture.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -17,7 +18,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QPixmap m_picture;
+    widgets::ScaledPicture m_picture;
 };
 
 // Shown while the program starts.

@@ -7,6 +7,7 @@
 #include "editing/windows.h"
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
+#include "platform/delivered_icon.h"
 #include "platform/folder_tree.h"
 #include "platform/paths.h"
 #include "platform/pump.h"
@@ -22,6 +23,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QPixmap>
 
 namespace shell {
 
@@ -44,6 +46,16 @@ frmThumbnaillist* pane()
 QWidget* parentWindow()
 {
     return core::services().mainWindow != nullptr ? core::services().mainWindow->window() : nullptr;
+}
+
+// The icon goes to the desktop as raw pixels, so it is no larger than a task bar shows it.
+void showProgramIcon()
+{
+    constexpr int kIconSize = 64;
+    const QImage icon =
+        platform::deliveredPng(platform::appFile(QStringLiteral("Images/vistara.png")));
+    QApplication::setWindowIcon(QPixmap::fromImage(
+        icon.scaled(kIconSize, kIconSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
 }
 
 void tell(const StepWatcher& watcher, const char* step)
@@ -135,7 +147,7 @@ int enterProgram(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(core::kProgramName);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(QIcon(platform::appFile(QStringLiteral("Images/vistara.png"))));
+    showProgramIcon();
     const ScreenshotRequest screenshot;
     runProgram();
     return 0;

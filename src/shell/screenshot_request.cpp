@@ -2,6 +2,7 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/state.h"
 #include "core/window_registry.h"
 #include "platform/folder_tree.h"
 
@@ -30,7 +31,7 @@ void ScreenshotRequest::timerEvent(QTimerEvent* event)
     QWidget* const window = core::windows().find(QStringLiteral("Form1"));
     const core::BrowserPane* pane = core::services().browserPane;
     if (window == nullptr || pane == nullptr || !platform::folderTree().isOpen() ||
-        !pane->isFirstFolderShown()) {
+        (core::state().BrowserShown && !pane->isFirstFolderShown())) {
         return;
     }
     killTimer(event->timerId());

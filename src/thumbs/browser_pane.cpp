@@ -169,6 +169,7 @@ void frmThumbnaillist::serveFirstActivation()
     if (alive == nullptr) {
         return;
     }
+    m_firstRunEnded = true;
     enableButtons(false);
     enableButtons(true);
 }

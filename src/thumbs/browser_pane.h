@@ -62,7 +62,7 @@ public:
     void setColourPreset(int preset) override;
     int thumbnailPagesNeeded() override;
     int thumbnailsPerPage() override;
-    [[nodiscard]] bool isFirstFolderShown() const override { return m_firstFolderShown; }
+    [[nodiscard]] bool isFirstFolderShown() const override { return m_firstRunEnded; }
     [[nodiscard]] int widthTwips() const override;
 
 protected:
@@ -110,7 +110,8 @@ private:
     bool m_pathKnown = false;         // the first PathChange is done
     bool m_activationPending = false; // the first activation waits to be served
     bool m_activationServed = false;
-    bool m_firstFolderShown = false;
+    bool m_firstFolderShown = false; // or being shown
+    bool m_firstRunEnded = false;
     bool m_runWhenShown = false;
     bool m_resizing = false;
 

@@ -1,5 +1,6 @@
 #include "widgets/scaled_picture.h"
 
+#include "platform/delivered_icon.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/picture_loader.h"
@@ -10,17 +11,14 @@ namespace widgets {
 
 namespace {
 
-constexpr qint64 kLargestFile = 16 << 20;
-constexpr int kHighestVariant = 3;
-
 // The program's own art may also come in formats that the loader of users' pictures refuses.
 QImage readImage(const QString& path)
 {
-    if (const auto picture = platform::loadPicture(path)) {
-        return picture->image();
+    if (path.endsWith(QLatin1StringView(".png"))) {
+        return platform::deliveredPng(path);
     }
-    const auto bytes = platform::readFile(path, kLargestFile);
-    return bytes ? QImage::fromData(*bytes) : QImage();
+    const auto picture = platform::loadPicture(path);
+    return picture ? picture->image() : QImage();
 }
 
 QString variantPath(const QString& path, int ratio)
@@ -46,7 +44,8 @@ ScaledPicture::ScaledPicture(const platform::Picture& picture)
 ScaledPicture ScaledPicture::fromFile(const QString& path)
 {
     ScaledPicture picture(readImage(path));
-    for (int ratio = 2; !picture.isNull() && ratio <= kHighestVariant; ++ratio) {
+    const int highest = std::min(platform::highestScreenRatio(), platform::kHighestDeliveredRatio);
+    for (int ratio = 2; !picture.isNull() && ratio <= highest; ++ratio) {
         const QString variant = variantPath(path, ratio);
         if (!platform::isRegularFile(variant)) {
             continue;

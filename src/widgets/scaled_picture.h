@@ -18,8 +18,8 @@ public:
     ScaledPicture(const QImage& image);              // NOLINT(google-explicit-constructor)
     ScaledPicture(const platform::Picture& picture); // NOLINT(google-explicit-constructor)
 
-    // The file, and beside it the variants "name@2x.ext" and "name@3x.ext" as far as they are
-    // there. Null when the file itself can't be read.
+    // The file, and beside it the variants "name@2x.ext" and "name@3x.ext" as far as they are there
+    // and a screen is sharp enough for them. Null when the file itself can't be read.
     [[nodiscard]] static ScaledPicture fromFile(const QString& path);
 
     [[nodiscard]] bool isNull() const { return m_variants.empty(); }
