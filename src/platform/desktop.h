@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QRect>
 #include <QString>
 #include <QStringList>
 
@@ -16,8 +15,9 @@ public:
     // Colour depth of the screen.
     [[nodiscard]] virtual int bitsPerPixel() const = 0;
 
-    // Screen area without panels, in device-independent pixels.
-    [[nodiscard]] virtual QRect availableArea() const = 0;
+    // Maximises a window, visible or not. Without a window manager nobody else does it, so it takes
+    // the screen's area without panels as its own.
+    virtual void maximise(QWidget& window) = 0;
 
     // Opens a document or an address with the program that the user prefers for it.
     virtual bool openDocument(const QString& pathOrUrl) = 0;

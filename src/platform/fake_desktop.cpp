@@ -2,7 +2,15 @@
 
 #include "platform/files.h"
 
+#include <QWidget>
+
 namespace platform {
+
+void FakeDesktop::maximise(QWidget& window)
+{
+    window.setGeometry(area);
+    window.overrideWindowState(Qt::WindowMaximized);
+}
 
 bool FakeDesktop::openDocument(const QString& pathOrUrl)
 {

@@ -2,6 +2,7 @@
 
 #include "platform/desktop.h"
 
+#include <QRect>
 #include <vector>
 
 namespace platform {
@@ -28,7 +29,7 @@ public:
     QStringList trashed;
 
     int bitsPerPixel() const override { return bits; }
-    QRect availableArea() const override { return area; }
+    void maximise(QWidget& window) override;
     bool openDocument(const QString& pathOrUrl) override;
     bool startProgram(const QString& path, const QStringList& arguments) override;
     void showProperties(const QString& path, QWidget* parent) override;

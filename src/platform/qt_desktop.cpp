@@ -9,6 +9,7 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWidget>
 
 namespace platform {
 
@@ -22,10 +23,12 @@ int QtDesktop::bitsPerPixel() const
     return screen->depth() >= 24 ? 32 : screen->depth();
 }
 
-QRect QtDesktop::availableArea() const
+void QtDesktop::maximise(QWidget& window)
 {
-    const QScreen* const screen = QGuiApplication::primaryScreen();
-    return screen != nullptr ? screen->availableGeometry() : QRect();
+    if (const QScreen* const screen = window.screen()) {
+        window.setGeometry(screen->availableGeometry());
+    }
+    window.setWindowState((window.windowState() & ~Qt::WindowMinimized) | Qt::WindowMaximized);
 }
 
 bool QtDesktop::openDocument(const QString& pathOrUrl)

@@ -48,9 +48,7 @@ void Form1::resizeForm()
     const auto done = qScopeGuard([this] { m_resizing = false; });
     const bool normal = (windowState() & (Qt::WindowMinimized | Qt::WindowMaximized)) == 0;
     if (normal && isVisible() && (windowState() & Qt::WindowFullScreen) == 0) {
-        // Without a window manager nobody maximises: the area itself does it.
-        setGeometry(platform::desktop().availableArea());
-        setWindowState(windowState() | Qt::WindowMaximized);
+        platform::desktop().maximise(*this);
     }
     placeStrips();
     if (!isChecked("optView", 11)) {

@@ -41,10 +41,10 @@ ScaledPicture::ScaledPicture(const platform::Picture& picture)
     addVariant(picture.image());
 }
 
-ScaledPicture ScaledPicture::fromFile(const QString& path)
+ScaledPicture ScaledPicture::fromFile(const QString& path, int highestRatio)
 {
     ScaledPicture picture(readImage(path));
-    const int highest = std::min(platform::highestScreenRatio(), platform::kHighestDeliveredRatio);
+    const int highest = std::min(highestRatio, platform::kHighestDeliveredRatio);
     for (int ratio = 2; !picture.isNull() && ratio <= highest; ++ratio) {
         const QString variant = variantPath(path, ratio);
         if (!platform::isRegularFile(variant)) {

@@ -2,6 +2,8 @@
 
 #include "platform/picture.h"
 
+#include "platform/delivered_icon.h"
+
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -20,7 +22,8 @@ public:
 
     // The file, and beside it the variants "name@2x.ext" and "name@3x.ext" as far as they are there
     // and a screen is sharp enough for them. Null when the file itself can't be read.
-    [[nodiscard]] static ScaledPicture fromFile(const QString& path);
+    [[nodiscard]] static ScaledPicture fromFile(const QString& path,
+                                                int highestRatio = platform::highestScreenRatio());
 
     [[nodiscard]] bool isNull() const { return m_variants.empty(); }
 

@@ -25,9 +25,8 @@ protected:
     void useScreen(Form1& form, QSize size)
     {
         program.desktop.area = QRect(QPoint(), size);
-        form.setWindowState(Qt::WindowNoState);
+        form.overrideWindowState(Qt::WindowNoState);
         form.form1paint();
-        QApplication::processEvents();
     }
 
     static QWidget* pane() { return core::windows().find(QStringLiteral("frmThumbnaillist")); }

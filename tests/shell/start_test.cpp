@@ -166,7 +166,11 @@ TEST_F(StartTest, ShowsTheStartFolderOfTheSettings)
 TEST_F(StartTest, RecountsOnceWhenTheMainWindowBecomesActiveAfterAPathChange)
 {
     program.run([this](Form1& form) {
+        form.becameActive();
+        RunningProgram::File1().setPath(program.tree.path("app"));
+        RunningProgram::File1().setPath(program.tree.path("pics"));
         EXPECT_TRUE(core::state().FirstActivate);
+        form.PictureCount = 0;
         core::state().CurrentFolder.clear();
         form.becameActive();
         EXPECT_EQ(form.PictureCount, 3);

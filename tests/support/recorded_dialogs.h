@@ -58,7 +58,7 @@ private:
 class RecordedDesktop : public platform::Desktop {
 public:
     [[nodiscard]] int bitsPerPixel() const override { return 32; }
-    [[nodiscard]] QRect availableArea() const override { return {0, 0, 1600, 1200}; }
+    void maximise(QWidget& /*window*/) override {}
     bool openDocument(const QString& pathOrUrl) override
     {
         opened.append(pathOrUrl);

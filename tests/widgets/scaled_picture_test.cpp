@@ -42,9 +42,13 @@ TEST(ScaledPicture, ReadsTheVariantsBesideAFile)
     const QTemporaryDir folder;
     ASSERT_TRUE(plain(16, 1).save(folder.filePath("zoom.png")));
     ASSERT_TRUE(plain(32, 1).save(folder.filePath("zoom@2x.png")));
-    const ScaledPicture picture = ScaledPicture::fromFile(folder.filePath("zoom.png"));
+    const ScaledPicture picture = ScaledPicture::fromFile(folder.filePath("zoom.png"), 3);
     EXPECT_EQ(picture.size(), QSize(16, 16));
     EXPECT_EQ(picture.forRatio(2).width(), 32);
     EXPECT_EQ(picture.forRatio(3).width(), 32);
     EXPECT_TRUE(ScaledPicture::fromFile(folder.filePath("missing.png")).isNull());
+
+    // What no screen can show isn't read.
+    const ScaledPicture coarse = ScaledPicture::fromFile(folder.filePath("zoom.png"), 1);
+    EXPECT_EQ(coarse.forRatio(2).width(), 16);
 }
