@@ -1,6 +1,7 @@
 #include "platform/bmp_decoder.h"
 
 #include "platform/bmp_rle.h"
+#include "platform/large_image.h"
 
 #include <QIODevice>
 #include <algorithm>
@@ -152,7 +153,7 @@ QImage decodeBmp(QIODevice& file, const BmpHeader& header)
     if (file.size() - header.pixelOffset < needed || !file.seek(header.pixelOffset)) {
         return {};
     }
-    QImage image(header.width, header.height, QImage::Format_RGB32);
+    QImage image = unsetImage({header.width, header.height}, QImage::Format_RGB32);
     if (image.isNull()) {
         return {};
     }

@@ -1,5 +1,6 @@
 #include "platform/jpeg_decoder.h"
 
+#include "platform/large_image.h"
 #include "platform/orientation.h"
 
 #include <QIODevice>
@@ -246,7 +247,7 @@ int JpegDecoder::State::readTurned(QImage& image)
 QImage JpegDecoder::State::readPicture()
 {
     const QSize stored(int(info.output_width), int(info.output_height));
-    QImage image(orientation.applied(stored), QImage::Format_RGB32);
+    QImage image = unsetImage(orientation.applied(stored), QImage::Format_RGB32);
     if (image.isNull()) {
         return {};
     }

@@ -1,5 +1,6 @@
 #include "platform/picture_box.h"
 
+#include "platform/large_image.h"
 #include "platform/transfers.h"
 
 #include <QPainter>
@@ -86,7 +87,7 @@ bool PictureBox::resize(int width, int height)
     if (m_surface.size() == QSize(width, height)) {
         return true;
     }
-    QImage surface(width, height, QImage::Format_RGB32);
+    QImage surface = unsetImage({width, height}, QImage::Format_RGB32);
     if (surface.isNull()) {
         return false;
     }

@@ -1,5 +1,6 @@
 #include "platform/transfers.h"
 
+#include "platform/large_image.h"
 #include "platform/picture.h"
 #include "platform/stretch_axis.h"
 #include "platform/stretch_kernels.h"
@@ -97,7 +98,7 @@ bool StretchBlt(QImage& target, Area targetArea, const QImage& source, Area sour
     }
     if (!target.isDetached() && covers(columns, rows, target)) {
         // No pixel of the old surface stays, so copying it for the sake of writing would be vain.
-        QImage fresh(target.size(), target.format());
+        QImage fresh = unsetImage(target.size(), target.format());
         if (fresh.isNull()) {
             return false;
         }
@@ -112,7 +113,7 @@ QImage stretched(const QImage& source, Area sourceArea, QSize size, StretchMode 
     if (!isSurface(source) || size.isEmpty()) {
         return {};
     }
-    QImage image(size, source.format());
+    QImage image = unsetImage(size, source.format());
     const bool whole = sourceArea.x >= 0 && sourceArea.y >= 0 &&
                        QRect(sourceArea.x, sourceArea.y, sourceArea.width, sourceArea.height)
                                .intersected(source.rect())

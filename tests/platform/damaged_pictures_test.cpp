@@ -40,8 +40,9 @@ QSize fitInto(QSize natural, QSize box)
 void expectAnswers(const QByteArray& bytes, unsigned seed)
 {
     std::mt19937 random(seed);
+    const support::TempTree tree;
     for (int i = 0; i < kFilesOfAKind; ++i) {
-        const support::TempTree tree({{"a", damaged(bytes, random).toStdString()}});
+        tree.add({"a", damaged(bytes, random).toStdString()});
         if (const auto picture = loadPicture(tree.path("a"))) {
             EXPECT_FALSE(picture->isNothing());
             EXPECT_EQ(picture->flattened().size(), picture->image().size());
