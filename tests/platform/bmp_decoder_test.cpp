@@ -45,7 +45,7 @@ QByteArray fileOf(const Fields& fields, const QByteArray& table, const QByteArra
     put(bytes, 2, fields.depth);
     if (fields.headerBytes >= 40) {
         put(bytes, 4, fields.compression);
-        put(bytes, 12, 0);
+        bytes.append(QByteArray(12, '\0'));
         put(bytes, 4, fields.coloursUsed);
         put(bytes, 4, 0);
         bytes.append(QByteArray(fields.headerBytes - 40, '\0'));
