@@ -71,7 +71,7 @@ QString factOf(const QString& path, const QString& label)
 
 TEST(Desktop, TellsTheScreen)
 {
-    const QtDesktop desktop;
+    QtDesktop desktop;
     EXPECT_EQ(desktop.bitsPerPixel(), 32);
     QWidget window;
     desktop.maximise(window);
