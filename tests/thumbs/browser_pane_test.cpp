@@ -652,6 +652,20 @@ TEST_F(PaneTest, HoldsTheSplitterDuringARun)
     EXPECT_TRUE(part("Splitter")->isEnabled());
 }
 
+TEST_F(PaneTest, KeepsHoldingTheSplitterAfterARefusal)
+{
+    start();
+    list().setMaxThumbnailpages(-1);
+    m_pane->treeSelected(m_tree.path("other"));
+    EXPECT_EQ(m_dialogs.messages.size(), 1U);
+    EXPECT_FALSE(part("Splitter")->isEnabled());
+    EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
+    list().setMaxThumbnailpages(100);
+    m_pane->rebuildThumbnails();
+    EXPECT_TRUE(part("Splitter")->isEnabled());
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
 TEST_F(PaneTest, ChangesItsWidthAtItsEdge)
 {
     start();
