@@ -55,8 +55,9 @@ cpvSlider::cpvSlider(QWidget* parent)
     , m_knob(new widgets::SliderKnob(this))
 {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName(tr("Slider"));
+    // First, because naming the widget makes its interface for screen readers, and that stays.
     widgets::installSliderAccessibility();
+    setAccessibleName(tr("Slider"));
     m_knob->dress({}, m_scale.axis);
     placeKnob();
 }
