@@ -1,17 +1,12 @@
 #include "shell/commands.h"
 
-#include "core/services.h"
-#include "core/state.h"
 #include "core/window_registry.h"
 #include "editing/clipboard_commands.h"
 #include "editing/editor_handoff.h"
 #include "editing/image_commands.h"
 #include "editing/save_pipeline.h"
 #include "editing/working_files.h"
-#include "files/classification.h"
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
-#include "platform/pointer.h"
+#include "files/file_commands.h"
 #include "shell/main_window.h"
 
 #include <QWidget>
@@ -22,30 +17,6 @@ namespace {
 
 constexpr bool kModal = true;
 constexpr int kFlipVertical = 2; // of the Image menu
-
-const QString kTransferWindow = QStringLiteral("Movefile");
-
-// The window that copies and moves shows the picture of the file; one in an own format can only be
-// shown from its working file.
-void transferFile(Form1& form, const QString& title, const QString& picture, bool move)
-{
-    core::state().MoveNotCopy = move;
-    QWidget* const window = core::windows().load(kTransferWindow);
-    if (window == nullptr) {
-        return;
-    }
-    if (files::isOwnFormat(form.Xiala())) {
-        editing::saveQuietly(form.viewer().Picture(), editing::WorkingFile::Picture);
-    }
-    window->setProperty("captionText", title);
-    window->setProperty("pictureFile", picture);
-    form.showWindow(kTransferWindow, kModal);
-}
-
-void copyWithTitle(Form1& form, const QString& title)
-{
-    transferFile(form, title, QStringLiteral("Images/Copyfile.jpg"), false);
-}
 
 } // namespace
 
@@ -81,34 +52,22 @@ void paste(Form1& form, int /*index*/)
 
 void deleteFile(Form1& form, int /*index*/)
 {
-    const QString path = form.Xiala();
-    platform::setPointer(platform::Pointer::Default);
-    if (path.isEmpty() ||
-        !platform::dialogs().askYesNo(QStringLiteral("Move this to the trash?\n\n%1").arg(path),
-                                      core::kProgramName)) {
-        return;
-    }
-    if (!platform::desktop().moveToTrash(path)) {
-        platform::dialogs().showMessage(
-            QStringLiteral("This could not be moved to the trash:\n\n%1").arg(path),
-            core::kProgramName, platform::BoxIcon::Exclamation);
-    }
+    files::deleteWithQuestion(form.Xiala());
 }
 
 void copyTo(Form1& form, int /*index*/)
 {
-    copyWithTitle(form, QStringLiteral("Copy File to..."));
+    files::openTransferWindow(form, QStringLiteral("Copy File to..."), files::Transfer::Copy);
 }
 
 void copyToFromRightMenu(Form1& form, int /*index*/)
 {
-    copyWithTitle(form, QStringLiteral("Copy file to..."));
+    files::openTransferWindow(form, QStringLiteral("Copy file to..."), files::Transfer::Copy);
 }
 
 void moveTo(Form1& form, int /*index*/)
 {
-    transferFile(form, QStringLiteral("Move file to..."), QStringLiteral("Images/Movefile.jpg"),
-                 true);
+    files::openTransferWindow(form, QStringLiteral("Move file to..."), files::Transfer::Move);
 }
 
 void rename(Form1& form, int /*index*/)

@@ -100,8 +100,6 @@ private:
     void deleteFile();
     void copyFile();
     void moveFile();
-    enum class Transfer { Copy, Move };
-    void transfer(const char* caption, const char* picture, Transfer kind);
     void openFavourites();
     void refresh();
 

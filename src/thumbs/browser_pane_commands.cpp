@@ -1,11 +1,8 @@
 #include "core/services.h"
-#include "core/state.h"
 #include "core/window_registry.h"
-#include "files/classification.h"
-#include "platform/desktop.h"
+#include "files/file_commands.h"
 #include "platform/dialogs.h"
 #include "platform/paths.h"
-#include "platform/picture_saver.h"
 #include "platform/pointer.h"
 #include "thumbs/browser_pane.h"
 #include "thumbs/thumbnail_list.h"
@@ -27,19 +24,6 @@ QString currentPath()
 {
     core::MainWindow* window = core::services().mainWindow;
     return window == nullptr ? QString() : window->Xiala();
-}
-
-// What Movefile previews: a foreign format goes by way of the working file.
-QString previewFile(const QString& path)
-{
-    if (!files::isOwnFormat(path)) {
-        return path;
-    }
-    const QString workingFile = platform::appFile("temp.bmp");
-    // Where it can't be written, the file of the last picture is shown instead.
-    static_cast<void>(
-        platform::savePicture(core::services().mainWindow->viewer().Picture(), workingFile));
-    return workingFile;
 }
 
 } // namespace
@@ -101,38 +85,21 @@ void frmThumbnaillist::rename()
 
 void frmThumbnaillist::deleteFile()
 {
-    const QString path = currentPath();
-    const QString question = tr("Move \"%1\" to the trash?").arg(path);
-    if (!platform::dialogs().askYesNo(question, tr("Delete"))) {
-        return;
-    }
-    if (!platform::desktop().moveToTrash(path)) {
-        platform::dialogs().showMessage(tr("\"%1\" could not be moved to the trash.").arg(path),
-                                        tr("Delete"), platform::BoxIcon::Exclamation);
-    }
+    files::deleteWithQuestion(currentPath());
 }
 
 void frmThumbnaillist::copyFile()
 {
-    transfer("Copy File to...", "Images/Copyfile.jpg", Transfer::Copy);
+    if (core::MainWindow* window = core::services().mainWindow) {
+        files::openTransferWindow(*window, "Copy File to...", files::Transfer::Copy);
+    }
 }
 
 void frmThumbnaillist::moveFile()
 {
-    transfer("Move file to...", "Images/Movefile.jpg", Transfer::Move);
-}
-
-void frmThumbnaillist::transfer(const char* caption, const char* picture, Transfer kind)
-{
-    core::state().MoveNotCopy = kind == Transfer::Move;
-    QWidget* window = core::windows().load("Movefile");
-    if (window == nullptr) {
-        return;
+    if (core::MainWindow* window = core::services().mainWindow) {
+        files::openTransferWindow(*window, "Move file to...", files::Transfer::Move);
     }
-    window->setProperty("captionText", QString::fromLatin1(caption));
-    window->setProperty("pictureFile", platform::appFile(picture));
-    window->setProperty("previewFile", previewFile(currentPath()));
-    core::windows().show("Movefile", core::ShowMode::Modal);
 }
 
 void frmThumbnaillist::openFavourites()
