@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editing/jpeg_preview.h"
-#include "editing/strip_window.h"
+#include "widgets/strip_window.h"
 
 #include <QString>
 #include <memory>
@@ -19,7 +19,7 @@ inline const QString kJpegWindowName = QStringLiteral("frmSaveJPGc");
 // Asks for the quality of a JPEG file and writes it from the save's working file. Every quality
 // that the slider passes is converted into another working file at once; loading the window is such
 // a change already.
-class frmSaveJPGc : public editing::StripWindow {
+class frmSaveJPGc : public widgets::StripWindow {
     Q_OBJECT
 
 public:

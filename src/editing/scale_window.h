@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editing/strip_window.h"
+#include "widgets/strip_window.h"
 
 #include <optional>
 
@@ -19,7 +19,7 @@ namespace editing {
 
 // The scale dialog. Its input and output are the resize values of the process-wide state; leaving
 // it by anything but its Ok button counts as cancelling.
-class Form4 : public editing::StripWindow {
+class Form4 : public widgets::StripWindow {
     Q_OBJECT
 
 public:

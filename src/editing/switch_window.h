@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editing/strip_window.h"
 #include "platform/file_list.h"
+#include "widgets/strip_window.h"
 
 class QComboBox;
 class QLineEdit;
@@ -11,7 +11,7 @@ class QPushButton;
 
 // Adds a program to the list of editors: it is picked by drive, folder and file, or its path typed,
 // and gets a name for the menu.
-class FrmSwitch : public editing::StripWindow {
+class FrmSwitch : public widgets::StripWindow {
     Q_OBJECT
 
 public:

@@ -2,12 +2,13 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
-#include "files/list_window_parts.h"
 #include "files/text_list.h"
+#include "widgets/window_parts.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -15,22 +16,21 @@ constexpr int kFieldWidth = 320; // pixels
 
 } // namespace
 
-Favorties::Favorties(QWidget* parent)
-    : QWidget(parent, Qt::Dialog | Qt::FramelessWindowHint)
+Favorties::Favorties()
+    : StripWindow(QStringLiteral("Add to Favorties"))
 {
     setObjectName(QStringLiteral("Favorties"));
-    QVBoxLayout* column = files::addTitledColumn(*this, QStringLiteral("Add to Favorties"));
     const core::MainWindow* window = core::services().mainWindow;
 
-    m_underName = files::addOption(*column, *this, QStringLiteral("Option1"),
-                                   QStringLiteral("Under this &name:"));
-    m_newName = files::addField(*column, *this, QStringLiteral("Newname"),
-                                QStringLiteral("Name of the favourite"));
+    m_underName = widgets::addOption(content(), *this, QStringLiteral("Option1"),
+                                     QStringLiteral("Under this &name:"));
+    m_newName = widgets::addField(content(), *this, QStringLiteral("Newname"),
+                                  QStringLiteral("Name of the favourite"));
     m_newName->setMinimumWidth(kFieldWidth);
-    QRadioButton* underPath = files::addOption(*column, *this, QStringLiteral("Option2"),
-                                               QStringLiteral("Under its &path:"));
-    m_newPath = files::addField(*column, *this, QStringLiteral("Newpath"),
-                                QStringLiteral("Path of the favourite"));
+    QRadioButton* underPath = widgets::addOption(content(), *this, QStringLiteral("Option2"),
+                                                 QStringLiteral("Under its &path:"));
+    m_newPath = widgets::addField(content(), *this, QStringLiteral("Newpath"),
+                                  QStringLiteral("Path of the favourite"));
     m_underName->setChecked(true);
     m_newPath->setText(window != nullptr ? window->Xiala() : QString());
     m_newPath->setCursorPosition(0);
@@ -39,13 +39,13 @@ Favorties::Favorties(QWidget* parent)
     connect(m_newPath, &QLineEdit::textEdited, underPath,
             [underPath] { underPath->setChecked(true); });
 
-    QPushButton* ok = files::makeButton(*this, QStringLiteral("Addok"), QStringLiteral("&Ok"));
+    QPushButton* ok = widgets::makeButton(*this, QStringLiteral("Addok"), QStringLiteral("&Ok"));
     QPushButton* cancel =
-        files::makeButton(*this, QStringLiteral("AddCancel"), QStringLiteral("&Cancel"));
-    files::addButtonRow(*column, {ok, cancel});
+        widgets::makeButton(*this, QStringLiteral("AddCancel"), QStringLiteral("&Cancel"));
+    widgets::addButtonRow(content(), {ok, cancel});
     connect(ok, &QPushButton::clicked, this, &Favorties::add);
     connect(cancel, &QPushButton::clicked, this, &QWidget::close);
-    ok->setDefault(true);
+    setKeyButtons(ok, cancel);
     m_newName->setFocus();
 }
 

@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QWidget>
+#include "widgets/strip_window.h"
 
 class QLineEdit;
 class QRadioButton;
 
 // Favorties: adds the picture shown to the favourites, under a name typed here or under its own
 // path.
-class Favorties : public QWidget {
+class Favorties : public widgets::StripWindow {
     Q_OBJECT
 
 public:
-    explicit Favorties(QWidget* parent);
+    Favorties();
 
 private:
     void add();

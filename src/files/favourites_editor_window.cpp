@@ -2,13 +2,13 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
-#include "files/list_window_parts.h"
 #include "platform/dialogs.h"
-#include "widgets/title_strip.h"
+#include "widgets/window_parts.h"
 
 #include <QDynamicPropertyChangeEvent>
 #include <QListWidget>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -18,32 +18,32 @@ constexpr QSize kListSize{320, 220}; // pixels
 
 } // namespace
 
-FavortiesModi::FavortiesModi(QWidget* parent)
-    : QWidget(parent, Qt::Dialog | Qt::FramelessWindowHint)
+FavortiesModi::FavortiesModi()
+    : StripWindow(QString())
 {
     setObjectName(QStringLiteral("FavortiesModi"));
-    QVBoxLayout* column = files::addTitledColumn(*this, QString());
-    m_title = findChild<widgets::TitleStrip*>();
+    setAccessibleName(QStringLiteral("Favourites"));
     m_names = new QListWidget(this);
     m_names->setObjectName(QStringLiteral("List1"));
     m_names->setAccessibleName(QStringLiteral("Entries"));
     m_names->setMinimumSize(kListSize);
-    column->addWidget(m_names);
+    content().addWidget(m_names);
     m_paths = new QListWidget(this);
     m_paths->setObjectName(QStringLiteral("lstdata"));
     m_paths->setAccessibleName(QStringLiteral("Paths of the entries"));
     m_paths->hide();
 
     QPushButton* remove =
-        files::makeButton(*this, QStringLiteral("chameleonButton1"), QStringLiteral("&Delete"));
+        widgets::makeButton(*this, QStringLiteral("chameleonButton1"), QStringLiteral("&Delete"));
     QPushButton* rename =
-        files::makeButton(*this, QStringLiteral("Renname"), QStringLiteral("&Renname..."));
+        widgets::makeButton(*this, QStringLiteral("Renname"), QStringLiteral("&Renname..."));
     QPushButton* done =
-        files::makeButton(*this, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
-    files::addButtonRow(*column, {remove, rename, done});
+        widgets::makeButton(*this, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
+    widgets::addButtonRow(content(), {remove, rename, done});
     connect(remove, &QPushButton::clicked, this, &FavortiesModi::deleteSelected);
     connect(rename, &QPushButton::clicked, this, &FavortiesModi::renameSelected);
     connect(done, &QPushButton::clicked, this, &QWidget::close);
+    setKeyButtons(nullptr, done);
     m_names->setFocus();
     refill();
 }
@@ -56,9 +56,8 @@ const files::TextList& FavortiesModi::list() const
 void FavortiesModi::applyMode()
 {
     const bool editors = property("listMode").toString() == kEditorsMode;
-    const QString title = editors ? kEditorsTitle : QString();
-    setWindowTitle(title);
-    qobject_cast<widgets::TitleStrip*>(m_title)->setCaption(title);
+    setCaption(editors ? kEditorsTitle : QString());
+    setAccessibleName(editors ? QStringLiteral("Editors") : QStringLiteral("Favourites"));
     refill();
 }
 
@@ -120,5 +119,5 @@ bool FavortiesModi::event(QEvent* event)
     } else if (event->type() == QEvent::WindowActivate) {
         refill();
     }
-    return QWidget::event(event);
+    return StripWindow::event(event);
 }

@@ -1,19 +1,17 @@
 #pragma once
 
 #include "files/text_list.h"
-
-#include <QWidget>
+#include "widgets/strip_window.h"
 
 class QListWidget;
-class QPushButton;
 
 // FavortiesModi: deletes and renames the entries of the favourites (mode "F") or of the editors
 // (mode "T"). The dynamic property "listMode" names the mode; "F" where there is none.
-class FavortiesModi : public QWidget {
+class FavortiesModi : public widgets::StripWindow {
     Q_OBJECT
 
 public:
-    explicit FavortiesModi(QWidget* parent);
+    FavortiesModi();
 
 private:
     [[nodiscard]] const files::TextList& list() const;
@@ -25,7 +23,6 @@ private:
 
     bool event(QEvent* event) override;
 
-    QWidget* m_title = nullptr;
     QListWidget* m_names = nullptr;
     QListWidget* m_paths = nullptr; // lstdata; runs along with the names
 };

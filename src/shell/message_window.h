@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QWidget>
+#include "widgets/strip_window.h"
 
 namespace shell {
 
 // frmMsg: the question that the right button asks once, before it opens the menu from then on.
-class frmMsgWindow : public QWidget {
+class frmMsgWindow : public widgets::StripWindow {
     Q_OBJECT
 
 public:
-    explicit frmMsgWindow(QWidget* parent);
+    frmMsgWindow();
 
 private:
     void answer(bool import);

@@ -95,10 +95,10 @@ void registerWindows()
     windows.add(kMain, [] { return new Form1; });
     windows.add(kPane, [] { return new frmThumbnaillist(parentWindow()); });
     windows.add(QStringLiteral("frmAbout"), [] { return makeAboutWindow(parentWindow()); });
-    windows.add(QStringLiteral("frmMsg"), [] { return new frmMsgWindow(parentWindow()); });
+    windows.add(QStringLiteral("frmMsg"), [] { return new frmMsgWindow; });
     windows.add(QStringLiteral("fastZoom"), [] { return new fastZoom(parentWindow()); });
-    windows.add(QStringLiteral("Favorties"), [] { return new Favorties(parentWindow()); });
-    windows.add(QStringLiteral("FavortiesModi"), [] { return new FavortiesModi(parentWindow()); });
+    windows.add(QStringLiteral("Favorties"), [] { return new Favorties; });
+    windows.add(QStringLiteral("FavortiesModi"), [] { return new FavortiesModi; });
     editing::registerWindows();
 }
 

@@ -41,7 +41,7 @@ protected:
 
 TEST_F(ListWindowsTest, AddsAFavouriteUnderANameOrUnderItsPath)
 {
-    Favorties named(nullptr);
+    Favorties named;
     named.findChild<QLineEdit*>(QStringLiteral("Newname"))->setText(QStringLiteral("Sea"));
     named.show();
     click(named, "Addok");
@@ -49,7 +49,7 @@ TEST_F(ListWindowsTest, AddsAFavouriteUnderANameOrUnderItsPath)
     EXPECT_EQ(favourites(), "Sea#/p/sea.bmp;");
     EXPECT_TRUE(main.log.contains(QStringLiteral("refillListMenus")));
 
-    Favorties unnamed(nullptr);
+    Favorties unnamed;
     unnamed.findChild<QRadioButton*>(QStringLiteral("Option2"))->setChecked(true);
     click(unnamed, "Addok");
     EXPECT_EQ(favourites(), "Sea#/p/sea.bmp;/p/sea.bmp#/p/sea.bmp;");
@@ -58,7 +58,7 @@ TEST_F(ListWindowsTest, AddsAFavouriteUnderANameOrUnderItsPath)
 
 TEST_F(ListWindowsTest, AddsNothingOnCancel)
 {
-    Favorties window(nullptr);
+    Favorties window;
     window.show();
     click(window, "AddCancel");
     EXPECT_FALSE(window.isVisible());
@@ -69,7 +69,7 @@ TEST_F(ListWindowsTest, DeletesTheSelectedEntryFromListsFileAndMenu)
 {
     addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/1")}, config);
     addNamed(files::kFavourites, {QStringLiteral("b"), QStringLiteral("/2")}, config);
-    FavortiesModi window(nullptr);
+    FavortiesModi window;
     auto* names = window.findChild<QListWidget*>(QStringLiteral("List1"));
     auto* paths = window.findChild<QListWidget*>(QStringLiteral("lstdata"));
     ASSERT_EQ(names->count(), 2);
@@ -86,7 +86,7 @@ TEST_F(ListWindowsTest, DeletesTheSelectedEntryFromListsFileAndMenu)
 TEST_F(ListWindowsTest, AsksForANewName)
 {
     addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/a")}, config);
-    FavortiesModi window(nullptr);
+    FavortiesModi window;
     window.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(0);
     platform::FakeDialogs dialogs;
     const platform::ScopedDialogs inPlace(dialogs);
@@ -101,7 +101,7 @@ TEST_F(ListWindowsTest, AsksForANewName)
 TEST_F(ListWindowsTest, TitlesTheWindowByItsMode)
 {
     addNamed(files::kEditors, {QStringLiteral("Paint"), QStringLiteral("/bin/paint")}, config);
-    FavortiesModi window(nullptr);
+    FavortiesModi window;
     window.setProperty("listMode", QStringLiteral("F"));
     EXPECT_EQ(window.windowTitle(), QString());
     window.setProperty("listMode", QStringLiteral("T"));
@@ -111,7 +111,7 @@ TEST_F(ListWindowsTest, TitlesTheWindowByItsMode)
 
 TEST_F(ListWindowsTest, ReadsTheListAgainOnEachActivation)
 {
-    FavortiesModi window(nullptr);
+    FavortiesModi window;
     addNamed(files::kFavourites, {QStringLiteral("late"), QStringLiteral("/1")}, config);
     QEvent activation(QEvent::WindowActivate);
     QApplication::sendEvent(&window, &activation);

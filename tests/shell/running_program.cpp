@@ -90,8 +90,24 @@ void RunningProgram::run(const std::function<void(Form1&)>& script)
         }
     });
     poll.start(kGlance);
+    QTimer modal;
+    QObject::connect(&modal, &QTimer::timeout, [this] { serveModal(); });
+    modal.start(kGlance);
     shell::runProgram([this](const QString& step) { steps.append(step); });
     EXPECT_TRUE(scriptRan) << "the program never came up";
+}
+
+void RunningProgram::serveModal()
+{
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr) {
+        return;
+    }
+    modals.append(window->objectName());
+    if (onModal) {
+        onModal(*window);
+    }
+    window->close();
 }
 
 QString RunningProgram::stored(const char* key) const

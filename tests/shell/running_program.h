@@ -27,6 +27,10 @@ public:
     [[nodiscard]] QString stored(const char* key) const;
     [[nodiscard]] QString picture(const char* name) const;
 
+    // What happens to a window that shows modally; without it the window is closed at once.
+    std::function<void(QWidget&)> onModal;
+    QStringList modals; // their names, in order
+
     // Lets events run for a while, until the condition holds; false when it never does.
     static bool waitFor(const std::function<bool()>& condition);
 
@@ -41,6 +45,8 @@ public:
     QStringList unloaded; // windows, in order
 
 private:
+    void serveModal();
+
     platform::ScopedDialogs m_dialogs;
     platform::ScopedDesktop m_desktop;
 };

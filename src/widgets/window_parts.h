@@ -1,19 +1,17 @@
 #pragma once
 
 #include <QString>
-#include <QVBoxLayout>
 #include <initializer_list>
 
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
+class QVBoxLayout;
 class QWidget;
 
-// The parts that the small windows of the lists are put together from.
-namespace files {
-
-// Gives a window a title strip with a close box, Esc, and a column with margins below it.
-QVBoxLayout* addTitledColumn(QWidget& window, const QString& caption);
+// Parts that small windows are put together from. Each gets its objectName and an accessible name,
+// and belongs to the window.
+namespace widgets {
 
 QRadioButton* addOption(QVBoxLayout& column, QWidget& window, const QString& name,
                         const QString& caption);
@@ -24,4 +22,4 @@ QPushButton* makeButton(QWidget& window, const QString& name, const QString& cap
 // A row at the end of the column, the buttons at its right.
 void addButtonRow(QVBoxLayout& column, std::initializer_list<QPushButton*> buttons);
 
-} // namespace files
+} // namespace widgets

@@ -1,40 +1,12 @@
-#include "files/list_window_parts.h"
+#include "widgets/window_parts.h"
 
 #include "widgets/focus_field.h"
-#include "widgets/title_strip.h"
 
 #include <QPushButton>
 #include <QRadioButton>
-#include <QShortcut>
+#include <QVBoxLayout>
 
-namespace files {
-
-namespace {
-
-constexpr int kMargin = 14; // pixels
-constexpr int kSpacing = 8;
-
-} // namespace
-
-QVBoxLayout* addTitledColumn(QWidget& window, const QString& caption)
-{
-    window.setWindowTitle(caption);
-    auto* outer = new QVBoxLayout(&window);
-    outer->setContentsMargins(1, 1, 1, 1);
-    outer->setSpacing(0);
-    auto* strip = new widgets::TitleStrip(&window);
-    strip->setCaption(caption);
-    strip->applyLook();
-    outer->addWidget(strip);
-    QObject::connect(strip, &widgets::TitleStrip::closeRequested, &window, &QWidget::close);
-    const auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), &window);
-    QObject::connect(escape, &QShortcut::activated, &window, &QWidget::close);
-    auto* column = new QVBoxLayout;
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    column->setSpacing(kSpacing);
-    outer->addLayout(column);
-    return column;
-}
+namespace widgets {
 
 QRadioButton* addOption(QVBoxLayout& column, QWidget& window, const QString& name,
                         const QString& caption)
@@ -49,7 +21,7 @@ QRadioButton* addOption(QVBoxLayout& column, QWidget& window, const QString& nam
 QLineEdit* addField(QVBoxLayout& column, QWidget& window, const QString& name,
                     const QString& accessibleName)
 {
-    auto* field = new widgets::FocusField(&window);
+    auto* field = new FocusField(&window);
     field->setObjectName(name);
     field->setAccessibleName(accessibleName);
     column.addWidget(field);
@@ -74,4 +46,4 @@ void addButtonRow(QVBoxLayout& column, std::initializer_list<QPushButton*> butto
     column.addLayout(row);
 }
 
-} // namespace files
+} // namespace widgets

@@ -1,0 +1,126 @@
+#include "widgets/strip_window.h"
+
+#include "core/interfaces.h"
+#include "core/services.h"
+#include "widgets/title_strip.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace widgets {
+
+namespace {
+
+constexpr int kFrame = 1; // pixels
+constexpr int kMargin = 14;
+constexpr int kSpacing = 8;
+
+QWidget* mainWindow()
+{
+    core::MainWindow* form = core::services().mainWindow;
+    return form == nullptr ? nullptr : form->window();
+}
+
+// The corner of a window of a size given in the middle of an area, on the screen as a whole.
+QPoint centredPlace(const QRect& area, QSize size, const QRect& screen)
+{
+    QRect place(QPoint(0, 0), size);
+    place.moveCenter(area.center());
+    return {std::max(screen.left(), std::min(place.left(), screen.right() - size.width())),
+            std::max(screen.top(), std::min(place.top(), screen.bottom() - size.height()))};
+}
+
+// The strip is made before the window's own controls, yet its box is the last that Tab reaches.
+// Widgets change places one by one: the last of a chain takes nothing from further away behind it.
+void moveToChainsEnd(QWidget& widget)
+{
+    const QWidget* window = widget.window();
+    for (QWidget* next = widget.nextInFocusChain(); next != window;) {
+        QWidget::setTabOrder(next, &widget);
+        QWidget* const following = widget.nextInFocusChain();
+        if (following == next) {
+            return;
+        }
+        next = following;
+    }
+}
+
+} // namespace
+
+StripWindow::StripWindow(const QString& caption, Qt::WindowType type)
+    : QWidget(mainWindow(), type | Qt::FramelessWindowHint)
+    , m_strip(new TitleStrip(this))
+    , m_content(new QVBoxLayout)
+    , m_cancel(m_strip->closeBox())
+{
+    setCaption(caption);
+    m_strip->applyLook();
+    connect(m_strip, &TitleStrip::closeRequested, this, &QWidget::close);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(kFrame, kFrame, kFrame, kFrame);
+    layout->setSpacing(0);
+    layout->addWidget(m_strip);
+    m_content->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    m_content->setSpacing(kSpacing);
+    layout->addLayout(m_content, 1);
+}
+
+void StripWindow::setCaption(const QString& caption)
+{
+    setWindowTitle(caption);
+    m_strip->setCaption(caption);
+}
+
+void StripWindow::setKeyButtons(QAbstractButton* accept, QAbstractButton* cancel)
+{
+    m_accept = accept;
+    m_cancel = cancel;
+    for (QAbstractButton* button : {accept, cancel}) {
+        // A button that has the focus itself comes before the one of the window.
+        if (auto* pushButton = qobject_cast<QPushButton*>(button)) {
+            pushButton->setAutoDefault(true);
+        }
+    }
+}
+
+void StripWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool accepts = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QAbstractButton* pressed = accepts                          ? m_accept
+                               : event->key() == Qt::Key_Escape ? m_cancel
+                                                                : nullptr;
+    if (pressed == nullptr) {
+        QWidget::keyPressEvent(event);
+    } else {
+        pressed->click();
+    }
+}
+
+// A line around the window, which has no frame and may lie over anything.
+void StripWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Dark));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void StripWindow::showEvent(QShowEvent* event)
+{
+    const QWidget* main = parentWidget();
+    if (main != nullptr && !testAttribute(Qt::WA_Moved)) {
+        const QRect area(main->mapToGlobal(QPoint(0, 0)), main->size());
+        move(centredPlace(area, size(), screen()->availableGeometry()));
+    }
+    moveToChainsEnd(*m_strip->closeBox());
+    if (focusWidget() == nullptr) {
+        focusNextChild();
+    }
+    QWidget::showEvent(event);
+}
+
+} // namespace widgets

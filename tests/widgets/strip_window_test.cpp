@@ -1,0 +1,99 @@
+#include "widgets/strip_window.h"
+
+#include "support/fake_main_window.h"
+#include "widgets/title_strip.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+
+namespace {
+
+class OpenedWindow : public widgets::StripWindow {
+public:
+    OpenedWindow()
+        : StripWindow(QStringLiteral("Caption"))
+        , field(new QLineEdit(this))
+        , ok(new QPushButton(this))
+        , cancel(new QPushButton(this))
+    {
+        for (QWidget* part : {static_cast<QWidget*>(field), static_cast<QWidget*>(ok),
+                              static_cast<QWidget*>(cancel)}) {
+            content().addWidget(part);
+        }
+    }
+    using StripWindow::setKeyButtons;
+    using StripWindow::strip;
+
+    QLineEdit* field;
+    QPushButton* ok;
+    QPushButton* cancel;
+};
+
+} // namespace
+
+TEST(StripWindow, ShowsItsCaptionOnTheStripAndToTheDesktop)
+{
+    OpenedWindow window;
+    EXPECT_EQ(window.strip().caption(), QStringLiteral("Caption"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Caption"));
+    window.setCaption(QStringLiteral("Other"));
+    EXPECT_EQ(window.strip().caption(), QStringLiteral("Other"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Other"));
+}
+
+TEST(StripWindow, ClosesByItsBoxAndByEscape)
+{
+    OpenedWindow window;
+    window.show();
+    window.strip().closeBox()->click();
+    EXPECT_FALSE(window.isVisible());
+    window.show();
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST(StripWindow, PressesTheButtonsOfItsTwoKeys)
+{
+    OpenedWindow window;
+    QStringList pressed;
+    QObject::connect(window.ok, &QPushButton::clicked, [&] { pressed.append("ok"); });
+    QObject::connect(window.cancel, &QPushButton::clicked, [&] { pressed.append("cancel"); });
+    window.setKeyButtons(window.ok, window.cancel);
+    window.show();
+    QTest::keyClick(window.field, Qt::Key_Return);
+    QTest::keyClick(window.field, Qt::Key_Enter);
+    QTest::keyClick(window.field, Qt::Key_Escape);
+    EXPECT_EQ(pressed, QStringList({"ok", "ok", "cancel"}));
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST(StripWindow, StartsAtItsFirstControlAndReachesTheBoxLast)
+{
+    OpenedWindow window;
+    window.show();
+    EXPECT_EQ(window.focusWidget(), window.field);
+    EXPECT_EQ(window.cancel->nextInFocusChain(), window.strip().closeBox());
+}
+
+TEST(StripWindow, StandsInTheMiddleOfTheMainWindowUnlessItWasMoved)
+{
+    support::FakeMainWindow main;
+    QWidget area;
+    area.setGeometry(100, 50, 600, 400);
+    main.parentWindow = &area;
+    area.show();
+    OpenedWindow window;
+    window.resize(200, 120);
+    window.show();
+    EXPECT_EQ(window.geometry().center(), area.geometry().center());
+
+    OpenedWindow moved;
+    moved.move(7, 9);
+    moved.show();
+    EXPECT_EQ(moved.pos(), QPoint(7, 9));
+}
