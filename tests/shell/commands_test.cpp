@@ -19,7 +19,6 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QTimer>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -54,13 +53,6 @@ protected:
         return array == QStringLiteral("optFile") && row.index == 14;
     }
 
-    static void closeModalWindow()
-    {
-        if (QWidget* modal = QApplication::activeModalWidget()) {
-            modal->close();
-        }
-    }
-
     RunningProgram program;
 };
 
@@ -93,9 +85,6 @@ TEST_F(CommandsTest, SayOnceThatThereIsNoPicture)
 TEST_F(CommandsTest, EndQuietlyWhereTheyNeedNothing)
 {
     program.run([this](Form1& form) {
-        QTimer closer;
-        QObject::connect(&closer, &QTimer::timeout, &form, &closeModalWindow);
-        closer.start(0);
         for (const shell::MenuRow& row : shell::menuRows()) {
             const QString array = QString::fromLatin1(row.array);
             const bool edits = array == QStringLiteral("optImage") ||
@@ -214,22 +203,13 @@ TEST_F(CommandsTest, OpenTheWindowsOfScalingAndFavourites)
 {
     program.run([this](Form1& form) {
         showPicture(form, program.picture("a.bmp"));
-        QStringList opened;
-        QTimer closer;
-        QObject::connect(&closer, &QTimer::timeout, &form, [&opened] {
-            if (const QWidget* modal = QApplication::activeModalWidget()) {
-                opened.append(modal->objectName());
-                closeModalWindow();
-            }
-        });
-        closer.start(0);
         RunningProgram::trigger(form, "optImage", 7);
         RunningProgram::trigger(form, "OptFav", 0);
         RunningProgram::trigger(form, "OptFav", 1);
         RunningProgram::trigger(form, "Dip", 0);
         RunningProgram::trigger(form, "Dip", 1);
-        EXPECT_EQ(opened, QStringList({"Form4", "Favorties", "FavortiesModi", "FrmSwitch",
-                                       "FavortiesModi"}));
+        EXPECT_EQ(program.modals, QStringList({"Form4", "Favorties", "FavortiesModi", "FrmSwitch",
+                                               "FavortiesModi"}));
     });
 }
 
