@@ -29,6 +29,7 @@
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTimer>
 
 namespace {
 
@@ -96,6 +97,7 @@ void Form1::buildControls()
     m_pipeline = std::make_unique<viewer::DisplayPipeline>(*m_displayHost);
     m_activation = std::make_unique<shell::SideActivation>(*this, [this] { becameActive(); });
     connectViewer();
+    connectColourMenu();
 }
 
 void Form1::buildFieldBand()
@@ -149,6 +151,23 @@ void Form1::connectViewer()
     });
     connect(m_viewer, &cpvPicViewer::Zoom, this, [this] {
         m_stateBar->setPanel(core::Panel::Zoom, viewer::zoomReadout(m_viewer->ZoomFactor()));
+    });
+}
+
+void Form1::connectColourMenu()
+{
+    // Opening the submenu keeps the picture for Undo, as every entry of the Image menu does first. A
+    // box can't open over an open menu, so it waits until that has gone.
+    const QMenu* menu = m_menus->menu(QStringLiteral("optColor"));
+    connect(menu, &QMenu::aboutToShow, this, [this] {
+        if (m_viewer->PictureExists()) {
+            shell::commands::editImage(*this, 0);
+        }
+    });
+    connect(menu, &QMenu::aboutToHide, this, [this] {
+        if (!m_viewer->PictureExists()) {
+            QTimer::singleShot(0, this, [this] { reportNoPicture(); });
+        }
     });
 }
 

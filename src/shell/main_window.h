@@ -143,6 +143,7 @@ private:
     void buildFieldBand();
     void buildStrip();
     void connectViewer();
+    void connectColourMenu();
     void prepareLists();
     void startAnimation();
     void writePresenceMarker();

@@ -229,6 +229,94 @@ TEST_F(CommandsTest, EditByTheRightMenusCopyEntry)
     });
 }
 
+TEST_F(CommandsTest, KeepThePictureForUndoWhenTheColourMenuOpens)
+{
+    program.run([this](Form1& form) {
+        QMenu* menu = form.menus().menu(QStringLiteral("optColor"));
+        const QString undoFile = program.tree.path("app/Frametemp.bmp");
+        menu->popup({});
+        EXPECT_TRUE(program.dialogs.boxes.empty());
+        menu->close();
+        EXPECT_TRUE(RunningProgram::waitFor([&] { return !program.dialogs.boxes.empty(); }));
+        EXPECT_EQ(program.dialogs.boxTexts(), QStringList{kNoPicture});
+        EXPECT_FALSE(platform::isRegularFile(undoFile));
+
+        showPicture(form, program.picture("a.bmp"));
+        program.dialogs.boxes.clear();
+        menu->popup({});
+        EXPECT_TRUE(platform::isRegularFile(undoFile));
+        menu->close();
+        EXPECT_TRUE(program.dialogs.boxes.empty());
+    });
+}
+
+TEST_F(CommandsTest, StartAListedEditorWithThePictureSaved)
+{
+    program.tree.add({"app/SwitchName.txt", "Paint#/bin/true;"});
+    program.config[QStringLiteral("Sno")] = QStringLiteral("1");
+    program.run([this](Form1& form) {
+        EXPECT_EQ(RunningProgram::entry(form, "Dip", 4).text(), QStringLiteral("Paint"));
+        RunningProgram::trigger(form, "Dip", 4);
+        EXPECT_EQ(program.dialogs.boxTexts(), QStringList{kNoPicture});
+        showPicture(form, program.picture("a.bmp"));
+        RunningProgram::trigger(form, "Dip", 4);
+        ASSERT_EQ(program.desktop.started.size(), 1U);
+        EXPECT_EQ(program.desktop.started[0].path, QStringLiteral("/bin/true"));
+        EXPECT_TRUE(platform::isRegularFile(program.tree.path("app/temp.bmp")));
+    });
+}
+
+TEST_F(CommandsTest, SaveFromAllFourPlaces)
+{
+    program.run([this](Form1& form) {
+        showPicture(form, program.picture("b.bmp"));
+        const struct {
+            const char* array;
+            int index;
+        } places[] = {{"optFile", 1}, {"optFile", 2}, {"CmdRightmdi", 0}};
+        const QString target = program.tree.path("out.bmp");
+        const auto saved = [&] {
+            const bool there = platform::isRegularFile(target);
+            platform::removeFile(target);
+            return there;
+        };
+        for (const auto& place : places) {
+            program.dialogs.saveAnswers.push_back(platform::SaveChoice{target, 1});
+            RunningProgram::trigger(form, place.array, place.index);
+            EXPECT_TRUE(saved()) << place.array << place.index;
+        }
+        program.dialogs.saveAnswers.push_back(platform::SaveChoice{target, 1});
+        form.toolbars().button(1)->click();
+        EXPECT_TRUE(saved());
+        EXPECT_TRUE(platform::isRegularFile(program.tree.path("app/saveTemp.bmp")));
+    });
+}
+
+TEST_F(CommandsTest, TellTheSizeAnewAfterUndo)
+{
+    program.run([this](Form1& form) {
+        showPicture(form, program.picture("b.bmp"));
+        RunningProgram::trigger(form, "optImage", 2);
+        showPicture(form, program.picture("c.bmp"));
+        RunningProgram::trigger(form, "optEdit", 0);
+        EXPECT_EQ(shownWidth(form), 50);
+        EXPECT_EQ(form.SizeText, QStringLiteral("Size: 50x30"));
+    });
+}
+
+TEST_F(CommandsTest, CloseThePanViewForAFilterAndWriteItsNumber)
+{
+    program.config[QStringLiteral("Panview")] = QStringLiteral("0");
+    program.run([this](Form1& form) {
+        EXPECT_EQ(program.stored("Panview"), QStringLiteral("0"));
+        RunningProgram::trigger(form, "optFilter", 3);
+        EXPECT_EQ(program.stored("Filter"), QStringLiteral("2"));
+        EXPECT_EQ(program.stored("Panview"), QStringLiteral("1"));
+        EXPECT_EQ(program.dialogs.boxTexts(), QStringList{kNoPicture});
+        EXPECT_TRUE(program.desktop.started.empty());
+    });
+}
+
 TEST_F(CommandsTest, SetTheThumbnailsSizeAndKeepIt)
 {
     program.run([this](Form1& form) {
