@@ -28,7 +28,7 @@ QPixmap loadPixmap(const QString& name)
         platform::readFile(platform::appFile("Images/cursors/" + name + ".png"), kLargestFile);
     QPixmap pixmap;
     if (bytes) {
-        pixmap.loadFromData(*bytes);
+        pixmap.loadFromData(*bytes, "PNG"); // named, so that no plug-in is loaded to guess it
     }
     return pixmap;
 }
