@@ -109,8 +109,20 @@ void WindowRegistry::forget(QWidget* window)
         if (m_watcher) {
             m_watcher(name);
         }
-        window->deleteLater();
+        if (platform::isClosing()) {
+            m_forgotten.emplace_back(window);
+        } else {
+            window->deleteLater();
+        }
         return;
+    }
+}
+
+void WindowRegistry::deleteForgotten()
+{
+    // A window may own another one of them.
+    for (const QPointer<QWidget>& window : std::exchange(m_forgotten, {})) {
+        delete window.data();
     }
 }
 

@@ -45,11 +45,16 @@ public:
     // Called by a window that closes by itself: forgets it and deletes it later.
     void forget(QWidget* window);
 
+    // Deletes the windows that unloaded since the program began to close. Until then they stay,
+    // hidden, because any of them may have a handler on the stack that pumps events.
+    void deleteForgotten();
+
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     std::map<QString, Factory> m_factories;
     std::map<QString, QPointer<QWidget>> m_windows;
+    std::vector<QPointer<QWidget>> m_forgotten;
     std::function<void(const QString&)> m_watcher;
 };
 

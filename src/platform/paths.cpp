@@ -119,9 +119,13 @@ QString folderOf(const QString& path)
     return separator < 0 ? QString() : path.left(separator);
 }
 
-void initialisePaths()
+void locateAppPath()
 {
     g_appPath = decideAppPath();
+}
+
+void prepareAppPath()
+{
     const QString delivered = deliveredFolder();
     if (!delivered.isEmpty() && delivered != g_appPath) {
         seedDeliveredFiles(delivered, g_appPath);
@@ -129,6 +133,12 @@ void initialisePaths()
     for (const char* const folder : {"openTemp", "Lib", "Lib/pLib"}) {
         makeFolder(appFile(QString::fromLatin1(folder)));
     }
+}
+
+void initialisePaths()
+{
+    locateAppPath();
+    prepareAppPath();
 }
 
 QString appPath()

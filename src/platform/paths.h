@@ -33,9 +33,15 @@ QString folderOf(const QString& path);
 
 // Decides where the program's data lives: the environment variable VISTARA_HOME, else the
 // executable's folder if it is writable and holds the delivered files, else
-// ~/.local/share/vistara, which is then seeded once from the delivered files. Makes the folders
-// openTemp, Lib and Lib/pLib there when they are missing. Called once, before anything else here;
-// a second call decides anew (tests).
+// ~/.local/share/vistara. Nothing on the disk changes. Called once, before anything else here; a
+// second call decides anew (tests).
+void locateAppPath();
+
+// Seeds that folder from the delivered files, once and where they stand elsewhere, and makes the
+// folders openTemp, Lib and Lib/pLib there when they are missing.
+void prepareAppPath();
+
+// Both steps.
 void initialisePaths();
 
 // The folder so decided, without a separator at its end.

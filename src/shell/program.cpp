@@ -7,7 +7,9 @@
 #include "editing/windows.h"
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
+#include "formats/hooks.h"
 #include "platform/delivered_icon.h"
+#include "platform/dialogs.h"
 #include "platform/folder_tree.h"
 #include "platform/paths.h"
 #include "platform/pump.h"
@@ -28,6 +30,8 @@
 namespace shell {
 
 namespace {
+
+constexpr base::Colour kReadingColour = 0xC0C0C0;
 
 const QString kWelcome = QStringLiteral("frmWelcome");
 const QString kMain = QStringLiteral("Form1");
@@ -70,6 +74,34 @@ void letEventsRun()
     static_cast<void>(platform::pump());
 }
 
+// What the readers of the own formats tell goes to a box and to the strip of the main window.
+void connectReaders()
+{
+    formats::Hooks hooks;
+    hooks.report = [](const char* text) {
+        platform::dialogs().showMessage(QString::fromLatin1(text), core::kProgramName,
+                                        platform::BoxIcon::None);
+    };
+    hooks.progress = [](double fraction) {
+        if (core::MainWindow* window = core::services().mainWindow) {
+            window->Gradient().fill(fraction, kReadingColour);
+        }
+    };
+    formats::setHooks(std::move(hooks));
+}
+
+// A hidden pane can't be active, so the main window has no side to come back from and takes notice
+// of the folder at once.
+void showSelectedFolder(const QString& folder)
+{
+    if (frmThumbnaillist* open = pane()) {
+        open->treeSelected(folder);
+    }
+    if (const frmThumbnaillist* open = pane(); open != nullptr && !open->isVisible()) {
+        mainWindow()->becameActive();
+    }
+}
+
 void openFolderTree(const StepWatcher& watcher)
 {
     frmThumbnaillist* browser = pane();
@@ -79,11 +111,7 @@ void openFolderTree(const StepWatcher& watcher)
     const QString folder = startFolder(*core::services().config);
     browser->setStartFolder(folder);
     tell(watcher, "folder tree opened");
-    platform::folderTree().open(browser->treeHost(), folder, [](const QString& selected) {
-        if (frmThumbnaillist* open = pane()) {
-            open->treeSelected(selected);
-        }
-    });
+    platform::folderTree().open(browser->treeHost(), folder, &showSelectedFolder);
 }
 
 } // namespace
@@ -107,6 +135,7 @@ void runProgram(const StepWatcher& watcher)
     static FileConfigStore config;
     core::services().config = &config;
     registerWindows();
+    connectReaders();
 
     if (QWidget* welcome = core::windows().show(kWelcome)) {
         welcome->repaint();
@@ -133,17 +162,20 @@ void runProgram(const StepWatcher& watcher)
     }
     openFolderTree(watcher);
     letEventsRun();
+    core::windows().deleteForgotten();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    formats::setHooks({});
     core::services() = {};
 }
 
 int enterProgram(int argc, char** argv)
 {
-    platform::initialisePaths();
+    platform::locateAppPath();
     platform::SingleInstance instance;
     if (!instance.acquire()) {
         return 0;
     }
+    platform::prepareAppPath();
     QApplication application(argc, argv);
     QApplication::setApplicationName(core::kProgramName);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -3,8 +3,6 @@
 #include <QString>
 #include <functional>
 
-class Form1;
-
 namespace shell {
 
 // Tells each step of starting and stopping, by name, to whoever wants to know (tests).
