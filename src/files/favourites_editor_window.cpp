@@ -94,13 +94,14 @@ void FavortiesModi::renameSelected()
     if (row < 0) {
         return;
     }
-    const QString oldName = m_names->item(row)->text();
+    // The question takes the activation away and gives it back, and then the rows are new ones.
+    const files::NamedPath entry{m_names->item(row)->text(), m_paths->item(row)->text()};
     const std::optional<QString> newName = platform::dialogs().askText(
-        QStringLiteral("Name: "), QStringLiteral("Renname Favortie"), oldName);
+        QStringLiteral("Name: "), QStringLiteral("Renname Favortie"), entry.name);
     if (!newName || newName->isEmpty()) {
         return;
     }
-    files::renameEntry(list(), {oldName, m_paths->item(row)->text()}, *newName);
+    files::renameEntry(list(), entry, *newName);
     refill();
     refillMenus();
 }

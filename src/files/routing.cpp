@@ -28,34 +28,37 @@ void loadIntoViewer(core::MainWindow& window, const QString& path)
     }
 }
 
-void openInPlayer(const QString& windowName, const QString& path)
+void openIn(QWidget* window, const QString& path)
 {
-    QWidget* const widget = core::windows().load(windowName);
-    if (auto* player = dynamic_cast<core::PlayerWindow*>(widget)) {
+    if (auto* player = dynamic_cast<core::PlayerWindow*>(window)) {
         player->openPath(path);
     }
-    core::windows().show(windowName);
 }
 
 void routeToFlash(core::MainWindow& window, const QString& path)
 {
-    core::windows().unload(QStringLiteral("FlashP"));
-    openInPlayer(QStringLiteral("FlashP"), path);
+    const QString name = QStringLiteral("FlashP");
+    core::windows().unload(name);
+    openIn(core::windows().show(name), path);
     window.setXiala(path);
 }
 
+// Sound and pictures begin before the window appears.
 void routeToMedia(const QString& path)
 {
-    core::windows().hide(QStringLiteral("MpegForm"));
-    openInPlayer(QStringLiteral("MpegForm"), path);
+    const QString name = QStringLiteral("MpegForm");
+    core::windows().hide(name);
+    openIn(core::windows().load(name), path);
+    core::windows().show(name);
 }
 
 void routeToWeb(const QString& path)
 {
+    const QString name = QStringLiteral("FrmBrowser");
     if (core::state().BrowserOpen) {
-        core::windows().unload(QStringLiteral("FrmBrowser"));
+        core::windows().unload(name);
     }
-    openInPlayer(QStringLiteral("FrmBrowser"), path);
+    openIn(core::windows().show(name), path);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace files {
@@ -15,6 +16,9 @@ constexpr QLatin1Char kRecordEnd(';');
 
 // A count beyond this is a damaged setting; empty entries by the million would fill memory.
 constexpr int kMostEntries = 100000;
+
+// So that a damaged file without marks isn't searched to its end for each entry.
+constexpr qsizetype kLongestName = 1024;
 
 QString pathOf(const TextList& list)
 {
@@ -39,13 +43,6 @@ std::optional<QString> readLine(const TextList& list)
     return platform::fromNative(bytes->left(end).toStdString());
 }
 
-// The text before the mark, "" where the mark is missing.
-QString before(const QString& text, QLatin1Char mark)
-{
-    const qsizetype at = text.indexOf(mark);
-    return at < 0 ? QString() : text.left(at);
-}
-
 int storedCount(const TextList& list, const core::ConfigStore& config)
 {
     const double count = config.readNumber(list.countKey);
@@ -63,30 +60,26 @@ QString recordOf(const NamedPath& entry)
     return entry.name + kNameEnd + entry.path + kRecordEnd;
 }
 
-// The records of a line, one a step; past the last one they are empty.
-class RecordCursor {
-public:
-    explicit RecordCursor(QString line)
-        : m_line(std::move(line))
-    {
-    }
+// The end of the record that begins at a place; the line's end where it isn't complete.
+qsizetype recordEnd(const QString& line, qsizetype from)
+{
+    const qsizetype end = line.indexOf(kRecordEnd, from);
+    return end < 0 ? line.size() : end;
+}
 
-    QString next()
-    {
-        const qsizetype end = m_line.indexOf(kRecordEnd, m_at);
-        if (end < 0) {
-            m_at = m_line.size();
-            return {};
-        }
-        const QString record = m_line.mid(m_at, end - m_at);
-        m_at = end + 1;
-        return record;
+// The two marks are looked for each by itself and not within a record, so a name or a path that
+// holds one breaks the entries behind it.
+NamedPath entryAt(const QString& line, qsizetype from, qsizetype end)
+{
+    const QStringView near = QStringView(line).mid(from, kLongestName + 1);
+    const qsizetype nameSize = near.indexOf(kNameEnd);
+    if (nameSize < 0 || end == line.size()) {
+        return {};
     }
-
-private:
-    QString m_line;
-    qsizetype m_at = 0;
-};
+    const qsizetype pathStart = from + nameSize + 1;
+    return {near.left(nameSize).toString(),
+            line.mid(pathStart, std::max<qsizetype>(end - pathStart, 0))};
+}
 
 } // namespace
 
@@ -97,13 +90,12 @@ std::vector<NamedPath> readNamed(const TextList& list, const core::ConfigStore& 
     if (!line) {
         return entries;
     }
-    RecordCursor records(*line);
+    qsizetype at = 0;
     const int count = storedCount(list, config);
     for (int i = 0; i < count; ++i) {
-        const QString record = records.next();
-        const QString name = before(record, kNameEnd);
-        const bool hasName = record.contains(kNameEnd);
-        entries.push_back({name, hasName ? record.mid(name.size() + 1) : QString()});
+        const qsizetype end = recordEnd(*line, at);
+        entries.push_back(entryAt(*line, at, end));
+        at = std::min(end + 1, line->size());
     }
     return entries;
 }
@@ -115,10 +107,12 @@ QStringList readPaths(const TextList& list, const core::ConfigStore& config)
     if (!line) {
         return paths;
     }
-    RecordCursor records(*line);
+    qsizetype at = 0;
     const int count = storedCount(list, config);
     for (int i = 0; i < count; ++i) {
-        paths.append(records.next());
+        const qsizetype end = recordEnd(*line, at);
+        paths.append(end < line->size() ? line->mid(at, end - at) : QString());
+        at = std::min(end + 1, line->size());
     }
     return paths;
 }

@@ -114,6 +114,19 @@ TEST_F(TextListTest, KeepsNamesOfEveryLanguageAndBytesThatAreNone)
     EXPECT_EQ(readNamed(files::kEditors, config), (std::vector{NamedPath{name, odd}}));
 }
 
+TEST_F(TextListTest, BreaksTheEntriesBehindANameOrPathThatHoldsAMark)
+{
+    store(files::kFavourites, "a#/p;q.bmp;b#/r;", "4");
+    EXPECT_EQ(readNamed(files::kFavourites, config),
+              (std::vector<NamedPath>{{QStringLiteral("a"), QStringLiteral("/p")},
+                                      {QStringLiteral("q.bmp;b"), QString()},
+                                      {QStringLiteral("b"), QStringLiteral("/r")},
+                                      {}}));
+    store(files::kFavourites, "n#1#/p;", "1");
+    EXPECT_EQ(readNamed(files::kFavourites, config),
+              (std::vector<NamedPath>{{QStringLiteral("n"), QStringLiteral("1#/p")}}));
+}
+
 TEST_F(TextListTest, ReadsDamagedFilesWithoutHarm)
 {
     store(files::kFavourites, QByteArray("no marks at all\0###;;;", 22), "4");
