@@ -32,10 +32,11 @@ bool decodeToBox(const QString& path, platform::PictureBox& box)
 {
     RawImage& record = core::state().rawImage;
     OpenRawImage(platform::toNative(path), record);
-    if (!box.resize(record.Width, record.Height)) {
+    const bool resized = box.resize(record.Width, record.Height);
+    box.setPicture({});
+    if (!resized) {
         return false;
     }
-    box.setPicture({});
     ShowRawImage(box, record);
     return true;
 }

@@ -15,8 +15,8 @@ namespace viewer {
 // The way of a file in one of the own formats onto a box: takes the box's picture away, decodes
 // into the process's one record, gives the box the record's size and draws the record, which then
 // is the box's drawn image. A file that no reader accepts draws what the record held before. False,
-// with the size and drawing of the box left as they were, when the record has no size that a box
-// can take (nothing was ever decoded).
+// with the box empty at the size that it had, when the record has no size that a box can take
+// (nothing was ever decoded).
 [[nodiscard]] bool decodeToBox(const QString& path, platform::PictureBox& box);
 
 } // namespace viewer
