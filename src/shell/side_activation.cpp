@@ -17,6 +17,9 @@ void SideActivation::setPane(QWidget* pane, Handler paneActive)
 {
     m_pane = pane;
     m_paneActive = std::move(paneActive);
+    if (pane != nullptr && pane->isVisible()) {
+        m_side = Side::Pane;
+    }
 }
 
 void SideActivation::enter(const QObject* object)
@@ -26,12 +29,16 @@ void SideActivation::enter(const QObject* object)
         return;
     }
     const bool inPane = m_pane != nullptr && (widget == m_pane || m_pane->isAncestorOf(widget));
-    const Side side = inPane ? Side::Pane : Side::Main;
+    enterSide(inPane ? Side::Pane : Side::Main);
+}
+
+void SideActivation::enterSide(Side side)
+{
     if (side == m_side) {
         return;
     }
     m_side = side;
-    const Handler& handler = inPane ? m_paneActive : m_mainActive;
+    const Handler& handler = side == Side::Pane ? m_paneActive : m_mainActive;
     if (handler) {
         handler();
     }
@@ -43,6 +50,12 @@ bool SideActivation::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonPress:
     case QEvent::FocusIn:
         enter(watched);
+        break;
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        if (watched == m_pane) {
+            enterSide(event->type() == QEvent::ShowToParent ? Side::Pane : Side::Main);
+        }
         break;
     case QEvent::WindowActivate:
         if (watched == &m_mainWindow) {
