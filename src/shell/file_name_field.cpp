@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 namespace shell {
 
@@ -18,6 +19,8 @@ FileNameField::FileNameField(QWidget* parent)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(12);
     lineEdit()->setAccessibleName(QStringLiteral("File name"));
+    // Else leaving the field would choose the entry that its text happens to equal.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(this, &QComboBox::activated, this, [this] { emit chosen(); });
 }
 
@@ -41,6 +44,16 @@ void FileNameField::keyPressEvent(QKeyEvent* event)
         return;
     }
     QComboBox::keyPressEvent(event);
+}
+
+// A turn over a field without the focus is meant for the pictures.
+void FileNameField::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
 }
 
 } // namespace shell

@@ -22,6 +22,7 @@ signals:
 
 private:
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 } // namespace shell
