@@ -310,7 +310,7 @@ constexpr std::array kButtonRows{
     ButtonRow{11, "faster", "Faster", Need::Nothing, faster},
     ButtonRow{16, "frame", "Frame", Need::Nothing, composeFrame, true},
     ButtonRow{14, "mail", "Send as E-mail", Need::Nothing, sendMail},
-    ButtonRow{8, "favourite", "Favourites", Need::Nothing, showFavourites},
+    ButtonRow{8, "favourite", "Favourites", Need::Nothing, addFavourite},
     ButtonRow{13, "browse", "Browser pane", Need::Nothing, toggleBrowseMode, true},
     ButtonRow{12, "update", "Live update", Need::Nothing, startLiveUpdate},
     ButtonRow{9, "help", "Help", Need::Nothing, showHelp},

@@ -78,7 +78,6 @@ void captureQuietly(Form1& form, int index);
 // Favourites and help
 void addFavourite(Form1& form, int index);
 void modifyFavourites(Form1& form, int index);
-void showFavourites(Form1& form, int index);
 void showHelp(Form1& form, int index);
 void openUpdatePage(Form1& form, int index);
 void openSupportPage(Form1& form, int index);

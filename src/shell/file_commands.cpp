@@ -3,14 +3,13 @@
 #include "core/interfaces.h"
 #include "core/player_window.h"
 #include "core/services.h"
-#include "core/state.h"
 #include "core/window_registry.h"
-#include "files/text_list.h"
 #include "platform/dialogs.h"
 #include "platform/file_list.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/picture_saver.h"
+#include "platform/pump.h"
 #include "shell/main_window.h"
 #include "viewer/picture_viewer.h"
 
@@ -42,14 +41,22 @@ void copyIntoOpenTemp(const QStringList& chosen)
     }
 }
 
-void showOpenTemp(core::BrowserPane& pane)
+// The run of thumbnails that this starts lets events run; the pane may be gone afterwards.
+void showOpenTemp()
 {
-    platform::FileList& list = pane.File1();
-    const bool samePath = list.path() == openTempFolder();
-    list.setPath(openTempFolder());
-    list.refresh();
+    core::BrowserPane* pane = core::services().browserPane;
+    if (pane == nullptr) {
+        return;
+    }
+    const bool samePath = pane->File1().path() == openTempFolder();
+    pane->File1().setPath(openTempFolder());
+    pane = core::services().browserPane;
+    if (pane == nullptr) {
+        return;
+    }
+    pane->File1().refresh();
     if (samePath) {
-        pane.rebuildThumbnails();
+        pane->rebuildThumbnails();
     }
 }
 
@@ -86,8 +93,9 @@ void open(Form1& form, int /*index*/)
     }
     copyIntoOpenTemp(chosen);
     form.setXiala(chosen.first());
-    if (core::BrowserPane* pane = core::services().browserPane) {
-        showOpenTemp(*pane);
+    showOpenTemp();
+    if (platform::isClosing()) {
+        return;
     }
     form.nextpic();
     if (form.LibImport) {
@@ -99,11 +107,10 @@ void open(Form1& form, int /*index*/)
 
 void showFlashPlayer(Form1& form, int /*index*/)
 {
-    QWidget* const window = core::windows().load(QStringLiteral("FlashP"));
+    QWidget* const window = form.showWindow(QStringLiteral("FlashP"), kModeless);
     if (auto* player = dynamic_cast<core::PlayerWindow*>(window)) {
         player->openPath(platform::appFile(QStringLiteral("flashplay.swf")));
     }
-    form.showWindow(QStringLiteral("FlashP"), kModeless);
 }
 
 void showMediaPlayer(Form1& form, int /*index*/)

@@ -34,6 +34,13 @@
 namespace {
 
 constexpr int kRightButton = 2;
+constexpr int kFirstFavourite = 1; // indexes of the entries that lists add to their menus
+constexpr int kFirstEditor = 4;
+
+void showFavouriteAt(Form1& form, int place)
+{
+    form.showFavourite(place);
+}
 
 void startEditorAt(Form1& form, int place)
 {
@@ -138,8 +145,10 @@ void Form1::connectViewer()
         for (const shell::KeyRow& row : shell::keyRows()) {
             if (row.code == code) {
                 runCommand(row.need, row.run, row.index);
-                m_viewer->Refresh();
-                m_viewer->PanViewRefresh();
+                if (!m_unloaded) {
+                    m_viewer->Refresh();
+                    m_viewer->PanViewRefresh();
+                }
                 return;
             }
         }
@@ -216,40 +225,58 @@ void Form1::reportNoPicture()
 
 void Form1::addRecentPath(const QString& path)
 {
-    core::ConfigStore* config = core::services().config;
-    if (config == nullptr) {
-        return;
+    if (core::ConfigStore* config = core::services().config) {
+        files::addPath(files::kRecentPaths, path, *config);
+        refillRecentPaths();
     }
-    files::addPath(files::kRecentPaths, path, *config);
-    m_xiala->setRecentPaths(files::readPaths(files::kRecentPaths, *config));
 }
 
 void Form1::refillListMenus()
 {
-    const core::ConfigStore* config = core::services().config;
-    if (config == nullptr) {
-        return;
+    if (core::services().config != nullptr) {
+        refillFavourites();
+        refillEditors();
     }
-    const auto names = [](const std::vector<files::NamedPath>& entries) {
-        QStringList list;
-        for (const files::NamedPath& entry : entries) {
-            list.append(entry.name);
-        }
-        return list;
-    };
-    const auto favourites = files::readNamed(files::kFavourites, *config);
-    m_menus->setListEntries(QStringLiteral("mnuFav"), QStringLiteral("mnuFav"), 1,
-                            names(favourites), [this, favourites](int index) {
-                                const QString path =
-                                    favourites[static_cast<std::size_t>(index) - 1].path;
-                                if (const auto picture = platform::loadPicture(path)) {
-                                    m_viewer->setPicture(*picture);
-                                }
-                            });
-    const auto editors = files::readNamed(files::kEditors, *config);
-    m_menus->setListEntries(
-        QStringLiteral("Dip"), QStringLiteral("Dip"), 4, names(editors),
-        [this](int index) { runCommand(shell::Need::Picture, &startEditorAt, index - 3); });
+}
+
+void Form1::refillRecentPaths()
+{
+    m_xiala->setRecentPaths(files::readPaths(files::kRecentPaths, *core::services().config));
+}
+
+void Form1::refillFavourites()
+{
+    m_listPath.clear();
+    QStringList names;
+    for (const auto& [name, path] :
+         files::readNamed(files::kFavourites, *core::services().config)) {
+        names.append(name);
+        m_listPath.append(path);
+    }
+    const QString menu = QStringLiteral("mnuFav");
+    m_menus->setListEntries(menu, menu, kFirstFavourite, names, [this](int index) {
+        runCommand(shell::Need::Nothing, &showFavouriteAt, index - kFirstFavourite + 1);
+    });
+}
+
+void Form1::refillEditors()
+{
+    QStringList names;
+    for (const auto& [name, path] : files::readNamed(files::kEditors, *core::services().config)) {
+        names.append(name);
+    }
+    const QString menu = QStringLiteral("Dip");
+    m_menus->setListEntries(menu, menu, kFirstEditor, names, [this](int index) {
+        runCommand(shell::Need::Picture, &startEditorAt, index - kFirstEditor + 1);
+    });
+}
+
+// A favourite that is no picture, such as a folder, leaves the viewer as it was.
+void Form1::showFavourite(int place)
+{
+    if (const auto picture = platform::loadPicture(m_listPath.value(place - 1))) {
+        m_viewer->setPicture(*picture);
+    }
 }
 
 void Form1::setMenuState(bool enabled)

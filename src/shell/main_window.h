@@ -94,6 +94,7 @@ public:
     void ThumbNailSize(int menuIndex) override;
     void ThumbNailColor(int menuIndex) override;
     void PasteTesselia() override;
+    void showFavourite(int place);     // from 1, in the order of the menu
     void startListedEditor(int place); // from 1
     void Propers(const QString& path) override;
     void maskT() override {}
@@ -145,6 +146,9 @@ private:
     void connectViewer();
     void connectColourMenu();
     void prepareLists();
+    void refillFavourites();
+    void refillRecentPaths();
+    void refillEditors();
     void startAnimation();
     void writePresenceMarker();
     void removeWorkingFiles();
@@ -183,6 +187,7 @@ private:
     platform::PictureBox m_image1;
     platform::PictureBox m_orgPicture;
     QString m_dir2;
+    QStringList m_listPath;       // ListPath: paths of the favourites, in the order of their menu
     shell::Extent m_viewerExtent; // twips, in the work area
     bool m_bestFitToggle = false;
     bool m_resizing = false;

@@ -6,7 +6,6 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "files/text_list.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -15,7 +14,6 @@
 #include "platform/pointer.h"
 #include "platform/pump.h"
 #include "platform/registry.h"
-#include "shell/file_name_field.h"
 #include "shell/main_window.h"
 #include "shell/menus.h"
 #include "shell/side_activation.h"
@@ -81,6 +79,13 @@ double numberOf(const core::ConfigStore& config, const char* key)
     return config.readNumber(QString::fromLatin1(key));
 }
 
+void stopPlayer()
+{
+    if (core::services().stopPlayer) {
+        core::services().stopPlayer();
+    }
+}
+
 // Events may bring the end of the program; the load goes on all the same and the end comes after
 // it.
 void letEventsRun()
@@ -133,8 +138,9 @@ void Form1::load()
 
 void Form1::prepareLists()
 {
-    refillListMenus();
-    m_xiala->setRecentPaths(files::readPaths(files::kRecentPaths, *core::services().config));
+    refillFavourites();
+    refillRecentPaths();
+    refillEditors();
 }
 
 void Form1::startAnimation()
@@ -166,7 +172,7 @@ void Form1::SetLoad()
 void Form1::becameActive()
 {
     core::state().FlashPActive = false;
-    if (!core::state().FirstActivate) {
+    if (!core::state().FirstActivate || m_unloaded) {
         return;
     }
     Np(m_dir2);
@@ -176,8 +182,10 @@ void Form1::becameActive()
 
 void Form1::exitProgram()
 {
+    stopPlayer();
     core::windows().unloadAll(kPlayerWindows);
     m_viewer->PanViewHide();
+    m_listPath.clear();
     unload();
 }
 
@@ -193,9 +201,7 @@ void Form1::unload()
     m_pipeline->stop_slideshow();
     m_viewer->PanViewHide();
     core::windows().unloadAll(kUnloadOrder);
-    if (core::services().stopPlayer) {
-        core::services().stopPlayer();
-    }
+    stopPlayer();
     platform::removeFilesIn(platform::appFile(QStringLiteral("openTemp")));
     platform::deleteRegistryValue(kMarkerKey, kMarkerName);
     removeWorkingFiles();

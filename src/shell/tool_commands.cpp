@@ -26,13 +26,11 @@ const QString kSite = QStringLiteral("https://vistara.invalid/");
 void startSlideShow(Form1& form, int /*index*/)
 {
     form.pipeline().setSlideToggle(true);
-    form.start_slideshow();
 }
 
 void stopSlideShow(Form1& form, int /*index*/)
 {
     form.pipeline().setSlideToggle(false);
-    form.stop_slideshow();
 }
 
 void toggleSlideShow(Form1& form, int /*index*/)
@@ -77,11 +75,6 @@ void setWallpaper(Form1& /*form*/, int index)
 }
 
 void addFavourite(Form1& form, int /*index*/)
-{
-    form.showWindow(QStringLiteral("Favorties"), kModal);
-}
-
-void showFavourites(Form1& form, int /*index*/)
 {
     form.showWindow(QStringLiteral("Favorties"), kModal);
 }
