@@ -1,6 +1,7 @@
 #include "core/interfaces.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "platform/clipboard.h"
 #include "platform/pointer.h"
 #include "platform/profile.h"
 #include "platform/registry.h"
@@ -8,15 +9,15 @@
 #include "shell/menus.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
+#include "thumbs/thumbnail_list.h"
 #include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
@@ -29,15 +30,6 @@ const QString kNoPicture = QStringLiteral("No picture to process.");
 
 class CommandsTest : public testing::Test {
 protected:
-    static void pressKey(QWidget* target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
-                         const QString& text = {})
-    {
-        QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-        QApplication::sendEvent(target, &press);
-        QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
-        QApplication::sendEvent(target, &release);
-    }
-
     static void showPicture(Form1& form, const QString& path)
     {
         form.setXiala(path);
@@ -72,12 +64,15 @@ TEST_F(CommandsTest, SayOnceThatThereIsNoPicture)
             EXPECT_EQ(program.dialogs.boxes[0].icon, platform::BoxIcon::Information);
             EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
         }
-        for (const shell::ButtonRow& row : shell::buttonRows()) {
-            if (row.need == shell::Need::Picture) {
-                program.dialogs.boxes.clear();
-                form.toolbars().button(row.index)->click();
-                EXPECT_EQ(program.dialogs.boxes.size(), 1U) << row.index;
-            }
+        for (const int index : {1, 2, 3, 4}) {
+            program.dialogs.boxes.clear();
+            form.toolbars().button(index)->click();
+            EXPECT_EQ(program.dialogs.boxTexts(), QStringList{kNoPicture}) << index;
+        }
+        for (const int index : {0, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16}) {
+            program.dialogs.boxes.clear();
+            form.toolbars().button(index)->click();
+            EXPECT_TRUE(program.dialogs.boxes.empty()) << index;
         }
     });
 }
@@ -123,53 +118,6 @@ TEST_F(CommandsTest, EditsSayThatThereIsNoPictureOnceAndNeverTheOtherText)
     });
 }
 
-TEST_F(CommandsTest, ActOnKeysOnlyInTheViewer)
-{
-    program.run([this](Form1& form) {
-        showPicture(form, program.picture("a.bmp"));
-        form.cpvPicScroll1().giveFocus();
-        pressKey(form.findChild<QWidget*>(QStringLiteral("iDst")), Qt::Key_A, Qt::NoModifier,
-                 QStringLiteral("a"));
-        EXPECT_EQ(form.cpvPicScroll1().ZoomFactor(), 2);
-        pressKey(form.findChild<QWidget*>(QStringLiteral("iDst")), Qt::Key_A, Qt::ControlModifier);
-        EXPECT_EQ(form.cpvPicScroll1().ZoomFactor(), 3);
-        pressKey(form.findChild<QWidget*>(QStringLiteral("iDst")), Qt::Key_S, Qt::ShiftModifier,
-                 QStringLiteral("S"));
-        EXPECT_EQ(form.cpvPicScroll1().ZoomFactor(), 2);
-        pressKey(form.findChild<QWidget*>(QStringLiteral("iDst")), Qt::Key_D, Qt::NoModifier,
-                 QStringLiteral("d"));
-        EXPECT_EQ(form.cpvPicScroll1().ZoomFactor(), 1);
-        auto* field = form.findChild<QWidget*>(QStringLiteral("Xiala"));
-        field->setFocus();
-        pressKey(field, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
-        EXPECT_EQ(form.cpvPicScroll1().ZoomFactor(), 1);
-    });
-}
-
-TEST_F(CommandsTest, SwitchModesByKeys)
-{
-    program.run([](Form1& form) {
-        QWidget* viewer = form.findChild<QWidget*>(QStringLiteral("iDst"));
-        const struct {
-            int key;
-            int entry;
-        } switches[] = {{Qt::Key_F2, 11}, {Qt::Key_F3, 12}, {Qt::Key_F4, 13}, {Qt::Key_F5, 15}};
-        for (const auto& change : switches) {
-            const bool before = RunningProgram::entry(form, "optView", change.entry).isChecked();
-            pressKey(viewer, change.key);
-            EXPECT_NE(RunningProgram::entry(form, "optView", change.entry).isChecked(), before)
-                << change.entry;
-        }
-        pressKey(viewer, Qt::Key_Escape);
-        EXPECT_FALSE(core::state().BrowserShown);
-        const int interval = form.pipeline().intervalMs();
-        pressKey(viewer, Qt::Key_Plus, Qt::KeypadModifier, QStringLiteral("+"));
-        EXPECT_EQ(form.pipeline().intervalMs(), interval - 1000);
-        pressKey(viewer, Qt::Key_Minus, Qt::KeypadModifier, QStringLiteral("-"));
-        EXPECT_EQ(form.pipeline().intervalMs(), interval);
-    });
-}
-
 TEST_F(CommandsTest, StepAndShowByMenuAndToolbar)
 {
     program.run([this](Form1& form) {
@@ -184,6 +132,114 @@ TEST_F(CommandsTest, StepAndShowByMenuAndToolbar)
         EXPECT_EQ(form.Xiala(), program.picture("b.bmp"));
         RunningProgram::trigger(form, "optView", 6);
         EXPECT_EQ(form.Xiala(), program.picture("a.bmp"));
+    });
+}
+
+TEST_F(CommandsTest, AskForAPictureFromThreeKeysOfTheSecondToolbar)
+{
+    const std::set<std::string_view> needPicture{"zoomin", "zoomout", "fullsize"};
+    program.run([&](Form1& form) {
+        form.setXiala(QString());
+        for (const shell::KeyButtonRow& row : shell::keyButtonRows()) {
+            form.stop_slideshow();
+            program.dialogs.boxes.clear();
+            form.viewer().Clear();
+            const bool exists = form.viewer().PictureExists();
+            form.toolbars().keyButton(QString::fromLatin1(row.key))->click();
+            const bool asks = needPicture.contains(row.key) && !exists;
+            EXPECT_EQ(program.dialogs.boxTexts(), asks ? QStringList{kNoPicture} : QStringList{})
+                << row.key;
+        }
+    });
+}
+
+TEST_F(CommandsTest, StepByTheSecondToolbarAndGoBackToTheFirst)
+{
+    program.run([this](Form1& form) {
+        ASSERT_TRUE(RunningProgram::File1().setListIndex(0));
+        form.toolbars().keyButton(QStringLiteral("forward"))->click();
+        EXPECT_EQ(shownWidth(form), 50);
+        EXPECT_EQ(form.Xiala(), program.picture("a.bmp"));
+        ASSERT_TRUE(RunningProgram::File1().setListIndex(2));
+        form.toolbars().keyButton(QStringLiteral("back"))->click();
+        EXPECT_EQ(shownWidth(form), 50);
+        EXPECT_EQ(form.Xiala(), program.picture("a.bmp"));
+    });
+}
+
+TEST_F(CommandsTest, StartTheShowWithWhatTheFieldHolds)
+{
+    program.run([this](Form1& form) {
+        for (const char* key : {"start", ""}) {
+            form.setXiala(program.picture("c.bmp"));
+            if (*key != '\0') {
+                form.toolbars().keyButton(QString::fromLatin1(key))->click();
+            } else {
+                RunningProgram::trigger(form, "optTools", 0);
+            }
+            EXPECT_EQ(shownWidth(form), 60);
+            EXPECT_EQ(form.Xiala(), program.picture("a.bmp"));
+            EXPECT_TRUE(form.pipeline().isRunning());
+            EXPECT_TRUE(form.pipeline().SlideToggle());
+            EXPECT_TRUE(form.toolbars().button(7)->Value());
+            RunningProgram::trigger(form, "optTools", 1);
+            EXPECT_FALSE(form.pipeline().isRunning());
+            EXPECT_FALSE(form.pipeline().SlideToggle());
+            EXPECT_FALSE(form.toolbars().button(7)->Value());
+        }
+    });
+}
+
+TEST_F(CommandsTest, TellTheZoom)
+{
+    program.run([this](Form1& form) {
+        showPicture(form, program.picture("a.bmp"));
+        form.toolbars().button(2)->click();
+        EXPECT_EQ(form.StateBar().panel(core::Panel::Zoom), QStringLiteral("      200%"));
+        form.toolbars().button(4)->click();
+        EXPECT_EQ(form.StateBar().panel(core::Panel::Zoom), QStringLiteral("      100%"));
+    });
+}
+
+TEST_F(CommandsTest, StartTheSeparateEditorFromEachOfItsEntries)
+{
+    program.run([this](Form1& form) {
+        showPicture(form, program.picture("a.bmp"));
+        RunningProgram::trigger(form, "optEdit", 15);
+        RunningProgram::trigger(form, "Dip", 3);
+        RunningProgram::pressKey(form, Qt::Key_F10);
+        ASSERT_EQ(program.desktop.started.size(), 3U);
+        EXPECT_EQ(program.desktop.started[0], program.desktop.started[1]);
+        EXPECT_EQ(program.desktop.started[0], program.desktop.started[2]);
+        EXPECT_EQ(program.stored("Filter"), QStringLiteral("ERROR"));
+    });
+}
+
+TEST_F(CommandsTest, OpenTheListsInTheirModes)
+{
+    program.run([this](Form1& form) {
+        QStringList titles;
+        program.onModal = [&titles](const QWidget& window) { titles.append(window.windowTitle()); };
+        RunningProgram::trigger(form, "OptFav", 1);
+        RunningProgram::trigger(form, "Dip", 1);
+        RunningProgram::trigger(form, "OptFav", 1);
+        EXPECT_EQ(titles, (QStringList{QString(), QStringLiteral("Modifty Switch"), QString()}));
+    });
+}
+
+TEST_F(CommandsTest, AddThePictureToTheFavouritesByTheRightMenu)
+{
+    program.run([this](Form1& form) {
+        showPicture(form, program.picture("a.bmp"));
+        QString path;
+        program.onModal = [&path](const QWidget& window) {
+            path = window.findChild<QLineEdit*>(QStringLiteral("Newpath"))->text();
+            window.findChild<QLineEdit*>(QStringLiteral("Newname"))->setText(QStringLiteral("A&B"));
+            window.findChild<QPushButton*>(QStringLiteral("Addok"))->click();
+        };
+        RunningProgram::trigger(form, "CmdRight", 12);
+        EXPECT_EQ(path, program.picture("a.bmp"));
+        EXPECT_EQ(RunningProgram::entry(form, "mnuFav", 1).text(), QStringLiteral("A&&B"));
     });
 }
 
@@ -395,6 +451,36 @@ TEST_F(CommandsTest, OpenFilesFromAFolderOfTheirOwn)
     });
 }
 
+TEST_F(CommandsTest, EmptyTheFolderOfOpenedFilesBeforeTheyAsk)
+{
+    program.tree.add({"app/openTemp/old.bmp", "old"});
+    program.run([this](Form1& form) {
+        bool emptied = false;
+        program.dialogs.whileOpen = [&] { emptied = !program.tree.exists("app/openTemp/old.bmp"); };
+        form.setMenuState(false);
+        program.dialogs.openAnswers.push_back({program.picture("c.bmp")});
+        RunningProgram::pressKey(form, Qt::Key_O);
+        EXPECT_TRUE(emptied);
+        EXPECT_EQ(form.Xiala(), program.tree.path("app/openTemp/c.bmp"));
+        EXPECT_TRUE(RunningProgram::entry(form, "optView", 0).isEnabled());
+        EXPECT_TRUE(program.tree.exists("pics/c.bmp"));
+    });
+}
+
+TEST_F(CommandsTest, ShowTheTilesOfWhatIsOpenedEachTime)
+{
+    program.run([this](Form1& form) {
+        auto* tiles = form.findChild<ThumbNailList*>();
+        for (const char* name : {"a.bmp", "b.bmp"}) {
+            program.dialogs.openAnswers.push_back({program.picture(name)});
+            form.toolbars().keyButton(QStringLiteral("open"))->click();
+            ASSERT_NE(tiles->state().ThumbTable.filledRow(0), nullptr);
+            EXPECT_EQ(tiles->state().ThumbTable.filledRow(0)->path,
+                      program.tree.path(std::string("app/openTemp/") + name));
+        }
+    });
+}
+
 TEST_F(CommandsTest, FileAnOpenedPictureInTheLibraryOnRequest)
 {
     program.run([this](Form1& form) {
@@ -453,11 +539,68 @@ TEST_F(CommandsTest, AskOnceForAnImportThenOpenTheMenu)
                   QStringLiteral("Now Import to Vistara?"));
         question->findChild<QPushButton*>(QStringLiteral("Cancel"))->click();
         EXPECT_EQ(program.stored("WinState"), QStringLiteral("0"));
+        EXPECT_FALSE(form.viewer().PictureExists());
         EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("frmMsg")));
         emit form.cpvPicScroll1().MouseDown(2, 0, 0, 0);
         EXPECT_TRUE(form.menus().menu(QStringLiteral("CmdRm"))->isVisible());
         form.menus().menu(QStringLiteral("CmdRm"))->close();
     });
+}
+
+TEST_F(CommandsTest, ImportThePictureOfTheClipboardWhenTold)
+{
+    program.config[QStringLiteral("WinState")] = QStringLiteral("1");
+    program.run([this](Form1& form) {
+        QImage image(7, 5, QImage::Format_RGB32);
+        image.fill(Qt::green);
+        platform::setClipboardPicture(platform::Picture(image));
+        emit form.cpvPicScroll1().MouseDown(2, 0, 0, 0);
+        QWidget* question = core::windows().find(QStringLiteral("frmMsg"));
+        ASSERT_NE(question, nullptr);
+        question->findChild<QPushButton*>(QStringLiteral("Ok"))->click();
+        EXPECT_EQ(program.stored("WinState"), QStringLiteral("0"));
+        EXPECT_EQ(shownWidth(form), 7);
+        EXPECT_EQ(form.Xiala(), program.tree.path("app/temp.bmp"));
+        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("frmMsg")));
+    });
+}
+
+TEST_F(CommandsTest, ShowAnOwnFormatAndWhatItsReaderTells)
+{
+    // Three raw planes of 2 by 1 pixels, red over green over blue.
+    const std::string header("8BPS\0\1\0\0\0\0\0\0\0\3\0\0\0\1\0\0\0\2\0\10\0\3", 26);
+    const std::string rest("\0\0\0\0\0\0\0\0\0\0\0\0\0\0\377\377\0\0\0\0", 20);
+    program.tree.add({"pics/Two.PSD", header + rest});
+    program.run([this](Form1& form) {
+        program.dialogs.boxes.clear();
+        form.setXiala(program.tree.path("pics/Two.PSD"));
+        form.goEnter();
+        EXPECT_EQ(program.dialogs.boxTexts(), QStringList{QStringLiteral("Error Open!")});
+        EXPECT_EQ(form.viewer().Picture().image().pixelColor(1, 0), QColor(Qt::red));
+        EXPECT_EQ(form.StateBar().panel(core::Panel::FileName), QStringLiteral("Two.PSD     "));
+        EXPECT_EQ(form.StateBar().panel(core::Panel::FileSize), QStringLiteral("46 Bytes     "));
+        EXPECT_EQ(form.StateBar().panel(core::Panel::Width), QStringLiteral("2      Pixel"));
+        EXPECT_EQ(form.StateBar().panel(core::Panel::Height), QStringLiteral("1      Pixel"));
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+    });
+}
+
+TEST_F(CommandsTest, OpenTypedPathsWithoutRememberingThem)
+{
+    program.run([this](Form1& form) {
+        form.setMenuState(false);
+        form.setXiala(program.picture("b.bmp"));
+        form.findChild<QPushButton*>(QStringLiteral("goEnter"))->click();
+        EXPECT_EQ(shownWidth(form), 50);
+        EXPECT_EQ(form.StateBar().panel(core::Panel::FileName), QStringLiteral("b.bmp     "));
+        form.setXiala(program.tree.path("pics/none.bmp"));
+        form.goEnter();
+        EXPECT_EQ(shownWidth(form), 50);
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+        EXPECT_EQ(program.stored("Xno"), QStringLiteral("ERROR"));
+        EXPECT_FALSE(RunningProgram::entry(form, "optView", 0).isEnabled());
+    });
+    EXPECT_TRUE(program.dialogs.boxes.empty());
 }
 
 TEST_F(CommandsTest, GiveTheFocusBackToTheViewer)
@@ -488,15 +631,21 @@ TEST_F(CommandsTest, RememberRecentPathsInTheDropDown)
 TEST_F(CommandsTest, LoadAFavouriteIntoTheViewerAndNothingElse)
 {
     program.tree.add({"app/testfile.txt", "Blue#" + program.tree.native("pics/c.bmp") + ";Dir#" +
-                                              program.tree.native("pics") + ";"});
-    program.config[QStringLiteral("No")] = QStringLiteral("2");
+                                              program.tree.native("pics") + ";Own#" +
+                                              program.tree.native("pics/d.psd") + ";"});
+    program.tree.add({"pics/d.psd", "8BPS"});
+    program.config[QStringLiteral("No")] = QStringLiteral("3");
     program.run([this](Form1& form) {
         EXPECT_EQ(RunningProgram::entry(form, "mnuFav", 1).text(), QStringLiteral("Blue"));
         RunningProgram::trigger(form, "mnuFav", 1);
         EXPECT_EQ(shownWidth(form), 60);
-        RunningProgram::trigger(form, "mnuFav", 2);
-        EXPECT_EQ(shownWidth(form), 60);
-        EXPECT_EQ(form.Xiala(), program.tree.path("pics"));
+        for (const int nothing : {2, 3}) {
+            RunningProgram::trigger(form, "mnuFav", nothing);
+            EXPECT_EQ(shownWidth(form), 60);
+            EXPECT_EQ(form.Xiala(), program.tree.path("pics"));
+            EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+        }
+        EXPECT_EQ(program.stored("Xno"), QStringLiteral("ERROR"));
         ASSERT_TRUE(platform::writeFileWhole(program.tree.path("app/testfile.txt"), "One#/1;"));
         ASSERT_TRUE(platform::writeProfile(program.tree.path("app/config.ini"),
                                            QStringLiteral("QUILLPOST"), QStringLiteral("No"),

@@ -4,6 +4,7 @@
 #include "shell/menus.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
+#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 
@@ -13,6 +14,32 @@
 #include <gtest/gtest.h>
 
 namespace {
+
+// The pane with its layouts counted.
+class CountingPane : public core::BrowserPane {
+public:
+    explicit CountingPane(core::BrowserPane& pane)
+        : m_pane(pane)
+    {
+    }
+
+    void PathChange() override {}
+    void ThumResize() override { ++resizes; }
+    platform::FileList& File1() override { return m_pane.File1(); }
+    void setSplitterEnabled(bool /*enabled*/) override {}
+    void rebuildThumbnails() override {}
+    void setThumbnailSize(int /*pixels*/) override {}
+    void setColourPreset(int /*preset*/) override {}
+    int thumbnailPagesNeeded() override { return 0; }
+    int thumbnailsPerPage() override { return 0; }
+    [[nodiscard]] bool isFirstFolderShown() const override { return true; }
+    [[nodiscard]] int widthTwips() const override { return m_pane.widthTwips(); }
+
+    int resizes = 0;
+
+private:
+    core::BrowserPane& m_pane;
+};
 
 class ModesTest : public testing::Test {
 protected:
@@ -148,6 +175,73 @@ TEST_F(ModesTest, TogglesBestFit)
     });
 }
 
+TEST_F(ModesTest, ChecksTheEntryOfBestFitBeforeTheViewerAndTheKeyAfter)
+{
+    program.run([this](Form1& form) {
+        QStringList seen;
+        QObject::connect(&RunningProgram::entry(form, "optView", 3), &QAction::toggled, &form, [&] {
+            seen.append(QStringLiteral("type %1 fit %2 key %3")
+                            .arg(form.toolbars().button(15)->ButtonType())
+                            .arg(form.cpvPicScroll1().BestFitMode() ? 1 : 0)
+                            .arg(program.stored("BestFit")));
+        });
+        form.toggleBestFit();
+        form.toggleBestFit();
+        EXPECT_EQ(seen, (QStringList{QStringLiteral("type 5 fit 0 key 0"),
+                                     QStringLiteral("type 11 fit 1 key 1")}));
+    });
+}
+
+TEST_F(ModesTest, HidesThePanViewWhileTheWindowIsMinimised)
+{
+    program.run([](Form1& form) {
+        form.Smallfrm();
+        const auto panView = [&form] {
+            return form.findChild<QWidget*>(QStringLiteral("frmPanView"));
+        };
+        ASSERT_NE(panView(), nullptr);
+        EXPECT_FALSE(panView()->isHidden());
+        form.setWindowState(Qt::WindowMinimized);
+        QApplication::processEvents();
+        EXPECT_TRUE(panView()->isHidden());
+        form.setWindowState(Qt::WindowMaximized);
+        QApplication::processEvents();
+        EXPECT_FALSE(panView()->isHidden());
+        EXPECT_TRUE(isChecked(form, "optView", 11));
+    });
+}
+
+TEST_F(ModesTest, LaysOutThePaneWithTheToolbarOnlyWhileItIsShown)
+{
+    program.run([this](Form1& form) {
+        useScreen(form, {900, 700}); // the file name has a row of its own
+        core::BrowserPane* real = core::services().browserPane;
+        CountingPane counting(*real);
+        core::services().browserPane = &counting;
+        form.setBandShown(2, false);
+        EXPECT_EQ(counting.resizes, 1);
+        core::state().BrowserShown = false;
+        form.setBandShown(2, true);
+        EXPECT_EQ(counting.resizes, 1);
+        core::state().BrowserShown = true;
+        core::services().browserPane = real;
+    });
+}
+
+TEST_F(ModesTest, CoversTheScreenAndEndsTheShow)
+{
+    program.run([this](Form1& form) {
+        form.start_slideshow();
+        form.toolbars().keyButton(QStringLiteral("fullscreen"))->click();
+        EXPECT_TRUE(form.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_TRUE(form.isMaximized());
+        EXPECT_FALSE(form.pipeline().isRunning());
+        EXPECT_EQ(core::state().SlideIndex, 0);
+        EXPECT_EQ(form.Xiala(), program.picture("a.bmp"));
+    });
+}
+
 TEST_F(ModesTest, DoesntStayInTheNormalState)
 {
     program.run([](Form1& form) {
@@ -192,10 +286,17 @@ TEST_F(ModesTest, KeepsBothBandsInARowOf540Twips)
 
 TEST_F(ModesTest, ColoursTheMenuBarWhateverTheTheme)
 {
+    const QPalette before = QApplication::palette();
     program.run([](Form1& form) {
-        const QImage bar = form.menus().bar()->grab().toImage();
-        EXPECT_EQ(bar.pixelColor(bar.width() - 4, bar.height() / 2), QColor(0xE0, 0xE0, 0xE0));
+        const QColor grey(0xE0, 0xE0, 0xE0);
+        for (const QColor& theme : {QColor(Qt::white), QColor(Qt::black)}) {
+            QApplication::setPalette(QPalette(theme));
+            QApplication::processEvents();
+            const QImage bar = form.menus().bar()->grab().toImage();
+            EXPECT_EQ(bar.pixelColor(bar.width() - 4, bar.height() / 2), grey);
+        }
     });
+    QApplication::setPalette(before);
 }
 
 TEST_F(ModesTest, RefreshesThroughItsPublicOperations)

@@ -13,6 +13,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTimer>
 
 namespace {
@@ -21,6 +23,21 @@ constexpr int kPatience = 20000; // milliseconds
 constexpr int kGlance = 5;
 
 const QString kSection = QStringLiteral("QUILLPOST");
+
+class StubWindow : public QWidget {
+public:
+    StubWindow(QString name, QStringList& shown)
+        : m_name(std::move(name))
+        , m_shown(shown)
+    {
+    }
+
+private:
+    void showEvent(QShowEvent* /*event*/) override { m_shown.append(m_name); }
+
+    QString m_name;
+    QStringList& m_shown;
+};
 
 Form1* mainWindow()
 {
@@ -56,6 +73,10 @@ RunningProgram::RunningProgram()
 RunningProgram::~RunningProgram()
 {
     core::windows().onUnload({});
+    for (const QString& name : m_stubs) {
+        core::windows().unload(name);
+        core::windows().add(name, [] { return nullptr; });
+    }
     platform::resetClosing();
     core::state() = {};
 }
@@ -132,6 +153,34 @@ bool RunningProgram::waitFor(const std::function<bool()>& condition)
         QApplication::processEvents(QEventLoop::AllEvents, kGlance);
     }
     return true;
+}
+
+void RunningProgram::stubWindow(const char* name)
+{
+    const QString window = QString::fromLatin1(name);
+    core::windows().add(window, [this, window] { return new StubWindow(window, shown); });
+    m_stubs.append(window);
+}
+
+void RunningProgram::pressKey(Form1& form, int key, Qt::KeyboardModifiers modifiers,
+                              const QString& text)
+{
+    QWidget* viewer = form.findChild<QWidget*>(QStringLiteral("iDst"));
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, modifiers, text);
+        QApplication::sendEvent(viewer, &event);
+    }
+}
+
+void RunningProgram::click(QWidget& widget)
+{
+    const QPointF place(widget.rect().center());
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const bool pressed = type == QEvent::MouseButtonPress;
+        QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton,
+                          pressed ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&widget, &event);
+    }
 }
 
 platform::FileList& RunningProgram::File1()

@@ -34,6 +34,15 @@ public:
     // Lets events run for a while, until the condition holds; false when it never does.
     static bool waitFor(const std::function<bool()>& condition);
 
+    // A plain window stands under this name from here on.
+    void stubWindow(const char* name);
+
+    // Presses and releases a key on the viewer.
+    static void pressKey(Form1& form, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+                         const QString& text = {});
+    // Presses and releases the left button in the middle of a widget.
+    static void click(QWidget& widget);
+
     static platform::FileList& File1();
     static QAction& entry(Form1& form, const char* array, int index);
     static void trigger(Form1& form, const char* array, int index);
@@ -43,10 +52,12 @@ public:
     platform::FakeDesktop desktop;
     QStringList steps;    // of starting, as the program tells them
     QStringList unloaded; // windows, in order
+    QStringList shown;    // stub windows, in order
 
 private:
     void serveModal();
 
+    QStringList m_stubs;
     platform::ScopedDialogs m_dialogs;
     platform::ScopedDesktop m_desktop;
 };

@@ -3,22 +3,64 @@
 #include "core/state.h"
 #include "platform/folder_tree.h"
 #include "platform/registry.h"
+#include "shell/file_name_field.h"
+#include "shell/menus.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
+#include "thumbs/thumbnail_list.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
-#include <QTimer>
 #include <QWheelEvent>
+#include <algorithm>
+#include <cstring>
 #include <gtest/gtest.h>
+#include <set>
+#include <sys/inotify.h>
+#include <unistd.h>
+#include <vector>
 
 namespace {
 
 const QString kMarkerKey = QStringLiteral("Software\\Corvane\\Qlink");
 const QString kMarkerName = QStringLiteral("Brelmark");
+
+// Which files of a folder are opened, in the order in which they first are.
+class FileOpenings {
+public:
+    explicit FileOpenings(const std::string& folder)
+        : m_watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    {
+        EXPECT_GE(::inotify_add_watch(m_watch, folder.c_str(), IN_OPEN), 0);
+    }
+    ~FileOpenings() { ::close(m_watch); }
+    FileOpenings(const FileOpenings&) = delete;
+    FileOpenings& operator=(const FileOpenings&) = delete;
+
+    [[nodiscard]] std::vector<std::string> firstOf(const std::set<std::string>& wanted) const
+    {
+        std::vector<std::string> order;
+        alignas(inotify_event) char buffer[65536];
+        for (ssize_t got = 0; (got = ::read(m_watch, buffer, sizeof buffer)) > 0;) {
+            for (ssize_t at = 0; at < got;) {
+                inotify_event event{};
+                std::memcpy(&event, buffer + at, sizeof event);
+                const std::string name = event.len > 0 ? buffer + at + sizeof event : "";
+                if (wanted.contains(name) &&
+                    std::find(order.begin(), order.end(), name) == order.end()) {
+                    order.push_back(name);
+                }
+                at += static_cast<ssize_t>(sizeof event + event.len);
+            }
+        }
+        return order;
+    }
+
+private:
+    int m_watch;
+};
 
 class StartTest : public testing::Test {
 protected:
@@ -115,6 +157,8 @@ TEST_F(StartTest, TakesTheViewersColourOnlyFromANumber)
 {
     program.config[QStringLiteral("EditorColor")] = QStringLiteral("14445906");
     program.run([](Form1& form) { EXPECT_EQ(form.cpvPicScroll1().BackColor(), 14445906U); });
+    RunningProgram missing;
+    missing.run([](Form1& form) { EXPECT_EQ(form.cpvPicScroll1().BackColor(), 0x8000000FU); });
     RunningProgram second;
     second.config[QStringLiteral("EditorColor")] = QStringLiteral("RGB(82, 109, 220)");
     second.run([](Form1& form) { EXPECT_EQ(form.cpvPicScroll1().BackColor(), 0x8000000FU); });
@@ -213,35 +257,84 @@ TEST_F(StartTest, AddsUpTheSmallStepsOfAFineWheel)
     });
 }
 
-TEST_F(StartTest, EndsFromTheExitCommandDuringASlideShow)
+TEST_F(StartTest, ReadsItsListsInOrder)
 {
-    program.run([](Form1& form) {
-        form.start_slideshow();
-        RunningProgram::trigger(form, "optFile", 14);
-        EXPECT_FALSE(platform::folderTree().isOpen());
-    });
-    EXPECT_EQ(program.unloaded.last(), QStringLiteral("Form1"));
+    for (const char* name : {"SwitchName.txt", "testfile.txt", "xialafile.txt"}) {
+        program.tree.add({std::string("app/") + name, "a#b;"});
+    }
+    const FileOpenings openings(program.tree.native("app"));
+    program.run([](Form1&) {});
+    EXPECT_EQ(openings.firstOf({"SwitchName.txt", "testfile.txt", "xialafile.txt"}),
+              (std::vector<std::string>{"testfile.txt", "xialafile.txt", "SwitchName.txt"}));
 }
 
-TEST_F(StartTest, EndsFromTheExitCommandDuringAGalleryRun)
+TEST_F(StartTest, HasEmptyListsWithoutTheirFiles)
 {
-    for (int i = 0; i < 60; ++i) {
-        QFile::copy(program.picture("a.bmp"),
-                    program.tree.path("pics") + QStringLiteral("/n%1.bmp").arg(i));
+    for (const char* key : {"No", "Xno", "Sno"}) {
+        program.config[QString::fromLatin1(key)] = QStringLiteral("3");
     }
     program.run([](Form1& form) {
-        QTimer::singleShot(0, &form, [&form] { RunningProgram::trigger(form, "optFile", 14); });
-        core::services().browserPane->rebuildThumbnails();
+        EXPECT_EQ(form.menus().entry(QStringLiteral("mnuFav"), 1), nullptr);
+        EXPECT_EQ(form.menus().entry(QStringLiteral("Dip"), 4), nullptr);
+        EXPECT_EQ(form.findChild<shell::FileNameField*>()->count(), 0);
     });
-    EXPECT_EQ(program.unloaded.last(), QStringLiteral("Form1"));
+    EXPECT_TRUE(program.dialogs.boxes.empty());
 }
 
-TEST_F(StartTest, StartsInAFolderThatCantBeWritten)
+TEST_F(StartTest, ComesUpWithoutItsPicturesAndItsAnimation)
 {
-    program.config[QStringLiteral("BestFit")] = QStringLiteral("1");
-    program.tree.add({"app/testfile.txt/", ""}); // a folder under a list's name
-    program.run([](Form1& form) { EXPECT_TRUE(form.cpvPicScroll1().BestFitMode()); });
+    program.tree.remove("app/Images");
+    program.run([](Form1& form) { EXPECT_TRUE(form.isVisible()); });
     EXPECT_TRUE(program.dialogs.boxes.empty());
+}
+
+TEST_F(StartTest, RunsTheGalleryOnce)
+{
+    program.run([](Form1& form) {
+        auto* tiles = form.findChild<ThumbNailList*>();
+        int runs = 0;
+        QObject::connect(tiles, &ThumbNailList::ThumbPageStatus, &form, [&runs] { ++runs; });
+        QApplication::processEvents();
+        QApplication::processEvents();
+        EXPECT_EQ(runs, 0); // the one of the start is over
+        EXPECT_NE(tiles->state().ThumbTable.filledRow(2), nullptr);
+        form.findChild<QWidget*>(QStringLiteral("Xiala"))->setFocus();
+        RunningProgram::click(*core::windows().find(QStringLiteral("frmThumbnaillist")));
+        QApplication::processEvents();
+        EXPECT_EQ(runs, 0);
+    });
+}
+
+TEST_F(StartTest, FollowsTheTreesSelectionOnce)
+{
+    program.tree.add({"more/x.swf", "x"});
+    program.run([this](Form1& form) {
+        auto* tiles = form.findChild<ThumbNailList*>();
+        int runs = 0;
+        QObject::connect(tiles, &ThumbNailList::ThumbPageStatus, &form, [&runs] { ++runs; });
+        platform::folderTree().select(program.tree.path("more"));
+        EXPECT_EQ(runs, 1);
+        EXPECT_EQ(core::state().CurrentFolder, program.tree.path("more"));
+        EXPECT_EQ(form.Xiala(), program.tree.path("more"));
+        EXPECT_EQ(form.Dir2(), program.tree.path("more"));
+        platform::folderTree().select(program.tree.path("more"));
+        EXPECT_EQ(runs, 1);
+    });
+}
+
+TEST_F(StartTest, KeepsTheTreeInThePane)
+{
+    program.run([](Form1& form) {
+        auto* pane = core::windows().find(QStringLiteral("frmThumbnaillist"));
+        const QWidget* host = form.findChild<QWidget*>(QStringLiteral("Dir1"));
+        const QWidget* tree = platform::folderTree().widget();
+        for (const int width : {300, 420}) {
+            pane->resize(width, pane->height());
+            core::services().browserPane->ThumResize();
+            EXPECT_EQ(tree->geometry(), QRect(0, 0, width - 19, host->height() - 2));
+            EXPECT_EQ(tree->parentWidget(), host);
+        }
+    });
 }
 
 TEST_F(StartTest, SurvivesSettingsOfGarbage)
