@@ -3,7 +3,6 @@
 #include "shell/command_table.h"
 
 #include <QAction>
-#include <QKeySequence>
 #include <QMenuBar>
 
 namespace shell {
@@ -20,6 +19,14 @@ constexpr QRgb kChosenText = 0xFFFFFFFF;
 QString keyOf(const QString& array, int index)
 {
     return index == kNoIndex ? array : array + QLatin1Char('_') + QString::number(index);
+}
+
+// The key is shown beside the caption only: keys belong to the viewer, and one that were a shortcut
+// of the entry would act while a menu is open.
+QString withKey(const QString& caption, const char* keyText)
+{
+    return keyText == nullptr ? caption
+                              : caption + QLatin1Char('\t') + QString::fromLatin1(keyText);
 }
 
 QPalette menuPalette(QPalette palette)
@@ -57,17 +64,11 @@ Menus::Menus(QWidget& owner, Trigger trigger)
         if (caption == QLatin1StringView(kSeparator)) {
             action->setSeparator(true);
         } else {
-            action->setText(caption);
+            action->setText(withKey(caption, row.keyText));
         }
         action->setCheckable(row.check == Check::Toggles);
         if (row.opens != nullptr) {
             action->setMenu(makeMenu(owner, QString::fromLatin1(row.opens)));
-        }
-        if (row.keyText != nullptr) {
-            // Shown beside the caption only: the keys belong to the viewer, and a shortcut of a
-            // menu's own context never fires.
-            action->setShortcut(QKeySequence(QString::fromLatin1(row.keyText)));
-            action->setShortcutContext(Qt::WidgetShortcut);
         }
         if (row.run != nullptr) {
             QObject::connect(action, &QAction::triggered, &owner,

@@ -18,8 +18,10 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTest>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -266,6 +268,20 @@ TEST_F(CommandsTest, OpenTheWindowsOfScalingAndFavourites)
         RunningProgram::trigger(form, "Dip", 1);
         EXPECT_EQ(program.modals, QStringList({"Form4", "Favorties", "FavortiesModi", "FrmSwitch",
                                                "FavortiesModi"}));
+    });
+}
+
+TEST_F(CommandsTest, LeaveTheKeysToAMenuThatIsOpen)
+{
+    program.run([this](Form1& form) {
+        showPicture(form, program.picture("a.bmp"));
+        const int zoom = form.cpvPicScroll1().ZoomFactor();
+        form.menus().bar()->setFocus();
+        QTest::keyClick(form.menus().bar(), Qt::Key_A);
+        EXPECT_EQ(form.cpvPicScroll1().ZoomFactor(), zoom);
+        form.cpvPicScroll1().giveFocus();
+        QTest::keyClick(&form.cpvPicScroll1(), Qt::Key_A);
+        EXPECT_GT(form.cpvPicScroll1().ZoomFactor(), zoom);
     });
 }
 

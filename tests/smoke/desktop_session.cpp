@@ -17,7 +17,10 @@ QByteArray output(const QString& program, const QStringList& arguments)
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, arguments);
-    process.waitForFinished(kPatience);
+    if (!process.waitForFinished(kPatience)) {
+        process.kill();
+        process.waitForFinished(kPatience);
+    }
     return process.readAllStandardOutput();
 }
 
@@ -61,8 +64,13 @@ DesktopSession::DesktopSession()
     m_program.start(QStringLiteral(VISTARA_PROGRAM), QStringList());
     m_program.waitForStarted(kPatience);
     const int screenWidth = screen().width();
-    m_up = waitUntil(
-        [&] { return windowCount() == 1 && inside().width() > screenWidth - screenWidth / 20; });
+    m_up = waitUntil([&] {
+        // The window of the greeting has the same title.
+        const QStringList windows = visibleWindows(kTitle);
+        m_mainWindow = windows.size() == 1 ? windows.first() : QString();
+        return !m_mainWindow.isEmpty() && isMainFocused() &&
+               inside().width() > screenWidth - screenWidth / 20;
+    });
 }
 
 DesktopSession::~DesktopSession()
@@ -74,8 +82,7 @@ DesktopSession::~DesktopSession()
 
 QRect DesktopSession::inside() const
 {
-    const QStringList found = visibleWindows(kTitle);
-    return found.isEmpty() ? QRect() : insideOf(found.first());
+    return insideOf(m_mainWindow);
 }
 
 int DesktopSession::windowCount() const
@@ -83,9 +90,21 @@ int DesktopSession::windowCount() const
     return static_cast<int>(visibleWindows(kTitle).size());
 }
 
-bool DesktopSession::windowAppears(const QString& title) const
+bool DesktopSession::isMainFocused() const
 {
-    return waitUntil([&title] { return !visibleWindows(title).isEmpty(); });
+    const QByteArray focused =
+        output(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")});
+    return QString::fromLatin1(focused).trimmed() == m_mainWindow;
+}
+
+bool DesktopSession::dialogOpens() const
+{
+    return waitUntil([this] { return !isMainFocused(); });
+}
+
+bool DesktopSession::dialogsAreClosed() const
+{
+    return waitUntil([this] { return isMainFocused(); });
 }
 
 void DesktopSession::click(QPoint place, int button) const
@@ -115,6 +134,13 @@ void DesktopSession::type(const QString& text) const
 void DesktopSession::key(const QString& name) const
 {
     xdotool({QStringLiteral("key"), name});
+}
+
+void DesktopSession::keys(const QStringList& names) const
+{
+    for (const QString& name : names) {
+        key(name);
+    }
 }
 
 int DesktopSession::close()

@@ -26,8 +26,9 @@ public:
     // The inside of the main window, without the window manager's frame, in pixels of the screen.
     [[nodiscard]] QRect inside() const;
     [[nodiscard]] int windowCount() const; // all windows with the program's title
-    // Waits until a window with this title is there; its title must be a plain word.
-    [[nodiscard]] bool windowAppears(const QString& title) const;
+    // Wait until another window of the program has the focus, and until the main window has it.
+    [[nodiscard]] bool dialogOpens() const;
+    [[nodiscard]] bool dialogsAreClosed() const;
 
     // Input, in pixels of the screen. Keys have xdotool's names: "Return", "ctrl+a".
     void click(QPoint place, int button = 1) const;
@@ -35,6 +36,7 @@ public:
     void wheel(QPoint place, int steps) const; // above 0 towards the user
     void type(const QString& text) const;
     void key(const QString& name) const;
+    void keys(const QStringList& names) const; // one after the other
 
     // Closes the main window as its user does and waits for the end; the exit code, -1 when it
     // doesn't end or crashes.
@@ -43,7 +45,10 @@ public:
     void kill();
 
 private:
+    [[nodiscard]] bool isMainFocused() const;
+
     QProcess m_program;
+    QString m_mainWindow; // its number
     bool m_up = false;
 };
 

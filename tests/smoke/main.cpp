@@ -7,17 +7,20 @@ namespace {
 
 // Keeps the screen at each test's first failure, beside the test program.
 class FailureScreens : public testing::EmptyTestEventListener {
-    void OnTestPartResult(const testing::TestPartResult& result) override
+    void OnTestStart(const testing::TestInfo& test) override
     {
-        const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-        if (!result.failed() || test == nullptr || m_kept == test->name()) {
-            return;
-        }
-        m_kept = test->name();
-        smoke::screen().save(QStringLiteral(VISTARA_SCREENS "/%1.png").arg(m_kept));
+        m_file = QStringLiteral(VISTARA_SCREENS "/%1.png").arg(QLatin1String(test.name()));
     }
 
-    QString m_kept;
+    void OnTestPartResult(const testing::TestPartResult& result) override
+    {
+        if (result.failed() && !m_file.isEmpty()) {
+            smoke::screen().save(m_file);
+            m_file.clear();
+        }
+    }
+
+    QString m_file;
 };
 
 } // namespace

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kPatience = 60000; // milliseconds
 constexpr int kGlance = 50;
+constexpr int kSettled = 3500; // longer than three steps of the fastest slide show
 constexpr int kSameColour = 8; // a channel, for what JPEG makes of a plain colour
 
 QRect inkOf(const QImage& image, QRgb background)
@@ -124,6 +125,19 @@ bool textAppears(const QRect& part, const QString& text, Ink ink)
 bool colourAppears(const QRect& part, QColor colour, QSize size)
 {
     return waitUntil([&] { return boundsOf(screen(), part, colour).size() == size; });
+}
+
+bool colourStays(const QRect& part, QColor colour, QSize size)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < kSettled) {
+        if (boundsOf(screen(), part, colour).size() != size) {
+            return false;
+        }
+        QThread::msleep(kGlance);
+    }
+    return true;
 }
 
 } // namespace smoke

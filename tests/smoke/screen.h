@@ -29,8 +29,9 @@ enum class Ink { Label, Field }; // text of a label, or of a field that has the 
 [[nodiscard]] bool showsText(const QImage& shot, const QRect& part, const QString& text,
                              Ink ink = Ink::Label);
 
-// Both wait.
+// These wait. The last one takes a while when all is well.
 [[nodiscard]] bool textAppears(const QRect& part, const QString& text, Ink ink = Ink::Label);
 [[nodiscard]] bool colourAppears(const QRect& part, QColor colour, QSize size);
+[[nodiscard]] bool colourStays(const QRect& part, QColor colour, QSize size);
 
 } // namespace smoke

@@ -52,7 +52,7 @@ bool SmokeTest::tilesAppear(const WindowParts& parts)
     return waitUntil([&parts] {
         const QImage shot = screen();
         for (const QColor& colour : {kRed, kGreen, kBlue}) {
-            if (boundsOf(shot, parts.paneSide(), colour).isNull()) {
+            if (boundsOf(shot, parts.tiles(), colour).isNull()) {
                 return false;
             }
         }

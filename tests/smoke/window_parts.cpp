@@ -1,7 +1,9 @@
 #include "smoke/window_parts.h"
 
+#include "base/twips.h"
 #include "shell/command_table.h"
 #include "shell/cool_bar.h"
+#include "thumbs/pane_layout.h"
 
 #include <QMenuBar>
 
@@ -14,7 +16,8 @@ constexpr int kMargin = 4;
 constexpr int kButtonSize = 32;
 constexpr int kGap = 8;
 constexpr int kStatusHeight = 24;
-constexpr int kPaneWidth = 320;
+constexpr int kPaneWidth = base::pixelsFromTwips(thumbs::kPaneDefaultWidth);
+constexpr int kAboveTiles = 230; // title, tree, buttons and the information bar
 constexpr int kKeyBandAndGo = 12 * 28 + 40 + 44 + 30; // right of the field
 
 int menuBarHeight()
@@ -67,12 +70,15 @@ QRect WindowParts::statusBar() const
             kStatusHeight};
 }
 
-QRect WindowParts::paneSide() const
+QRect WindowParts::tiles() const
 {
-    return workArea().adjusted(0, 0, kPaneWidth - m_inside.width(), 0);
+    QRect part = workArea();
+    part.setTop(part.top() + kAboveTiles);
+    part.setWidth(kPaneWidth);
+    return part;
 }
 
-QRect WindowParts::viewerSide() const
+QRect WindowParts::viewer() const
 {
     return workArea().adjusted(kPaneWidth, 0, 0, 0);
 }

@@ -15,10 +15,10 @@ public:
     [[nodiscard]] QPoint toolbarButton(int index) const;  // the middle of Tbmenu's button
     [[nodiscard]] QRect workArea() const;                 // between toolbars and status bar
     [[nodiscard]] QRect statusBar() const;
-    // The halves of the work area in browse mode: tiles are wholly in the one, pictures that are
-    // small enough wholly in the other.
-    [[nodiscard]] QRect paneSide() const;
-    [[nodiscard]] QRect viewerSide() const;
+    // In browse mode: where the tiles are, and where a picture is that isn't larger than the
+    // viewer.
+    [[nodiscard]] QRect tiles() const;
+    [[nodiscard]] QRect viewer() const;
 
 private:
     QRect m_inside;
