@@ -22,8 +22,8 @@ std::optional<QByteArray> readFile(const QString& path, qint64 maxBytes = qint64
 enum class Flush { No, ToDisk };
 
 // Writes a temporary file in the target's folder and renames it, so that the target holds either
-// all of the bytes or what it held before. Keeps the permissions of a target that exists, and a
-// link stays a link to the file that it leads to.
+// all of the bytes or what it held before. Keeps the permissions of a target that exists. A link
+// stays a link: the file that it leads to is written, or made when it is missing.
 [[nodiscard]] bool writeFileWhole(const QString& path, const QByteArray& bytes,
                                   Flush flush = Flush::No);
 

@@ -2,9 +2,12 @@
 
 #include "platform/paths.h"
 
+#include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <fcntl.h>
+#include <optional>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,6 +17,7 @@ namespace platform {
 namespace {
 
 constexpr int kMostNames = 100;
+constexpr int kMostLinks = 40; // as many as the system follows
 
 std::string folderPart(const std::string& path)
 {
@@ -21,15 +25,30 @@ std::string folderPart(const std::string& path)
     return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
 }
 
-// The file that a path leads to through links; the path itself where there is none yet.
-std::string resolved(const QString& path)
+// The path that a link tells, seen from where the link stands; nothing for what is no link.
+std::optional<std::string> linkTarget(const std::string& link)
 {
-    struct stat facts = {};
-    const std::string native = toNative(path);
-    if (::lstat(native.c_str(), &facts) != 0 || !S_ISLNK(facts.st_mode)) {
-        return native;
+    std::array<char, PATH_MAX> text{};
+    const ssize_t length = ::readlink(link.c_str(), text.data(), text.size());
+    if (length <= 0 || static_cast<std::size_t>(length) == text.size()) {
+        return std::nullopt;
     }
-    return toNative(canonicalPath(path).value_or(path));
+    const std::string target(text.data(), static_cast<std::size_t>(length));
+    return target.front() == '/' ? target : folderPart(link) + target;
+}
+
+// The file that a path leads to through links, whether it is there already or not. "" for links
+// that lead in a circle.
+std::string resolved(std::string path)
+{
+    for (int links = 0; links <= kMostLinks; ++links) {
+        const std::optional<std::string> next = linkTarget(path);
+        if (!next) {
+            return path;
+        }
+        path = *next;
+    }
+    return {};
 }
 
 bool isStillNamed(int descriptor, const std::string& name)
@@ -61,7 +80,10 @@ ReplacementFile::ReplacementFile(const QString& target)
     if (target.contains(QChar(u'\0')) || target.isEmpty()) {
         return;
     }
-    m_target = resolved(target);
+    m_target = resolved(toNative(target));
+    if (m_target.empty()) {
+        return;
+    }
     struct stat facts = {};
     if (::stat(m_target.c_str(), &facts) == 0) {
         // A name can be replaced without any right to the file; who locked the file meant both.

@@ -130,6 +130,30 @@ TEST(WholeWrite, WritesToTheFileThatALinkLeadsTo)
     EXPECT_EQ(tree.content("real"), "new");
 }
 
+TEST(WholeWrite, MakesTheFileThatALinkLeadsTo)
+{
+    const TempTree tree({{"links/", ""}, {"files/", ""}});
+    std::filesystem::create_symlink("../links/second", tree.native("links/first"));
+    std::filesystem::create_symlink("../files/new", tree.native("links/second"));
+    EXPECT_TRUE(platform::writeFileWhole(tree.path("links/first"), "new"));
+    EXPECT_TRUE(std::filesystem::is_symlink(tree.native("links/first")));
+    EXPECT_TRUE(std::filesystem::is_symlink(tree.native("links/second")));
+    EXPECT_EQ(tree.content("files/new"), "new");
+    EXPECT_EQ(entriesIn(tree, "files"), 1U);
+}
+
+TEST(WholeWrite, LeavesLinksThatLeadToNoFile)
+{
+    const TempTree tree({{"links/", ""}});
+    std::filesystem::create_symlink("../none/new", tree.native("links/nowhere"));
+    std::filesystem::create_symlink("circle", tree.native("links/circle"));
+    for (const char* const name : {"links/nowhere", "links/circle"}) {
+        EXPECT_FALSE(platform::writeFileWhole(tree.path(name), "new")) << name;
+        EXPECT_TRUE(std::filesystem::is_symlink(tree.native(name))) << name;
+    }
+    EXPECT_EQ(entriesIn(tree, "links"), 2U);
+}
+
 TEST(WholeWrite, UsesUpWhatADeadWriterLeft)
 {
     const TempTree tree({{"pics/.vistara-new-0", "left over, and longer than the new bytes"}});
