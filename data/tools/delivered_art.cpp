@@ -27,17 +27,15 @@ constexpr std::array kBadgeSides{16, 24};
 
 struct Scene {
     const char* drawing;
-    const char* file;   // in the picture folder
-    const char* format; // of the toolkit's image writers
-    int factor;         // of the size that the drawing states
+    const char* file; // in the picture folder
+    int factor;       // of the size that the drawing states
 };
 
-constexpr std::array kScenes{
-    Scene{"splash", "splash.png", "PNG", 1},     Scene{"splash", "splash@2x.png", "PNG", 2},
-    Scene{"about", "about.png", "PNG", 1},       Scene{"about", "about@2x.png", "PNG", 2},
-    Scene{"Copyfile", "Copyfile.jpg", "JPG", 1}, Scene{"Movefile", "Movefile.jpg", "JPG", 1},
-    Scene{"opcolse", "opcolse.jpg", "JPG", 1},   Scene{"Opcolse-1", "Opcolse-1.jpg", "JPG", 1},
-};
+constexpr std::array kScenes{Scene{"splash", "splash.png", 1}, Scene{"splash", "splash@2x.png", 2},
+                             Scene{"about", "about.png", 1}, Scene{"about", "about@2x.png", 2}};
+
+constexpr std::array kJpegPictures{"Copyfile", "Movefile", "opcolse", "Opcolse-1"};
+constexpr int kJpegQuality = 92;
 
 // Title strips and the pictures of windows that are loaded as GIF files.
 constexpr std::array kPalettePictures{"Titlebar", "UserInterface", "WindowsStand", "Search",
@@ -150,12 +148,19 @@ bool deliverScenes(const Folders& folders)
     const bool plain = std::all_of(kScenes.begin(), kScenes.end(), [&](const Scene& scene) {
         const QImage image = drawSvgScaled(drawings / drawingName(scene.drawing), scene.factor);
         return writeFile(folders.images / scene.file,
-                         encoded(image.convertToFormat(QImage::Format_RGB32), scene.format, 92));
+                         encoded(image.convertToFormat(QImage::Format_RGB32), "PNG"));
     });
-    return plain &&
+    const bool jpegs =
+        std::all_of(kJpegPictures.begin(), kJpegPictures.end(), [&](const char* name) {
+            return writeFile(
+                folders.images / (std::string(name) + ".jpg"),
+                jpegFile(drawSvgScaled(drawings / drawingName(name), 1), kJpegQuality));
+        });
+    return plain && jpegs &&
            std::all_of(kPalettePictures.begin(), kPalettePictures.end(), [&](const char* name) {
                const auto picture = indexed(drawSvgScaled(drawings / drawingName(name), 1));
-               return picture && writeGif(*picture, folders.images / (std::string(name) + ".gif"));
+               return picture &&
+                      writeFile(folders.images / (std::string(name) + ".gif"), gifFile(*picture));
            });
 }
 

@@ -27,11 +27,11 @@ bool deliverPhotographs(const fs::path& folder)
 {
     // As a camera held upright stores it: lying on its side, with a note.
     const QImage lying = moonOverTheSea().transformed(QTransform().rotate(-90));
-    return writeFile(folder / "Mountain dawn.jpg", encoded(mountainDawn(), "JPG", kPhotoQuality)) &&
-           writeFile(folder / "Lavender rows.jpg", encoded(lavenderRows(), "JPG", kPhotoQuality)) &&
-           writeFile(folder / "Birch wood.jpg", encoded(birchWood(), "JPG", kPhotoQuality)) &&
+    return writeFile(folder / "Mountain dawn.jpg", jpegFile(mountainDawn(), kPhotoQuality)) &&
+           writeFile(folder / "Lavender rows.jpg", jpegFile(lavenderRows(), kPhotoQuality)) &&
+           writeFile(folder / "Birch wood.jpg", jpegFile(birchWood(), kPhotoQuality)) &&
            writeFile(folder / "Moon over the sea.jpg",
-                     withOrientation(encoded(lying, "JPG", kPhotoQuality), kTurnClockwise)) &&
+                     withOrientation(jpegFile(lying, kPhotoQuality), kTurnClockwise)) &&
            writeFile(folder / "Poppy field.bmp", encoded(poppyField(), "BMP"));
 }
 
@@ -49,7 +49,8 @@ bool deliverIndexed(const fs::path& folder)
     const auto dunes = indexed(desertDunes());
     const auto fruit = indexed(bowlOfFruit());
     const auto circles = indexed(circlesAndLines());
-    return glass && dunes && fruit && circles && writeGif(*glass, folder / "Stained glass.gif") &&
+    return glass && dunes && fruit && circles &&
+           writeFile(folder / "Stained glass.gif", gifFile(*glass)) &&
            writeFile(folder / "Desert dunes.pcx", pcxFile(*dunes)) &&
            writeFile(folder / "Bowl of fruit.lbm", iffFile(*fruit)) &&
            writeFile(folder / "Circles and lines.bbm", iffFile(*circles));

@@ -1,5 +1,7 @@
 #include "files.h"
 
+#include "platform/jpeg_encoder.h"
+
 #include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
@@ -34,20 +36,28 @@ bool writeFile(const std::filesystem::path& path, const Bytes& bytes)
     return true;
 }
 
-Bytes encoded(const QImage& image, const char* format, int quality)
+Bytes encoded(const QImage& image, const char* format)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format);
-    if (QByteArray(format) == "JPG") {
-        writer.setQuality(quality);
-        writer.setOptimizedWrite(true);
-    }
-    if (!writer.write(image)) {
+    if (!QImageWriter(&buffer, format).write(image)) {
         return {};
     }
     const QByteArray& data = buffer.data();
     return Bytes(data.begin(), data.end());
+}
+
+Bytes jpegFile(const QImage& image, int quality)
+{
+    platform::JpegEncoder encoder(image, quality);
+    if (!encoder.encodeAll()) {
+        return {};
+    }
+    Bytes bytes;
+    for (const std::byte value : encoder.bytes()) {
+        bytes.push_back(std::to_integer<std::uint8_t>(value));
+    }
+    return bytes;
 }
 
 } // namespace tools

@@ -15,8 +15,10 @@ namespace tools {
 // Writes the whole file and makes its folder; says on the error stream what failed.
 [[nodiscard]] bool writeFile(const std::filesystem::path& path, const Bytes& bytes);
 
-// An image in one of the toolkit's formats, such as "PNG", as the bytes of a file. The quality
-// counts for "JPG" only, 0 to 100.
-[[nodiscard]] Bytes encoded(const QImage& image, const char* format, int quality = 90);
+// An image in one of the toolkit's formats, such as "PNG", as the bytes of a file.
+[[nodiscard]] Bytes encoded(const QImage& image, const char* format);
+
+// The same as a JPEG file by the program's own writer; the quality runs from 1 to 100.
+[[nodiscard]] Bytes jpegFile(const QImage& image, int quality);
 
 } // namespace tools

@@ -4,7 +4,6 @@
 #include "platform/colour_reduction.h"
 
 #include <algorithm>
-#include <iostream>
 #include <vector>
 
 namespace tools {
@@ -88,7 +87,7 @@ std::optional<IndexedPicture> indexed(const QImage& image)
     return picture;
 }
 
-bool writeGif(const IndexedPicture& picture, const std::filesystem::path& path)
+Bytes gifFile(const IndexedPicture& picture)
 {
     formats::GifBitmapInfo info;
     info.width = picture.width;
@@ -109,13 +108,14 @@ bool writeGif(const IndexedPicture& picture, const std::filesystem::path& path)
                        bits.begin() + static_cast<std::ptrdiff_t>((height - 1 - y) * stride),
                        [](std::uint8_t index) { return std::byte{index}; });
     }
-    std::error_code ignored; // a folder that can't be made shows in the write below
-    std::filesystem::create_directories(path.parent_path(), ignored);
-    if (!WriteGifFile(info, bits, path.string())) {
-        std::cerr << "make_data: can't write " << path << '\n';
-        return false;
+    std::vector<std::byte> file;
+    if (!WriteGifFile(info, bits, file)) {
+        return {};
     }
-    return true;
+    Bytes bytes(file.size());
+    std::transform(file.begin(), file.end(), bytes.begin(),
+                   [](std::byte value) { return std::to_integer<std::uint8_t>(value); });
+    return bytes;
 }
 
 } // namespace tools

@@ -5,7 +5,6 @@
 #include <QImage>
 
 #include <array>
-#include <filesystem>
 #include <optional>
 
 namespace tools {
@@ -22,6 +21,7 @@ struct IndexedPicture {
 // so that skies stay smooth; a picture of few colours keeps them exactly.
 [[nodiscard]] std::optional<IndexedPicture> indexed(const QImage& image);
 
-[[nodiscard]] bool writeGif(const IndexedPicture& picture, const std::filesystem::path& path);
+// The bytes of a GIF file; none for a picture that GIF can't tell.
+[[nodiscard]] Bytes gifFile(const IndexedPicture& picture);
 
 } // namespace tools

@@ -2,7 +2,9 @@
 
 #include "formats/gif_writer.h"
 #include "platform/colour_reduction.h"
-#include "platform/paths.h"
+#include "platform/files.h"
+
+#include <vector>
 
 namespace {
 
@@ -24,9 +26,15 @@ formats::GifBitmapInfo infoOf(const platform::IndexedPicture& picture)
 
 bool SaveGIF(const platform::Picture& picture, const QString& fileName)
 {
-    if (picture.type() != platform::PictureType::Bitmap || fileName.contains(QChar(u'\0'))) {
+    if (picture.type() != platform::PictureType::Bitmap) {
         return false;
     }
     const auto reduced = platform::reduceColours(picture.flattened());
-    return reduced && WriteGifFile(infoOf(*reduced), reduced->bits, platform::toNative(fileName));
+    std::vector<std::byte> bytes;
+    if (!reduced || !WriteGifFile(infoOf(*reduced), reduced->bits, bytes)) {
+        return false;
+    }
+    return platform::writeFileWhole(
+        fileName, QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                          static_cast<qsizetype>(bytes.size())));
 }

@@ -5,6 +5,6 @@
 #include <QString>
 
 // Writes a picture as a GIF file of at most 256 colours over the target. True when the whole file
-// was written. False for anything but a bitmap, a picture longer than GIF can tell or a target that
-// can't be opened, all of which change nothing, and for a full disk.
+// was written. Otherwise the target is what it was before: for anything but a bitmap, a picture
+// longer than GIF can tell, and a target that can't be written.
 [[nodiscard]] bool SaveGIF(const platform::Picture& picture, const QString& fileName);

@@ -3,9 +3,7 @@
 #include "formats/gif_lzw.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <limits>
-#include <memory>
 #include <string_view>
 
 namespace {
@@ -118,18 +116,6 @@ void appendHead(Bytes& file, const GifBitmapInfo& info, const GifScreenDescripto
     appendText(file, ",");
 }
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
-
-bool writeAndClose(OpenFile target, const Bytes& bytes)
-{
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), target.get()) == bytes.size();
-    // A full disk may only show when the last bytes leave the buffer.
-    return std::fclose(target.release()) == 0 && written;
-}
-
 } // namespace
 
 std::size_t formats::gifStride(const GifBitmapInfo& info)
@@ -162,26 +148,19 @@ bool EncodeGifImage(const GifBitmapInfo* bitmapInfo, std::span<const std::byte> 
     return true;
 }
 
-bool WriteGifFile(const GifBitmapInfo& bitmapInfo, std::span<const std::byte> bits,
-                  const std::string& path)
+bool WriteGifFile(const GifBitmapInfo& bitmapInfo, std::span<const std::byte> bits, Bytes& file)
 {
     GifBitmapInfo info = bitmapInfo;
     info.bitCount = std::min(info.bitCount, kPixelBits);
     if (info.bitCount == 0 || bits.empty() || !fitsGif(info.width) || !fitsGif(info.height)) {
         return false;
     }
-    OpenFile target(std::fopen(path.c_str(), "wb"));
-    if (target == nullptr) {
+    const GifScreenDescriptor screen = screenOf(info);
+    file.reserve(file.size() + bits.size() / 4);
+    appendHead(file, info, screen);
+    if (!EncodeGifImage(&info, bits, file, {}, screen)) {
         return false;
     }
-    const GifScreenDescriptor screen = screenOf(info);
-    Bytes file;
-    file.reserve(bits.size() / 4);
-    appendHead(file, info, screen);
-    const bool encoded = EncodeGifImage(&info, bits, file, {}, screen);
-    if (encoded) {
-        appendText(file, ";");
-    }
-    // A refused image still leaves its header and table on the disk.
-    return writeAndClose(std::move(target), file) && encoded;
+    appendText(file, ";");
+    return true;
 }

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace formats {
@@ -59,8 +58,8 @@ struct GifImageDescriptor {
                                   formats::GifImageDescriptor imageDescriptor,
                                   const formats::GifScreenDescriptor& screenDescriptor);
 
-// Writes the bitmap as a GIF87a file over the target. False when the target can't be opened, which
-// changes nothing, when the image is refused, which leaves a file of header and table, or when the
-// bytes don't fit on the disk.
+// Appends the bitmap as a whole GIF87a file. False when the image is refused: nothing is appended
+// for sizes that GIF can't tell, and only header and table for fewer than eight bits a pixel. More
+// bits count as eight.
 [[nodiscard]] bool WriteGifFile(const formats::GifBitmapInfo& bitmapInfo,
-                                std::span<const std::byte> bits, const std::string& path);
+                                std::span<const std::byte> bits, std::vector<std::byte>& file);

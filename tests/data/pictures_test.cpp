@@ -1,5 +1,9 @@
 #include "delivered_files.h"
 
+#include "formats/gif_reading.h"
+#include "formats/gif_writer.h"
+#include "platform/jpeg_encoder.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -14,6 +18,9 @@ constexpr std::array kToolbar{
     "help",      "update", "browse",  "mail",       "bestfit",  "frame",     "fullscreen",
     "up",        "tools",  "refresh", "properties", "rename",   "delete",    "copy",
     "move",      "go",     "folder",  "drive",      "home",     "picture"};
+
+constexpr std::size_t kGifHeadBytes = 6 + 7 + 768 + 1;
+constexpr int kJpegQuality = 92;
 
 constexpr std::array kDensityEndings{".png", "@2x.png", "@3x.png"};
 
@@ -87,6 +94,70 @@ TEST(DeliveredPictures, WindowPicturesDecodeInTheFormatOfTheirName)
     EXPECT_EQ(decodedSize("Movefile.jpg", "JPG"), QSize(360, 60));
     EXPECT_EQ(decodedSize("opcolse.jpg", "JPG"), QSize(48, 12));
     EXPECT_EQ(decodedSize("Opcolse-1.jpg", "JPG"), QSize(48, 12));
+}
+
+// Table and pixels of a GIF file that the program wrote, as its writer takes them.
+struct Indexed {
+    formats::GifBitmapInfo info;
+    std::vector<std::byte> bits;
+};
+
+Indexed indexedOf(const gif::Bytes& file)
+{
+    const gif::Decoded decoded = gif::decodeImage(file, kGifHeadBytes);
+    Indexed picture;
+    picture.info.width = decoded.width;
+    picture.info.height = decoded.height;
+    for (std::size_t i = 0; i < picture.info.colours.size(); ++i) {
+        const auto part = [&](std::size_t channel) {
+            return static_cast<std::uint8_t>(gif::byteAt(file, 13 + 3 * i + channel));
+        };
+        picture.info.colours[i] = {part(0), part(1), part(2)};
+    }
+    const std::size_t stride = formats::gifStride(picture.info);
+    const auto width = static_cast<std::size_t>(decoded.width);
+    const auto height = static_cast<std::size_t>(decoded.height);
+    picture.bits.resize(stride * height);
+    for (std::size_t i = 0; i < decoded.pixels.size(); ++i) {
+        picture.bits[(height - 1 - i / width) * stride + i % width] =
+            static_cast<std::byte>(decoded.pixels[i]);
+    }
+    return picture;
+}
+
+TEST(DeliveredPictures, GifFilesAreWhatTheProgramWrites)
+{
+    for (const char* const name : {"Titlebar.gif", "UserInterface.gif", "WindowsStand.gif",
+                                   "Search.gif", "Searchgoogle.gif"}) {
+        const gif::Bytes file = delivered::bytesOf(delivered::picture(name));
+        ASSERT_GT(file.size(), kGifHeadBytes) << name;
+        const Indexed picture = indexedOf(file);
+        gif::Bytes again;
+        EXPECT_TRUE(WriteGifFile(picture.info, picture.bits, again)) << name;
+        EXPECT_TRUE(again == file) << name;
+    }
+}
+
+// Everything before the compressed pixels: sizes, sampling and tables, which tell writers apart.
+QByteArray jpegHead(const QByteArray& file)
+{
+    return file.left(file.indexOf("\xFF\xDA"));
+}
+
+TEST(DeliveredPictures, JpegFilesAreWhatTheProgramWrites)
+{
+    for (const char* const name :
+         {"Copyfile.jpg", "Movefile.jpg", "opcolse.jpg", "Opcolse-1.jpg"}) {
+        const std::vector<std::byte> bytes = delivered::bytesOf(delivered::picture(name));
+        const QByteArray file(reinterpret_cast<const char*>(bytes.data()),
+                              static_cast<qsizetype>(bytes.size()));
+        platform::JpegEncoder encoder(QImage::fromData(file, "JPG"), kJpegQuality);
+        ASSERT_TRUE(encoder.encodeAll()) << name;
+        const QByteArray again(reinterpret_cast<const char*>(encoder.bytes().data()),
+                               static_cast<qsizetype>(encoder.bytes().size()));
+        EXPECT_GT(jpegHead(again).size(), 500) << name;
+        EXPECT_TRUE(jpegHead(file) == jpegHead(again)) << name;
+    }
 }
 
 TEST(DeliveredPictures, StartAndAboutPicturesComeInTwoDensities)
