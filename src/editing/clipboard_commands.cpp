@@ -43,7 +43,9 @@ void pastePicture(core::MainWindow& form)
     }
     core::state().PictureChanged = true;
     form.Image1().setPicture(*pasted);
-    saveQuietly(form.Image1().picture(), WorkingFile::Picture);
+    if (!saveAs(WorkingFile::Picture, form.Image1().picture())) {
+        return;
+    }
     const QString path = workingFile(WorkingFile::Picture);
     form.setXiala(path);
     if (const auto picture = platform::loadPicture(path)) {

@@ -13,7 +13,7 @@ void copyPicture(core::MainWindow& form);
 void cutPicture(core::MainWindow& form);
 
 // Shows the bitmap on the clipboard, by way of a working file whose path the file name field gets.
-// Does nothing when the clipboard holds no bitmap.
+// Does nothing when the clipboard holds no bitmap, and shows nothing without that file.
 void pastePicture(core::MainWindow& form);
 
 } // namespace editing

@@ -18,10 +18,11 @@ namespace {
 const QString kEditorProgram = QStringLiteral("Tesselia.exe");
 const QString kFilterKey = QStringLiteral("Filter");
 
-void savePictureInHand(core::MainWindow& form)
+// No program starts where this fails: it would find another picture.
+bool savePictureInHand(core::MainWindow& form)
 {
     form.Image1().setPicture(form.viewer().Picture());
-    saveQuietly(form.Image1().picture(), WorkingFile::Picture);
+    return saveAs(WorkingFile::Picture, form.Image1().picture());
 }
 
 } // namespace
@@ -47,9 +48,10 @@ void startSeparateEditor(core::MainWindow& form)
         return;
     }
     const platform::PointerGuard hourglass;
-    savePictureInHand(form);
-    // A missing program is passed over in silence.
-    platform::desktop().startProgram(platform::appFile(kEditorProgram), {});
+    if (savePictureInHand(form)) {
+        // A missing program is passed over in silence.
+        platform::desktop().startProgram(platform::appFile(kEditorProgram), {});
+    }
 }
 
 void startListedEditor(core::MainWindow& form, int place)
@@ -59,7 +61,9 @@ void startListedEditor(core::MainWindow& form, int place)
         return;
     }
     const platform::PointerGuard hourglass;
-    savePictureInHand(form);
+    if (!savePictureInHand(form)) {
+        return;
+    }
     const std::vector<files::NamedPath> editors = files::readNamed(files::kEditors, *config);
     const auto entry = static_cast<std::size_t>(place - 1);
     if (place < 1 || entry >= editors.size() || editors[entry].path.isEmpty()) {

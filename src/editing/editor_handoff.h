@@ -14,7 +14,7 @@ namespace editing {
 void runFilter(core::MainWindow& form, FilterMenu menu, int index);
 
 // Saves the viewer's picture as the working file that the separate editor reads, and starts that
-// program. Nothing waits for it, and nothing comes back by itself.
+// program. Nothing waits for it, and nothing comes back by itself. Without the file nothing starts.
 void startSeparateEditor(core::MainWindow& form);
 
 // The same with the program at a place (from 1) of the user's list of editors, which gets the path

@@ -8,6 +8,7 @@
 #include "editing/picture_test.h"
 #include "editing/working_files.h"
 #include "platform/dialogs.h"
+#include "platform/files.h"
 #include "platform/picture_box.h"
 #include "platform/picture_loader.h"
 #include "platform/picture_saver.h"
@@ -41,6 +42,15 @@ void saveJpeg(core::MainWindow&, const QString& path)
     }
 }
 
+// Without the file the dialog works from the picture in hand; only an older file that can't be
+// removed either would be taken for it.
+bool isReadyForDialog(const platform::Picture& picture)
+{
+    const QString path = workingFile(WorkingFile::Save);
+    return saveAs(WorkingFile::Save, picture) || platform::removeFile(path) ||
+           !platform::isRegularFile(path);
+}
+
 } // namespace
 
 void save(core::MainWindow& form, SaveSource source)
@@ -50,9 +60,9 @@ void save(core::MainWindow& form, SaveSource source)
     }
     platform::PictureBox& box = form.Image1();
     box.setPicture(form.viewer().Picture());
-    saveQuietly(source == SaveSource::Picture ? box.picture() : box.drawnImage(),
-                WorkingFile::Save);
-    form.SaveGIF();
+    if (isReadyForDialog(source == SaveSource::Picture ? box.picture() : box.drawnImage())) {
+        form.SaveGIF();
+    }
 }
 
 void saveByDialog(core::MainWindow& form)

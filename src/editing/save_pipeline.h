@@ -10,6 +10,7 @@ namespace editing {
 enum class SaveSource { Picture, DrawnImage };
 
 // Save and Save as: puts the viewer's picture into the save's working file and asks Form1 to go on.
+// Goes no further where that file can only be had with an older picture.
 void save(core::MainWindow& form, SaveSource source);
 
 // The save step for all formats: asks for a name and writes there what the working file holds, as

@@ -36,15 +36,16 @@ QString workingFile(WorkingFile file)
     return platform::appFile(QString::fromLatin1(nameOf(file)));
 }
 
-void saveQuietly(const platform::Picture& picture, WorkingFile file)
+bool saveAs(WorkingFile file, const platform::Picture& picture)
 {
-    static_cast<void>(platform::savePicture(picture, workingFile(file)));
+    return platform::savePicture(picture, workingFile(file));
 }
 
 void keepBeforeEdit(core::MainWindow& form)
 {
     form.Image1().setPicture(form.viewer().Picture());
-    saveQuietly(form.Image1().picture(), WorkingFile::BeforeEdit);
+    // An edit goes on without its undo.
+    static_cast<void>(saveAs(WorkingFile::BeforeEdit, form.Image1().picture()));
 }
 
 void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& box)

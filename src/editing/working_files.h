@@ -25,8 +25,9 @@ enum class WorkingFile {
 
 [[nodiscard]] QString workingFile(WorkingFile file);
 
-// Saves a picture where nobody is told of a failure: the file then is what it was before.
-void saveQuietly(const platform::Picture& picture, WorkingFile file);
+// Saves a picture as a working file. False when it couldn't be written: the file then is what it
+// was before, another picture perhaps, and mustn't be taken for this one.
+[[nodiscard]] bool saveAs(WorkingFile file, const platform::Picture& picture);
 
 // Keeps the viewer's picture as the state that Undo goes back to; Image1 holds it afterwards. A
 // file that can't be written leaves the state that was kept before.
