@@ -2,6 +2,10 @@
 
 #include "editing/edit_fixture.h"
 #include "platform/clipboard.h"
+#include "support/full_disk.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
 
 using test::expectPixels;
 using test::numbered;
@@ -73,5 +77,34 @@ TEST_F(ClipboardCommands, PasteNothingThatIsNoPicture)
     EXPECT_TRUE(form.Xiala().isEmpty());
     EXPECT_FALSE(core::state().PictureChanged);
     EXPECT_FALSE(exists("temp.bmp"));
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(ClipboardCommands, PasteNothingThatIsTooLarge)
+{
+    // Black and white takes little here, but its picture would take four bytes a pixel.
+    QImage huge(30000, 30000, QImage::Format_Mono);
+    huge.fill(0);
+    QGuiApplication::clipboard()->setImage(huge);
+    editing::pastePicture(form);
+    EXPECT_TRUE(form.log.isEmpty());
+    EXPECT_FALSE(core::state().PictureChanged);
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(ClipboardCommands, NeverPasteAnEarlierPicture)
+{
+    platform::setClipboardPicture(platform::Picture(numbered(20, 10)));
+    editing::pastePicture(form);
+    form.log.clear();
+    form.setXiala("before");
+    platform::setClipboardPicture(platform::Picture(numbered(30, 30)));
+    {
+        const support::FullDisk disk(60);
+        editing::pastePicture(form);
+    }
+    EXPECT_TRUE(form.log.isEmpty());
+    EXPECT_EQ(form.Xiala(), "before");
+    expectPixels(shown(), numbered(20, 10));
     EXPECT_TRUE(dialogs.boxes.empty());
 }

@@ -2,6 +2,10 @@
 
 #include "editing/edit_fixture.h"
 #include "files/text_list.h"
+#include "platform/qt_desktop.h"
+#include "support/full_disk.h"
+
+#include <sys/stat.h>
 
 using editing::FilterMenu;
 using test::numbered;
@@ -103,6 +107,46 @@ TEST_F(EditorHandoff, PassesOverAMissingProgram)
     editing::startSeparateEditor(form);
     EXPECT_TRUE(dialogs.boxes.empty());
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(EditorHandoff, StartsNothingThatWouldFindAnotherPicture)
+{
+    showInViewer(numbered(20, 10));
+    editing::startSeparateEditor(form);
+    files::addNamed(files::kEditors, {"One", "/usr/bin/one"}, config);
+    desktop.started.clear();
+    showInViewer(numbered(30, 30));
+    {
+        const support::FullDisk disk(60);
+        editing::startSeparateEditor(form);
+        editing::startListedEditor(form, 1);
+        editing::runFilter(form, FilterMenu::Filters, 3);
+    }
+    EXPECT_TRUE(desktop.started.empty());
+    expectFile("temp.bmp", numbered(20, 10));
+    EXPECT_EQ(config.values["Filter"], "2");
+    EXPECT_TRUE(dialogs.boxes.empty());
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(EditorHandoff, PassesOverProgramsThatDontRun)
+{
+    platform::QtDesktop real;
+    const platform::ScopedDesktop scoped(real);
+    showInViewer(numbered(20, 10));
+    tree.add({"app/text", "no program"});
+    tree.add({"app/quick", "#!/bin/sh\nexit 3\n"});
+    ::chmod(tree.native("app/quick").c_str(), 0755);
+    for (const char* const name : {"none", "text", "quick", ""}) {
+        files::addNamed(files::kEditors, {"Editor", tree.path("app/" + std::string(name))}, config);
+    }
+    for (int place = 1; place <= 4; ++place) {
+        editing::startListedEditor(form, place);
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default) << place;
+    }
+    editing::startSeparateEditor(form);
+    EXPECT_TRUE(dialogs.boxes.empty());
+    expectFile("temp.bmp", numbered(20, 10));
 }
 
 TEST_F(EditorHandoff, StartsTheListedProgramWithThePictureSaved)

@@ -139,6 +139,45 @@ TEST_F(ScaleWindow, StaysOpenForAFieldWithoutASize)
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
+TEST_F(ScaleWindow, StaysOpenForASizeBeyondAllMemory)
+{
+    open(100, 50);
+    for (const char* text : {"40000", "65536", "2147483647"}) {
+        width()->setText(text);
+        press("cmdOk");
+        expectNothingHappened(QSize(100, 50));
+    }
+    control<QCheckBox>("chkKeepProportions")->setChecked(false);
+    width()->setText("40000");
+    height()->setText("40000");
+    press("cmdOk");
+    expectNothingHappened(QSize(100, 50));
+    EXPECT_TRUE(dialogs.boxes.empty());
+    height()->setText("3");
+    press("cmdOk");
+    EXPECT_EQ(shown().size(), QSize(40000, 3));
+    EXPECT_FALSE(isOpen());
+}
+
+TEST_F(ScaleWindow, ScalesPicturesOfOnePixel)
+{
+    open(1, 1);
+    width()->setText("7");
+    EXPECT_EQ(height()->text(), "7");
+    press("cmdOk");
+    test::expectPixels(shown(), test::filled(7, 7, numbered(1, 1).pixel(0, 0)));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    open(300, 2);
+    width()->setText("1");
+    EXPECT_EQ(height()->text(), "0");
+    press("cmdOk");
+    EXPECT_TRUE(isOpen());
+    height()->setText("1");
+    EXPECT_EQ(width()->text(), "150");
+    press("cmdOk");
+    EXPECT_EQ(shown().size(), QSize(150, 1));
+}
+
 TEST_F(ScaleWindow, CountsAsCancelledUnlessItScales)
 {
     open(100, 50);

@@ -12,9 +12,12 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QUrl>
+#include <cerrno>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using platform::QtDesktop;
 using support::TempTree;
@@ -122,6 +125,19 @@ TEST(Desktop, StartsNothingThatIsNoProgram)
         EXPECT_FALSE(desktop.startProgram(tree.path(name), {})) << name;
     }
     EXPECT_FALSE(desktop.startProgram("", {}));
+}
+
+TEST(Desktop, StartsAProgramThatEndsAtOnce)
+{
+    const TempTree tree;
+    addProgram(tree, "quick", "exit 3\n");
+    QtDesktop desktop;
+    for (int i = 0; i < 20; ++i) {
+        EXPECT_TRUE(desktop.startProgram(tree.path("quick"), {}));
+    }
+    // None of them is left for this process to look after.
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
 }
 
 TEST(Properties, TellTheFactsOfAFile)
