@@ -3,23 +3,40 @@
 #include "shell/command_table.h"
 
 #include <QAction>
+#include <QChildEvent>
 #include <QMenuBar>
 
 namespace shell {
 
 namespace {
 
-// Background of the bar and of all menus, whatever theme the desktop has.
-constexpr QRgb kMenuBackground = 0xFFE0E0E0;
-constexpr QRgb kMenuText = 0xFF000000;
-constexpr QRgb kDisabledText = 0xFF808080;
-constexpr QRgb kChosenBackground = 0xFF2F6FB3;
-constexpr QRgb kChosenText = 0xFFFFFFFF;
-
 QString keyOf(const QString& array, int index)
 {
     return index == kNoIndex ? array : array + QLatin1Char('_') + QString::number(index);
 }
+
+// The bar makes a menu of its own for the entries that a narrow window has no room for.
+class MenuBar : public QMenuBar {
+public:
+    MenuBar(QWidget& owner, MenuStyle& style)
+        : QMenuBar(&owner)
+        , m_style(style)
+    {
+    }
+
+protected:
+    void childEvent(QChildEvent* event) override
+    {
+        QMenuBar::childEvent(event);
+        auto* menu = qobject_cast<QMenu*>(event->child());
+        if (event->polished() && menu != nullptr) {
+            m_style.applyTo(*menu);
+        }
+    }
+
+private:
+    MenuStyle& m_style;
+};
 
 // The key is shown beside the caption only: keys belong to the viewer, and one that were a shortcut
 // of the entry would act while a menu is open.
@@ -29,34 +46,15 @@ QString withKey(const QString& caption, const char* keyText)
                               : caption + QLatin1Char('\t') + QString::fromLatin1(keyText);
 }
 
-QPalette menuPalette(QPalette palette)
-{
-    for (const QPalette::ColorGroup group :
-         {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        const QRgb text = group == QPalette::Disabled ? kDisabledText : kMenuText;
-        for (const QPalette::ColorRole role :
-             {QPalette::Window, QPalette::Base, QPalette::Button}) {
-            palette.setColor(group, role, QColor(kMenuBackground));
-        }
-        for (const QPalette::ColorRole role :
-             {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-            palette.setColor(group, role, QColor(text));
-        }
-        palette.setColor(group, QPalette::Highlight, QColor(kChosenBackground));
-        palette.setColor(group, QPalette::HighlightedText, QColor(kChosenText));
-    }
-    return palette;
-}
-
 } // namespace
 
 Menus::Menus(QWidget& owner, Trigger trigger)
-    : m_bar(new QMenuBar(&owner))
+    : m_bar(new MenuBar(owner, m_style))
 {
     m_bar->setNativeMenuBar(false);
     m_bar->setObjectName(QString::fromLatin1(kMenuBar));
     m_bar->setAccessibleName(QStringLiteral("Menu"));
-    colour(m_bar);
+    m_style.applyTo(*m_bar);
     for (const MenuRow& row : menuRows()) {
         const QString menuName = QString::fromLatin1(row.menu);
         const QString caption = QString::fromLatin1(row.caption);
@@ -127,15 +125,9 @@ QMenu* Menus::makeMenu(QWidget& owner, const QString& name)
         menu = new QMenu(&owner);
         menu->setObjectName(QStringLiteral("menu_") + name);
         menu->setAccessibleName(name);
-        colour(menu);
+        m_style.applyTo(*menu);
     }
     return menu;
-}
-
-void Menus::colour(QWidget* widget) const
-{
-    widget->setPalette(menuPalette(widget->palette()));
-    widget->setAutoFillBackground(true);
 }
 
 } // namespace shell

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/menu_style.h"
+
 #include <QHash>
 #include <QMenu>
 #include <QString>
@@ -36,8 +38,8 @@ public:
 
 private:
     QMenu* makeMenu(QWidget& owner, const QString& name);
-    void colour(QWidget* widget) const;
 
+    MenuStyle m_style;
     QMenuBar* m_bar = nullptr;
     QHash<QString, QMenu*> m_menus;
     QHash<QString, QAction*> m_entries;
