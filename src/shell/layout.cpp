@@ -10,6 +10,7 @@ constexpr int kPaneBelowViewerTop = 640; // caption and menu of the main window
 constexpr int kPanViewFromRight = 3600;
 constexpr int kPanViewBelowTop = 50;
 constexpr int kPanViewSide = 3500;
+constexpr int kZoomToolFromEdge = 480;
 
 int viewerTop(const WindowMeasures& measures)
 {
@@ -52,6 +53,12 @@ Extent panViewPlace(int formWidth, int viewerTopTwips)
 {
     return {formWidth - kPanViewFromRight, viewerTopTwips + kPanViewBelowTop, kPanViewSide,
             kPanViewSide};
+}
+
+Extent zoomToolPlace(const Extent& viewer, int width, int height)
+{
+    return {viewer.left + viewer.width - width - kZoomToolFromEdge,
+            viewer.top + viewer.height - height - kZoomToolFromEdge, width, height};
 }
 
 } // namespace shell

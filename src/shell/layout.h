@@ -46,4 +46,8 @@ Extent pictureLayoutOnResize(const WindowMeasures& measures, const Extent& viewe
 // Place of the pan view when it is switched on: in the upper right corner, a square.
 Extent panViewPlace(int formWidth, int viewerTop);
 
+// First place of the zoom tool, whose size is given: over the viewer's lower right corner, clear of
+// the scroll bars.
+Extent zoomToolPlace(const Extent& viewer, int width, int height);
+
 } // namespace shell

@@ -155,7 +155,7 @@ private:
     void resizeForm();
     void placeParts();
     void placeStrips();
-    void placeAvi();
+    void placeZoomTool();
     [[nodiscard]] shell::WindowMeasures measures() const;
     void openRightMenu();
     void checkOnly(const QString& array, int index);

@@ -70,8 +70,8 @@ void Form1::OCbrowse()
 void Form1::Smallfrm()
 {
     if (!isChecked("optView", 11)) {
-        const shell::Extent place =
-            shell::panViewPlace(base::twipsFromPixels(m_client->width()), m_viewerExtent.top);
+        const int viewerTop = m_viewerExtent.top + base::twipsFromPixels(m_client->y());
+        const shell::Extent place = shell::panViewPlace(base::twipsFromPixels(width()), viewerTop);
         m_viewer->PanViewShow(place.left, place.top, place.width, place.height, true);
         m_viewer->PanViewRefresh();
         setChecks("optView", 11, "CmdRight", 10, true);
@@ -108,12 +108,27 @@ void Form1::fastZoomshow()
 {
     const bool on = !isChecked("optView", 15);
     if (on) {
+        placeZoomTool();
         core::windows().show(kZoomToolName);
     } else {
         core::windows().hide(kZoomToolName);
     }
     setChecks("optView", 15, "CmdRightView", 8, on);
     writeKey("fastZoomshow", on ? kOn : kOff);
+}
+
+// Once only: after that the tool stays where the user drags it.
+void Form1::placeZoomTool()
+{
+    QWidget* const tool = core::windows().load(kZoomToolName);
+    if (tool == nullptr || tool->testAttribute(Qt::WA_Moved)) {
+        return;
+    }
+    const shell::Extent place =
+        shell::zoomToolPlace(m_viewerExtent, base::twipsFromPixels(tool->width()),
+                             base::twipsFromPixels(tool->height()));
+    tool->move(m_client->mapToGlobal(
+        QPoint(base::pixelsFromTwips(place.left), base::pixelsFromTwips(place.top))));
 }
 
 void Form1::zoomToolClosed()

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int kBorder = 1;
 constexpr QSize kFirstSize(200, 150);
-constexpr QColor kBorderColour(0x4A, 0x52, 0x5C);
-constexpr QColor kClientColour(0xF0, 0xF1, 0xF3);
+constexpr QColor kBorderColour(0x8A, 0x92, 0x9C);
+constexpr QColor kClientColour(0x3A, 0x3F, 0x46);
 constexpr QColor kClipColour(0xE8, 0x2C, 0x2C);
 
 // A red line with a white one inside it stands out on light and dark pictures alike.

@@ -3,15 +3,14 @@
 #include "base/numbers.h"
 #include "core/interfaces.h"
 #include "core/services.h"
-#include "core/window_registry.h"
 #include "widgets/title_strip.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -20,20 +19,16 @@ constexpr int kLargestZoom = 15;
 
 } // namespace
 
-fastZoom::fastZoom(QWidget* owner)
-    : QWidget(owner, Qt::Tool | Qt::FramelessWindowHint)
+fastZoom::fastZoom()
+    : StripWindow(tr("Zoom"), Qt::Tool)
 {
     setObjectName("fastZoom");
-    setWindowTitle(tr("Zoom"));
     makeParts();
-    Picture2->applyLook();
     setFixedSize(kWidth, sizeHint().height());
 }
 
 void fastZoom::makeParts()
 {
-    Picture2 = new widgets::TitleStrip(this);
-    Picture2->setCaption(tr("Zoom"));
     lblZoom2 = new QLabel(this);
     lblZoom2->setObjectName("lblZoom2");
     lblZoom2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -47,17 +42,11 @@ void fastZoom::makeParts()
     scrZoom2->setTickInterval(1);
 
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(10, 8, 10, 8);
     row->addWidget(scrZoom2, 1);
     row->addWidget(lblZoom2);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(1, 1, 1, 1);
-    column->setSpacing(0);
-    column->addWidget(Picture2);
-    column->addLayout(row);
+    content().addLayout(row);
 
     connect(scrZoom2, &QSlider::valueChanged, this, &fastZoom::applyZoom);
-    connect(Picture2, &widgets::TitleStrip::closeRequested, this, &fastZoom::closeByBox);
 }
 
 bool fastZoom::event(QEvent* event)
@@ -65,15 +54,22 @@ bool fastZoom::event(QEvent* event)
     if (event->type() == QEvent::WindowActivate) {
         readZoom();
     }
-    return QWidget::event(event);
+    return StripWindow::event(event);
 }
 
-// A line around the window, which has no frame and lies over pictures of any colour.
-void fastZoom::paintEvent(QPaintEvent* /*event*/)
+void fastZoom::showEvent(QShowEvent* event)
 {
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    strip().applyLook();
+    StripWindow::showEvent(event);
+}
+
+void fastZoom::closeEvent(QCloseEvent* event)
+{
+    if (core::MainWindow* mainWindow = core::services().mainWindow) {
+        mainWindow->zoomToolClosed();
+    }
+    strip().clearPicture();
+    StripWindow::closeEvent(event);
 }
 
 // The panel holds blanks before the number; before the first zoom it is empty.
@@ -95,13 +91,4 @@ void fastZoom::applyZoom(int factor)
     if (core::MainWindow* mainWindow = core::services().mainWindow) {
         mainWindow->viewer().setZoomFactor(factor);
     }
-}
-
-void fastZoom::closeByBox()
-{
-    if (core::MainWindow* mainWindow = core::services().mainWindow) {
-        mainWindow->zoomToolClosed();
-    }
-    Picture2->clearPicture();
-    core::windows().unload(objectName());
 }

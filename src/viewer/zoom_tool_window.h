@@ -1,34 +1,28 @@
 #pragma once
 
-#include <QWidget>
+#include "widgets/strip_window.h"
 
 class QLabel;
 class QSlider;
 
-namespace widgets {
-class TitleStrip;
-}
-
 // The small window that sets the viewer's zoom. It finds the viewer and the status bar through the
 // main window of core::services().
-class fastZoom : public QWidget {
+class fastZoom : public widgets::StripWindow {
     Q_OBJECT
 
 public:
-    // The owner is the window that it stays above.
-    explicit fastZoom(QWidget* owner = nullptr);
+    fastZoom();
 
 protected:
     bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void makeParts();
     void readZoom();
     void applyZoom(int factor);
-    void closeByBox();
 
-    widgets::TitleStrip* Picture2 = nullptr; // children
-    QLabel* lblZoom2 = nullptr;
+    QLabel* lblZoom2 = nullptr; // children
     QSlider* scrZoom2 = nullptr;
 };

@@ -58,3 +58,9 @@ TEST(Layout, PutsThePanViewIntoTheUpperRightCorner)
 {
     EXPECT_EQ(shell::panViewPlace(19200, 540), (shell::Extent{15600, 590, 3500, 3500}));
 }
+
+TEST(Layout, PutsTheZoomToolOverTheViewersLowerRightCorner)
+{
+    const shell::Extent viewer{4720, 540, 14480, 10100};
+    EXPECT_EQ(shell::zoomToolPlace(viewer, 3900, 900), (shell::Extent{14820, 9260, 3900, 900}));
+}
