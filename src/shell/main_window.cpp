@@ -165,8 +165,8 @@ void Form1::connectViewer()
 
 void Form1::connectColourMenu()
 {
-    // Opening the submenu keeps the picture for Undo, as every entry of the Image menu does first. A
-    // box can't open over an open menu, so it waits until that has gone.
+    // Opening the submenu keeps the picture for Undo, as every entry of the Image menu does first.
+    // A box can't open over an open menu, so it waits until that has gone.
     const QMenu* menu = m_menus->menu(QStringLiteral("optColor"));
     connect(menu, &QMenu::aboutToShow, this, [this] {
         if (m_viewer->PictureExists()) {

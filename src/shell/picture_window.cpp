@@ -15,40 +15,55 @@ namespace shell {
 
 namespace {
 
-constexpr QSize kSize{480, 280};
-constexpr QRgb kPlainBackground = 0xFF20303F;
+constexpr QSize kWelcomeSize{480, 280};
+constexpr int kAboutWidth = 480;
+constexpr QRgb kPlainBackground = 0xFF131E4A; // the foot of the pictures
 constexpr int kMargin = 24;
+constexpr int kAboutSpacing = 8;
+
+constexpr int kNameSize = 26; // points
+constexpr int kTextSize = 11;
+constexpr int kSmallSize = 9;
 
 const QString kVersionText = QStringLiteral("Version 0.1.0");
 
-QLabel* addText(QWidget* window, QVBoxLayout* column, const QString& text, int pointSize, bool bold)
+void moveToMiddle(QWidget& window, const QRect& area)
 {
-    auto* label = new QLabel(text, window);
-    QFont font = label->font();
-    font.setPointSize(pointSize);
-    font.setBold(bold);
-    label->setFont(font);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, Qt::white);
-    label->setPalette(palette);
-    column->addWidget(label);
-    return label;
+    window.move(area.center() - window.rect().center());
 }
 
 } // namespace
 
 PictureWindow::PictureWindow(const QString& name, const QString& picture, Qt::WindowFlags flags)
     : QWidget(nullptr, flags)
+    , m_column(new QVBoxLayout(this))
 {
     setObjectName(name);
     setWindowTitle(core::kProgramName);
     setAccessibleName(core::kProgramName);
     m_picture = widgets::ScaledPicture::fromFile(
         platform::appFile(QStringLiteral("Images/%1.png").arg(picture)));
-    setFixedSize(kSize);
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        move(screen->availableGeometry().center() - rect().center());
+    m_column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    if (m_picture.isNull()) {
+        addLine(core::kProgramName, kNameSize);
     }
+}
+
+void PictureWindow::addLine(const QString& text, int pointSize)
+{
+    auto* label = new QLabel(text, this);
+    QFont font = label->font();
+    font.setPointSize(pointSize);
+    label->setFont(font);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, Qt::white);
+    label->setPalette(palette);
+    m_column->addWidget(label);
+}
+
+int PictureWindow::pictureHeight() const
+{
+    return m_picture.isNull() ? 0 : m_picture.size().height();
 }
 
 void PictureWindow::paintEvent(QPaintEvent* /*event*/)
@@ -64,11 +79,12 @@ QWidget* makeWelcomeWindow()
 {
     auto* window = new PictureWindow(QStringLiteral("frmWelcome"), QStringLiteral("splash"),
                                      Qt::SplashScreen | Qt::FramelessWindowHint);
-    auto* column = new QVBoxLayout(window);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    column->addStretch();
-    addText(window, column, core::kProgramName, 26, true);
-    addText(window, column, QStringLiteral("Pictures, folder by folder"), 11, false);
+    window->column().addStretch();
+    window->addLine(QStringLiteral("Pictures, folder by folder"), kTextSize);
+    window->setFixedSize(kWelcomeSize);
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        moveToMiddle(*window, screen->availableGeometry());
+    }
     return window;
 }
 
@@ -76,28 +92,27 @@ QWidget* makeAboutWindow(QWidget* parent)
 {
     auto* window = new PictureWindow(QStringLiteral("frmAbout"), QStringLiteral("about"),
                                      Qt::Dialog | Qt::FramelessWindowHint);
-    if (parent != nullptr) {
-        window->move(parent->mapToGlobal(parent->rect().center()) - window->rect().center());
-    }
-    auto* column = new QVBoxLayout(window);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    column->addStretch();
-    addText(window, column, core::kProgramName, 26, true);
-    addText(window, column, kVersionText, 11, false);
-    addText(window, column, QStringLiteral("A picture browser and viewer for one desktop"), 11,
-            false);
-    addText(
-        window, column,
-        QStringLiteral("Free software under the GNU General Public License, version 2 or later"), 9,
-        false);
+    QVBoxLayout& column = window->column();
+    column.setContentsMargins(kMargin, window->pictureHeight() + kMargin, kMargin, kMargin);
+    column.setSpacing(kAboutSpacing);
+    window->addLine(kVersionText, kTextSize);
+    window->addLine(QStringLiteral("A picture browser and viewer for one desktop"), kTextSize);
+    window->addLine(
+        QStringLiteral("Free software under the GNU General Public License, version 2 or later"),
+        kSmallSize);
     auto* close = new QPushButton(QStringLiteral("&Close"), window);
     close->setObjectName(QStringLiteral("cmdOk"));
     close->setAccessibleName(QStringLiteral("Close"));
-    column->addWidget(close, 0, Qt::AlignRight);
+    column.addSpacing(kAboutSpacing);
+    column.addWidget(close, 0, Qt::AlignRight);
     QObject::connect(close, &QPushButton::clicked, window, &QWidget::close);
     const auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), window);
     QObject::connect(escape, &QShortcut::activated, window, &QWidget::close);
     close->setFocus();
+    window->setFixedSize(kAboutWidth, column.sizeHint().height());
+    if (parent != nullptr) {
+        moveToMiddle(*window, QRect(parent->mapToGlobal(QPoint()), parent->size()));
+    }
     return window;
 }
 

@@ -5,26 +5,35 @@
 #include <QString>
 #include <QWidget>
 
+class QVBoxLayout;
+
 namespace shell {
 
-// A window that is mostly one picture with a few lines of text over it: the start-up window
-// frmWelcome and the about window frmAbout.
+// A window without frame that is mostly one picture, which holds the program's name, with a few
+// lines of text over or under it: the start-up window frmWelcome and the about window frmAbout.
 class PictureWindow : public QWidget {
 public:
-    // The picture is looked for under Images; without it a plain background shows the same texts.
+    // The picture is looked for under Images; without it the name stands as text over a plain
+    // background.
     PictureWindow(const QString& name, const QString& picture, Qt::WindowFlags flags);
+
+    void addLine(const QString& text, int pointSize);
+    [[nodiscard]] QVBoxLayout& column() { return *m_column; }
+    // The height of the picture, 0 without one.
+    [[nodiscard]] int pictureHeight() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QVBoxLayout* m_column = nullptr;
     widgets::ScaledPicture m_picture;
 };
 
 // Shown while the program starts.
 QWidget* makeWelcomeWindow();
 
-// Name, version, licence; closes by its button, Esc or a click.
+// Name, version, licence; closes by its button or Esc.
 QWidget* makeAboutWindow(QWidget* parent);
 
 } // namespace shell

@@ -27,6 +27,9 @@ constexpr std::array<PanelShape, 8> kShapes{{
     {"File size", "1023.99 Kb       ", 0},
 }};
 
+constexpr int kSeparatorGap = 6;   // between a separator and the panels beside it, pixels
+constexpr int kSeparatorInset = 5; // from the bar's edges
+
 QColor qtColour(base::Colour colour)
 {
     const base::Colour value = base::translated(colour);
@@ -41,7 +44,7 @@ PanelBar::PanelBar(QWidget* parent)
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(6, 0, 6, 0);
-    row->setSpacing(0);
+    row->setSpacing(2 * kSeparatorGap);
     for (std::size_t i = 0; i < kShapes.size(); ++i) {
         auto* label = new QLabel(this);
         label->setTextFormat(Qt::PlainText);
@@ -57,6 +60,24 @@ PanelBar::PanelBar(QWidget* parent)
         label->setVisible(!unused);
         row->addWidget(label, kShapes[i].stretch);
         m_labels[i] = label;
+    }
+}
+
+// A line before each panel but the first.
+void PanelBar::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    bool first = true;
+    for (const QLabel* label : m_labels) {
+        if (label->isHidden()) {
+            continue;
+        }
+        if (!first) {
+            const int x = label->x() - kSeparatorGap;
+            painter.drawLine(x, kSeparatorInset, x, height() - kSeparatorInset - 1);
+        }
+        first = false;
     }
 }
 

@@ -19,6 +19,8 @@ public:
     [[nodiscard]] QString panel(core::Panel panel) const override;
 
 private:
+    void paintEvent(QPaintEvent* event) override;
+
     static constexpr int kPanels = 8;
     std::array<QLabel*, kPanels> m_labels{};
     std::array<QString, kPanels> m_texts;

@@ -7,7 +7,7 @@ namespace thumbs {
 
 inline constexpr int kPaneMinimumWidth = 2000;
 inline constexpr int kPaneMaximumWidth = 9070;
-inline constexpr int kPaneDefaultWidth = 5250; // holds the largest thumbnails
+inline constexpr int kPaneDefaultWidth = 5760; // three columns of the size delivered
 
 inline constexpr int kTreeMinimumHeight = 100;
 inline constexpr int kSplitterMaximumTop = 2500;
