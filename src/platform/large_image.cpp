@@ -1,14 +1,27 @@
 #include "platform/large_image.h"
 
-#include <cstdlib>
-#include <sys/mman.h>
+#include "platform/spare_blocks.h"
+
+#include <memory>
 
 namespace platform {
 
 namespace {
 
-constexpr std::size_t kLargePage = std::size_t{2} << 20U;
-constexpr std::size_t kWorthwhile = 2 * kLargePage;
+constexpr std::size_t kWorthwhile = 2 * SpareBlocks::kLargePage;
+
+// Never destroyed, because images may outlive everything else.
+SpareBlocks& spareBlocks()
+{
+    static SpareBlocks* const blocks = std::make_unique<SpareBlocks>().release();
+    return *blocks;
+}
+
+void giveBack(void* block)
+{
+    const std::unique_ptr<SpareBlocks::Block> owned(static_cast<SpareBlocks::Block*>(block));
+    spareBlocks().give(*owned);
+}
 
 } // namespace
 
@@ -22,15 +35,14 @@ QImage unsetImage(QSize size, QImage::Format format)
     if (bytes < kWorthwhile) {
         return QImage(size, format);
     }
-    const std::size_t wholePages = (bytes + kLargePage - 1) / kLargePage * kLargePage;
-    void* memory = std::aligned_alloc(kLargePage, wholePages);
-    if (memory == nullptr) {
+    const SpareBlocks::Block block = spareBlocks().take(bytes);
+    if (block.memory == nullptr) {
         return {};
     }
-    // Only a hint: without large pages the memory is as good as any.
-    ::madvise(memory, wholePages, MADV_HUGEPAGE);
-    return QImage(static_cast<uchar*>(memory), size.width(), size.height(),
-                  static_cast<qsizetype>(bytesPerLine), format, std::free, memory);
+    // The image owns it and hands it to giveBack() at its end.
+    auto owned = std::make_unique<SpareBlocks::Block>(block);
+    return QImage(static_cast<uchar*>(block.memory), size.width(), size.height(),
+                  static_cast<qsizetype>(bytesPerLine), format, giveBack, owned.release());
 }
 
 } // namespace platform
