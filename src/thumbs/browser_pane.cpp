@@ -48,6 +48,8 @@ frmThumbnaillist::frmThumbnaillist(QWidget* parent)
 {
     setObjectName("frmThumbnaillist");
     setAccessibleName(tr("Browser"));
+    // The viewer reaches in under the pane; what it repaints there is nothing to the pane.
+    setAttribute(Qt::WA_OpaquePaintEvent);
     m_files.setPattern(core::kPicturePattern);
     m_files.onPathChange([this] { File1_PathChange(); });
     makeParts();

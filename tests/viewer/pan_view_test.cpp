@@ -3,6 +3,8 @@
 
 #include <QKeyEvent>
 #include <QSignalSpy>
+#include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -99,6 +101,31 @@ TEST_F(PanView, KeepsItsMiniatureUntilThePictureChanges)
     EXPECT_EQ(shown().pixel(290, 160), qRgb(1, 2, 3));
     viewer.setPicture({});
     EXPECT_NE(shown().pixel(290, 160), qRgb(1, 2, 3));
+}
+
+TEST_F(PanView, KeepsItsMiniatureDuringADrag)
+{
+    constexpr int kSide = 600;
+    const QRgb before = qRgb(40, 80, 120);
+    const QRgb after = qRgb(200, 10, 60);
+    std::vector<QRgb> pixels(std::size_t(kSide) * kSide, before);
+    const QImage picture(reinterpret_cast<const uchar*>(pixels.data()), kSide, kSide,
+                         QImage::Format_RGB32);
+    viewer.setPicture(platform::Picture(picture));
+    showPanView();
+    viewer.Go(5);
+    ASSERT_EQ(shown().pixel(290, 290), before);
+    // Behind the viewer's back the pixels change: what it paints is new, what it kept is old.
+    std::fill(pixels.begin(), pixels.end(), after);
+    press(view(), at(20, 20));
+    for (int step = 1; step < 10; ++step) {
+        drag(view(), at(20 + step, 20 + step));
+        EXPECT_EQ(hSB()->value(), 2 * step);
+        EXPECT_EQ(iDst()->grab().toImage().pixel(100, 100), after);
+        EXPECT_EQ(shown().pixel(290, 290), before);
+    }
+    release(view(), at(30, 30));
+    EXPECT_EQ(shown().pixel(290, 290), before);
 }
 
 TEST_F(PanView, MarksTheVisiblePart)
