@@ -11,11 +11,6 @@ constexpr int kMargin = 4;
 constexpr int kBandGap = 8;
 constexpr int kLeastFieldWidth = 260;
 
-int hintWidth(const QWidget* widget)
-{
-    return widget->sizeHint().width();
-}
-
 } // namespace
 
 CoolBar::CoolBar(QWidget* parent)
@@ -50,45 +45,58 @@ void CoolBar::setReservedWidth(int width)
     m_reserved = width;
 }
 
+bool CoolBar::isShown(Band band) const
+{
+    return slot(band).content != nullptr && slot(band).visible;
+}
+
+int CoolBar::widthWithGap(Band band) const
+{
+    return isShown(band) ? slot(band).content->sizeHint().width() + kBandGap : 0;
+}
+
+void CoolBar::place(Band band, int x, int row, int width)
+{
+    QWidget* content = slot(band).content;
+    const int height = std::min(content->sizeHint().height(), kRowHeight - 2);
+    content->setGeometry(x, row * kRowHeight + (kRowHeight - height) / 2, std::max(width, 1),
+                         height);
+}
+
 void CoolBar::layOut(int totalWidth)
 {
-    const auto shown = [this](Band band) {
-        return slot(band).content != nullptr && slot(band).visible;
-    };
-    const int commands =
-        shown(Band::Commands) ? hintWidth(slot(Band::Commands).content) + kBandGap : 0;
-    const int keys = shown(Band::Keys) ? hintWidth(slot(Band::Keys).content) + kBandGap : 0;
-    const int room = totalWidth - 2 * kMargin - m_reserved - commands - keys;
-    const bool fieldBelow = shown(Band::FileName) && room < kLeastFieldWidth && commands + keys > 0;
+    const int commands = widthWithGap(Band::Commands);
+    const int keys = widthWithGap(Band::Keys);
+    const int wholeRow = totalWidth - 2 * kMargin;
+    const int firstRow = wholeRow - m_reserved;
+    const bool keysBelow = commands > 0 && keys > 0 && commands + keys - kBandGap > firstRow;
+    const int keysRow = keysBelow ? 1 : 0;
+    const int beforeField = keysBelow ? 0 : commands; // in the row of the keys
+    const int room = (keysBelow ? wholeRow : firstRow) - beforeField - keys;
+    const bool fieldShown = isShown(Band::FileName);
+    const bool fieldBelow = fieldShown && room < kLeastFieldWidth && beforeField + keys > 0;
+    const bool fieldBetween = fieldShown && !fieldBelow;
 
-    const auto place = [](QWidget* content, int x, int row, int width) {
-        const int height = std::min(content->sizeHint().height(), kRowHeight - 2);
-        content->setGeometry(x, row * kRowHeight + (kRowHeight - height) / 2, std::max(width, 1),
-                             height);
-    };
-    int x = kMargin;
-    if (shown(Band::Commands)) {
-        place(slot(Band::Commands).content, x, 0, commands - kBandGap);
-        x += commands;
+    if (isShown(Band::Commands)) {
+        place(Band::Commands, kMargin, 0, commands - kBandGap);
     }
-    if (shown(Band::FileName) && !fieldBelow) {
-        const int width = room - kBandGap;
-        place(slot(Band::FileName).content, x, 0, width);
-        x += width + kBandGap;
+    if (fieldBetween) {
+        place(Band::FileName, kMargin + beforeField, keysRow, room - kBandGap);
     }
-    if (shown(Band::Keys)) {
-        place(slot(Band::Keys).content, x, 0, keys - kBandGap);
+    if (isShown(Band::Keys)) {
+        const int x = kMargin + beforeField + (fieldBetween ? room : 0);
+        place(Band::Keys, x, keysRow, keys - kBandGap);
     }
     if (fieldBelow) {
-        place(slot(Band::FileName).content, kMargin, 1, totalWidth - 2 * kMargin);
+        place(Band::FileName, kMargin, keysRow + 1, wholeRow);
     }
     for (Slot& band : m_slots) {
         if (band.content != nullptr) {
             band.content->setVisible(band.visible);
         }
     }
-    const bool empty = commands == 0 && keys == 0 && !shown(Band::FileName);
-    const int newHeight = empty ? 0 : kRowHeight * (fieldBelow ? 2 : 1);
+    const bool empty = commands == 0 && keys == 0 && !fieldShown;
+    const int newHeight = empty ? 0 : kRowHeight * (1 + keysRow + (fieldBelow ? 1 : 0));
     const bool changed = newHeight != height();
     resize(totalWidth, newHeight);
     if (changed) {

@@ -7,7 +7,8 @@
 namespace shell {
 
 // CoolBar: three bands of tools over the work area. Bands stand in one row of 36 pixels while they
-// fit; the flexible one moves to a row of its own where they don't. A hidden band leaves no gap.
+// fit; where they don't, the flexible one moves to the next row, and in narrow windows the keys do
+// so too. A hidden band leaves no gap.
 class CoolBar : public QWidget {
     Q_OBJECT
 
@@ -43,6 +44,9 @@ private:
         return m_slots[static_cast<std::size_t>(band) - 1];
     }
     Slot& slot(Band band) { return m_slots[static_cast<std::size_t>(band) - 1]; }
+    [[nodiscard]] bool isShown(Band band) const;
+    [[nodiscard]] int widthWithGap(Band band) const;
+    void place(Band band, int x, int row, int width);
     void paintEvent(QPaintEvent* event) override;
 
     std::array<Slot, 3> m_slots;

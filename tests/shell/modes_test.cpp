@@ -8,6 +8,7 @@
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QMenuBar>
@@ -123,8 +124,11 @@ TEST_F(ModesTest, SwitchesThePanViewAndWritesTheKeyTheOtherWayRound)
         EXPECT_FALSE(isChecked(form, "optView", 11) || isChecked(form, "CmdRight", 10));
         EXPECT_EQ(program.stored("Panview"), QStringLiteral("1"));
         EXPECT_TRUE(form.cpvPicScroll1().PanViewVisible()); // hidden, but loaded
-        form.form1paint();
+        form.resize(1500, 850);
         EXPECT_FALSE(form.cpvPicScroll1().PanViewVisible());
+        form.Smallfrm();
+        form.resize(1600, 900);
+        EXPECT_TRUE(form.cpvPicScroll1().PanViewVisible());
     });
 }
 
@@ -145,6 +149,22 @@ TEST_F(ModesTest, SwitchesScrollBarsAndZoomTool)
         form.fastZoomshow();
         EXPECT_EQ(program.stored("fastZoomshow"), QStringLiteral("1"));
         EXPECT_FALSE(isChecked(form, "optView", 15));
+    });
+}
+
+TEST_F(ModesTest, LeavesTheKeyOfTheZoomToolWhenItsBoxClosesIt)
+{
+    program.run([this](Form1& form) {
+        form.fastZoomshow();
+        QWidget* tool = core::windows().find(QStringLiteral("fastZoom"));
+        ASSERT_NE(tool, nullptr);
+        tool->findChild<QAbstractButton*>(QStringLiteral("Max"))->click();
+        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("fastZoom")));
+        EXPECT_FALSE(isChecked(form, "optView", 15) || isChecked(form, "CmdRightView", 8));
+        EXPECT_EQ(program.stored("fastZoomshow"), QStringLiteral("0"));
+        form.fastZoomshow();
+        EXPECT_TRUE(core::windows().find(QStringLiteral("fastZoom"))->isVisible());
+        EXPECT_TRUE(isChecked(form, "optView", 15) && isChecked(form, "CmdRightView", 8));
     });
 }
 
@@ -214,7 +234,7 @@ TEST_F(ModesTest, HidesThePanViewWhileTheWindowIsMinimised)
 TEST_F(ModesTest, LaysOutThePaneWithTheToolbarOnlyWhileItIsShown)
 {
     program.run([this](Form1& form) {
-        useScreen(form, {900, 700}); // the file name has a row of its own
+        useScreen(form, {1100, 700}); // the file name has a row of its own
         core::BrowserPane* real = core::services().browserPane;
         CountingPane counting(*real);
         core::services().browserPane = &counting;
@@ -252,6 +272,10 @@ TEST_F(ModesTest, DoesntStayInTheNormalState)
         form.setWindowState(Qt::WindowMinimized);
         form.form1paint();
         EXPECT_TRUE(form.isMinimized());
+        form.overrideWindowState(Qt::WindowNoState);
+        form.resize(700, 500);
+        EXPECT_TRUE(form.isMaximized());
+        EXPECT_EQ(form.geometry(), QRect(0, 0, 1600, 900));
     });
 }
 
@@ -272,6 +296,22 @@ TEST_F(ModesTest, HidesAndShowsTheBandsOfTools)
         EXPECT_TRUE(commands->isVisible() && fileName->isVisible());
         EXPECT_TRUE(isChecked(form, "optTools", 4) && isChecked(form, "optTools", 5));
         EXPECT_EQ(fileName->x(), left);
+    });
+}
+
+TEST_F(ModesTest, MovesABandUpWhenTheOneAboveItHides)
+{
+    program.run([this](Form1& form) {
+        useScreen(form, {900, 700});
+        const QWidget* commands = form.findChild<QWidget*>(QStringLiteral("Band1"));
+        const QWidget* fileName = form.findChild<QWidget*>(QStringLiteral("Band2"));
+        const int below = fileName->y();
+        ASSERT_GT(below, commands->geometry().bottom());
+        RunningProgram::trigger(form, "optTools", 4);
+        EXPECT_LT(fileName->y(), below);
+        EXPECT_TRUE(fileName->isVisible());
+        RunningProgram::trigger(form, "optTools", 4);
+        EXPECT_EQ(fileName->y(), below);
     });
 }
 
