@@ -95,16 +95,18 @@ constexpr Told kTold[] = {
     {"optTools", 7, "&Folder Tools", false},
     {"optTools", 8, "-", false},
     {"optTools", 9, "Set &Wallpaper", false},
-    {"MnuThumbsize", 0, "10 x 10  pixels", false},
-    {"MnuThumbsize", 1, "20 x 30  pixels", false},
-    {"MnuThumbsize", 29, "300 x 300  pixels", false},
     {"ThumbnailColorPreset", 0, "Black", false},
     {"ThumbnailColorPreset", 1, "Antraciet", false},
+    {"ThumbnailColorPreset", 2, "Dark Gray", false},
+    {"ThumbnailColorPreset", 3, "Middle Gray", false},
+    {"ThumbnailColorPreset", 4, "Light Gray", false},
     {"ThumbnailColorPreset", 5, "White Gray", false},
     {"CmdWall", 0, "Centered", true},
     {"CmdWall", 1, "Titled", true},
     {"CmdWall", 2, "Stretch", true},
+    {"CmdWall2", 0, "Centered", true},
     {"CmdWall2", 1, "Titled", true},
+    {"CmdWall2", 2, "Stretch", true},
     {"CmdRight", 0, "Next Image", false},
     {"CmdRight", 1, "Previous Image", false},
     {"CmdRight", 2, "-", false},
@@ -130,13 +132,34 @@ constexpr Told kTold[] = {
     {"CmdRightEdit", 5, "Paste files", false},
     {"CmdRightEdit", 7, "Rename", true},
     {"optFilter", 0, "Definition...", false},
+    {"optFilter", 1, "Definition more...", false},
+    {"optFilter", 2, "-", false},
+    {"optFilter", 3, "Blur", false},
+    {"optFilter", 4, "Soften...", false},
+    {"optFilter", 5, "Sharpen...", false},
+    {"optFilter", 6, "Emboss...", false},
+    {"optFilter", 7, "Pencil Drawing...", false},
+    {"optFilter", 8, "Oil Paint...", false},
+    {"optFilter", 9, "Outline...", false},
+    {"optFilter", 10, "-", false},
+    {"optFilter", 11, "Diffuse", false},
     {"optFilter", 12, "Pixelaze", false},
+    {"optFilter", 13, "Scan Lines...", false},
+    {"optFilter", 14, "Sepia Drawing...", false},
     {"optFilter", 15, "Noise", false},
     {"optFilter", 16, "Negactive", false},
+    {"optFilter", 17, "Replace...", false},
     {"optFilter", 18, "-", false},
     {"optFilter", 19, "More...", false},
     {"optColor", 0, "Brightness...", false},
+    {"optColor", 1, "-", false},
+    {"optColor", 2, "Colorize...", false},
+    {"optColor", 3, "Contrast...", false},
+    {"optColor", 4, "-", false},
+    {"optColor", 5, "RGB Level...", false},
     {"optColor", 6, "Staturation...", false},
+    {"optImage", 1, "-", false},
+    {"optImage", 6, "-", false},
 };
 
 const shell::MenuRow* find(const char* array, int index)
@@ -174,6 +197,18 @@ TEST(CommandTable, CarriesTheCaptionsAndNeeds)
         EXPECT_STREQ(row->caption, told.caption) << told.array << ' ' << told.index;
         EXPECT_EQ(row->need == shell::Need::Picture, told.needsPicture)
             << told.array << ' ' << told.index;
+    }
+}
+
+TEST(CommandTable, TellsTheSizesOfTilesAndTheOneThatIsWrong)
+{
+    for (int i = 0; i < 30; ++i) {
+        const shell::MenuRow* row = find("MnuThumbsize", i);
+        ASSERT_NE(row, nullptr) << i;
+        const QString size = QString::number((i + 1) * 10);
+        const QString told = QStringLiteral("%1 x %2  pixels");
+        EXPECT_EQ(QString::fromLatin1(row->caption),
+                  told.arg(size, i == 1 ? QStringLiteral("30") : size));
     }
 }
 

@@ -413,6 +413,23 @@ TEST_F(CommandsTest, SetTheThumbnailsSizeAndKeepIt)
     });
 }
 
+TEST_F(CommandsTest, GiveEveryEntryOfSizesAndColoursItsOwn)
+{
+    program.run([this](Form1& form) {
+        const auto* tiles = form.findChild<ThumbNailList*>();
+        for (int i = 0; i < 30; ++i) {
+            RunningProgram::trigger(form, "MnuThumbsize", i);
+            EXPECT_EQ(tiles->ThumbNailSize(), (i + 1) * 10);
+            EXPECT_EQ(program.stored("BrowserSize"), QString::number((i + 1) * 10));
+        }
+        for (int i = 0; i < 6; ++i) {
+            RunningProgram::trigger(form, "ThumbnailColorPreset", i);
+            EXPECT_EQ(tiles->ThumbPageColorPresets(), i + 1);
+            EXPECT_EQ(program.stored("BrowserColor"), QString::number(i));
+        }
+    });
+}
+
 TEST_F(CommandsTest, SwitchTheirStateAsABlock)
 {
     program.run([](Form1& form) {
