@@ -1,17 +1,22 @@
 #include "thumbs/browser_pane.h"
 
+#include "base/twips.h"
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "gallery_fixture.h"
 #include "platform/folder_tree.h"
 #include "platform/pointer.h"
 #include "platform/registry.h"
+#include "thumbs/pane_layout.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/title_strip.h"
 
 #include <QSignalSpy>
 #include <QTest>
 #include <memory>
+
+constexpr int kWidth = base::pixelsFromTwips(thumbs::kPaneDefaultWidth);
+constexpr int kInner = kWidth - 5; // beside the grip
 
 // A pane in a main window, with a folder of pictures a to c and another one.
 class PaneTest : public testing::Test {
@@ -383,7 +388,7 @@ TEST_F(PaneTest, HostsTheFolderTree)
     poll.start(1);
     tree.open(m_pane->treeHost(), m_tree.path("pics"),
               [this](const QString& folder) { m_pane->treeSelected(folder); });
-    EXPECT_EQ(place, QRect(0, 0, 350 - 19, part("Dir1")->height() - 2));
+    EXPECT_EQ(place, QRect(0, 0, kWidth - 19, part("Dir1")->height() - 2));
     EXPECT_EQ(paths, (QStringList{m_tree.root()}));
     EXPECT_EQ(m_runs, 2);
 }
@@ -559,14 +564,14 @@ TEST_F(PaneTest, RefreshesWithFilesThatCameAndWent)
 TEST_F(PaneTest, LaysOutItsPartsBelowEachOther)
 {
     start();
-    EXPECT_EQ(m_pane->width(), 350);
+    EXPECT_EQ(m_pane->width(), kWidth);
     EXPECT_EQ(m_pane->height(), 800); // of the viewer
     const int title = part("Picture2")->height();
-    EXPECT_EQ(part("Dir1")->geometry(), QRect(0, title, 345, 166 - title));
-    EXPECT_EQ(part("Splitter")->geometry(), QRect(0, 166, 345, 5));
+    EXPECT_EQ(part("Dir1")->geometry(), QRect(0, title, kInner, 166 - title));
+    EXPECT_EQ(part("Splitter")->geometry(), QRect(0, 166, kInner, 5));
     EXPECT_EQ(part("Tbmiddle")->y(), 171);
     EXPECT_EQ(part("ThumbNailList1")->y(), 171 + part("Tbmiddle")->height());
-    EXPECT_EQ(part("ThumbNailList1")->width(), 345);
+    EXPECT_EQ(part("ThumbNailList1")->width(), kInner);
     EXPECT_GE(part("ThumbNailList1")->geometry().bottom(), 800 - 8);
     EXPECT_LT(m_pane->Tbmenub(8).geometry().right(), part("Tbmiddle")->width());
 }
@@ -629,7 +634,7 @@ TEST_F(PaneTest, DragsTheSplitterWithinItsLimits)
     QTest::mouseMove(splitter, {50, 2 - 60});
     EXPECT_EQ(splitter->pos(), QPoint(0, 106));
     QTest::mouseRelease(splitter, Qt::LeftButton, {}, {50, 2});
-    EXPECT_EQ(splitter->geometry(), QRect(0, 106, 345, 5));
+    EXPECT_EQ(splitter->geometry(), QRect(0, 106, kInner, 5));
     EXPECT_EQ(part("Dir1")->height(), 106 - title);
 
     QTest::mousePress(splitter, Qt::LeftButton, {}, {50, 2});
@@ -677,9 +682,9 @@ TEST_F(PaneTest, ChangesItsWidthAtItsEdge)
     QMouseEvent drag(QEvent::MouseMove, QPointF(82, 300), grip->mapToGlobal(QPointF(82, 300)),
                      Qt::NoButton, Qt::LeftButton, {});
     QCoreApplication::sendEvent(grip, &drag);
-    EXPECT_EQ(m_pane->width(), 430);
+    EXPECT_EQ(m_pane->width(), kWidth + 80);
     EXPECT_TRUE(m_main.log.contains("form1paint"));
-    EXPECT_EQ(m_pane->widthTwips(), 6450);
+    EXPECT_EQ(m_pane->widthTwips(), thumbs::kPaneDefaultWidth + 1200);
 }
 
 TEST_F(PaneTest, TakesTheLookOfTheSettingsWhenItLoads)
