@@ -102,7 +102,7 @@ TEST_F(WindowSizesTest, GiveThePictureMostOfTheHeight)
         const QRect viewer = placeIn(form, form.cpvPicScroll1());
         EXPECT_TRUE(form.rect().contains(viewer));
         EXPECT_GE(viewer.height() * 4, form.height() * 3 - 4 * 40);
-        EXPECT_GE(viewer.width() * 2, form.width() - 2 * 40);
+        EXPECT_GE(viewer.width() * 3, form.width());
         if (core::state().BrowserShown) {
             const QRect pane = placeIn(form, part(form, "frmThumbnaillist"));
             EXPECT_TRUE(form.rect().contains(pane));
