@@ -2,6 +2,7 @@
 
 #include "core/services.h"
 #include "core/state.h"
+#include "files/classification.h"
 #include "platform/dialogs.h"
 #include "platform/paths.h"
 #include "platform/picture_loader.h"
@@ -156,7 +157,7 @@ bool GalleryRun::makeTile()
 // What can't be loaded leaves the badge or the picture of the file before.
 void GalleryRun::loadPicture(const QString& name, const QString& path)
 {
-    const TileKind& kind = tileKindFor(extensionOf(name));
+    const TileKind& kind = tileKindFor(files::extensionOf(name));
     if (const auto& badge = m_icons.icon(badgeFile(kind, core::state().FrameWindowOpen))) {
         m_list.fNX() = *badge;
     }

@@ -33,11 +33,6 @@ QString imageFile(QStringView name)
 
 } // namespace
 
-QString extensionOf(const QString& name)
-{
-    return name.mid(name.lastIndexOf('.') + 1).toLower();
-}
-
 const TileKind& tileKindFor(QStringView extension)
 {
     const auto found =

@@ -19,10 +19,8 @@ struct TileKind {
     QStringView icon; // for TileSource::Icon, under Images, without ".ico"
 };
 
-// Lower-case text behind the last dot; the whole name where there is none.
-[[nodiscard]] QString extensionOf(const QString& name);
-
-// The table is closed: an extension that it doesn't hold gets its last row.
+// The extension comes in lower case, as files::extensionOf gives it. The table is closed: an
+// extension that it doesn't hold gets its last row.
 [[nodiscard]] const TileKind& tileKindFor(QStringView extension);
 
 // The badge's file name under the program folder. While the frame composer is open, JPG and GIF

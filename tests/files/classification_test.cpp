@@ -77,4 +77,6 @@ TEST(Classification, TakesTheWholePathWhereThereIsNoDot)
     EXPECT_EQ(files::extensionOf(QStringLiteral("/Some/Name")), QStringLiteral("/some/name"));
     EXPECT_EQ(files::extensionOf(QStringLiteral("/a.b/Name")), QStringLiteral("b/name"));
     EXPECT_EQ(files::extensionOf(QStringLiteral("x.PSD")), QStringLiteral("psd"));
+    EXPECT_EQ(files::extensionOf(QStringLiteral("a.b.gif")), QStringLiteral("gif"));
+    EXPECT_EQ(files::extensionOf(QStringLiteral("a.")), QString());
 }

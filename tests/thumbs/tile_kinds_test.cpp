@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 using thumbs::badgeFile;
-using thumbs::extensionOf;
 using thumbs::iconFile;
 using thumbs::TileKind;
 using thumbs::tileKindFor;
@@ -41,14 +40,6 @@ constexpr Expected kExpected[] = {
 };
 
 } // namespace
-
-TEST(TileKinds, TakesTheLowerCaseTextBehindTheLastDot)
-{
-    EXPECT_EQ(extensionOf("Photo.JPG"), "jpg");
-    EXPECT_EQ(extensionOf("a.b.gif"), "gif");
-    EXPECT_EQ(extensionOf("ReadMe"), "readme");
-    EXPECT_EQ(extensionOf("a."), "");
-}
 
 TEST(TileKinds, KnowsBadgeAndPictureOfEachExtension)
 {
