@@ -19,7 +19,7 @@ constexpr qint64 kMostBytes = qint64(4) << 20;
 QImage deliveredPng(const QString& path)
 {
     const auto bytes = readFile(path, kMostBytes);
-    // Named, because looking for the format by content would load every picture plug-in.
+    // Named, because these are PNG whatever their content looks like.
     return bytes ? QImage::fromData(*bytes, "PNG") : QImage();
 }
 
