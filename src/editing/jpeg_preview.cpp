@@ -6,21 +6,14 @@ namespace {
 
 using Progress = platform::JpegConversion::Progress;
 
-// Short enough for a slider to follow the pointer.
-constexpr std::chrono::milliseconds kPiece{8};
 constexpr std::chrono::hours kWithoutPause{1};
-
-JpegPreview::Outcome outcomeOf(Progress progress)
-{
-    return progress == Progress::Converted ? JpegPreview::Outcome::Converted
-                                           : JpegPreview::Outcome::Failed;
-}
 
 } // namespace
 
-JpegPreview::JpegPreview(const QString& sourceBmpPath, const QString& targetJpgPath)
+JpegPreview::JpegPreview(const QString& sourceBmpPath, const QString& targetJpgPath, Piece piece)
     : m_source(sourceBmpPath)
     , m_target(targetJpgPath)
+    , m_piece(piece)
 {
 }
 
@@ -42,13 +35,24 @@ JpegPreview::Outcome JpegPreview::request(int quality, const LetEventsRun& letEv
     return *outcome;
 }
 
+// What comes of a conversion at its end.
+JpegPreview::Outcome JpegPreview::outcomeOf(Progress progress)
+{
+    if (progress != Progress::Converted) {
+        return Outcome::Failed;
+    }
+    ++m_written;
+    return Outcome::Converted;
+}
+
 // Nothing when a newer request has come in.
 std::optional<JpegPreview::Outcome> JpegPreview::convert(const LetEventsRun& letEventsRun)
 {
     const int request = m_requests;
+    ++m_started;
     platform::JpegConversion conversion(m_source, m_target, m_quality);
     while (true) {
-        const Progress progress = conversion.work(letEventsRun ? kPiece : kWithoutPause);
+        const Progress progress = conversion.work(letEventsRun ? m_piece : kWithoutPause);
         if (progress != Progress::Working) {
             return outcomeOf(progress);
         }
@@ -72,6 +76,7 @@ void JpegPreview::finishNow()
     if (!m_running || m_finished) {
         return;
     }
+    ++m_started;
     platform::JpegConversion conversion(m_source, m_target, m_quality);
     m_finished = outcomeOf(conversion.work(kWithoutPause));
 }

@@ -3,6 +3,7 @@
 #include "platform/jpeg_converter.h"
 
 #include <QString>
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -13,7 +14,12 @@ namespace editing {
 // overtaken quality is never finished first.
 class JpegPreview {
 public:
-    JpegPreview(const QString& sourceBmpPath, const QString& targetJpgPath);
+    // How long a conversion works before it lets events run.
+    using Piece = std::chrono::milliseconds;
+    static constexpr Piece kShortPiece{8}; // a slider follows the pointer
+
+    JpegPreview(const QString& sourceBmpPath, const QString& targetJpgPath,
+                Piece piece = kShortPiece);
 
     enum class Outcome {
         Converted,
@@ -34,12 +40,20 @@ public:
     // From inside an event of a running request: lets it end without a file.
     void stop() { m_stopped = true; }
 
+    // Conversions so far, and those of them that wrote the file.
+    [[nodiscard]] int started() const { return m_started; }
+    [[nodiscard]] int written() const { return m_written; }
+
 private:
     std::optional<Outcome> convert(const LetEventsRun& letEventsRun);
+    Outcome outcomeOf(platform::JpegConversion::Progress progress);
 
     platform::BitmapSource m_source;
     QString m_target;
+    Piece m_piece;
     int m_quality = 0;
+    int m_started = 0;
+    int m_written = 0;
     int m_requests = 0;
     bool m_running = false;
     bool m_stopped = false;

@@ -5,8 +5,6 @@
 #include "platform/qt_desktop.h"
 #include "support/full_disk.h"
 
-#include <sys/stat.h>
-
 using editing::FilterMenu;
 using test::numbered;
 
@@ -135,10 +133,10 @@ TEST_F(EditorHandoff, PassesOverProgramsThatDontRun)
     const platform::ScopedDesktop scoped(real);
     showInViewer(numbered(20, 10));
     tree.add({"app/text", "no program"});
-    tree.add({"app/quick", "#!/bin/sh\nexit 3\n"});
-    ::chmod(tree.native("app/quick").c_str(), 0755);
-    for (const char* const name : {"none", "text", "quick", ""}) {
-        files::addNamed(files::kEditors, {"Editor", tree.path("app/" + std::string(name))}, config);
+    const QString endsAtOnce = QStringLiteral("/bin/false");
+    for (const QString& path :
+         {tree.path("app/none"), tree.path("app/text"), tree.path("app"), endsAtOnce}) {
+        files::addNamed(files::kEditors, {"Editor", path}, config);
     }
     for (int place = 1; place <= 4; ++place) {
         editing::startListedEditor(form, place);

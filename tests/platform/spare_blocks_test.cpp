@@ -71,12 +71,6 @@ TEST(SpareBlocks, AreFewAndBounded)
     EXPECT_EQ(blocks.keptBytes(), 200 * kMegabyte);
 }
 
-TEST(SpareBlocks, AreNothingWithoutMemory)
-{
-    SpareBlocks blocks;
-    EXPECT_EQ(blocks.take(std::size_t{1} << 60U).memory, nullptr);
-}
-
 TEST(UnsetImage, LiesWhereOneOfItsSizeHasGone)
 {
     const QSize size(2000, 1500);
