@@ -9,9 +9,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace shell {
-
-frmMsgWindow::frmMsgWindow()
+frmMsg::frmMsg()
     : StripWindow(QStringLiteral("Import..."))
 {
     setObjectName(QStringLiteral("frmMsg"));
@@ -28,7 +26,7 @@ frmMsgWindow::frmMsgWindow()
     ok->setFocus();
 }
 
-void frmMsgWindow::answer(bool import)
+void frmMsg::answer(bool import)
 {
     if (core::ConfigStore* config = core::services().config) {
         config->write(QStringLiteral("WinState"), QStringLiteral("0"));
@@ -38,5 +36,3 @@ void frmMsgWindow::answer(bool import)
         core::services().mainWindow->PasteTesselia();
     }
 }
-
-} // namespace shell

@@ -123,7 +123,7 @@ void registerWindows()
     windows.add(kMain, [] { return new Form1; });
     windows.add(kPane, [] { return new frmThumbnaillist(parentWindow()); });
     windows.add(QStringLiteral("frmAbout"), [] { return makeAboutWindow(parentWindow()); });
-    windows.add(QStringLiteral("frmMsg"), [] { return new frmMsgWindow; });
+    windows.add(QStringLiteral("frmMsg"), [] { return new frmMsg; });
     windows.add(QStringLiteral("fastZoom"), [] { return new fastZoom; });
     windows.add(QStringLiteral("Favorties"), [] { return new Favorties; });
     windows.add(QStringLiteral("FavortiesModi"), [] { return new FavortiesModi; });
