@@ -5,23 +5,12 @@
 #include "platform/paths.h"
 #include "platform/wildcards.h"
 
-#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace platform {
 
 namespace {
-
-struct Entry {
-    QString folded;
-    QString name;
-};
-
-bool precedes(const Entry& left, const Entry& right)
-{
-    const int order = compareByCodePoint(left.folded, right.folded);
-    return order != 0 ? order < 0 : compareByCodePoint(left.name, right.name) < 0;
-}
 
 // Calls take(entry) for each file that matches; false for a folder that can't be read.
 template<typename Take> bool forEachFile(const QString& folder, const QString& pattern, Take take)
@@ -35,9 +24,7 @@ template<typename Take> bool forEachFile(const QString& folder, const QString& p
         if (entries.isHidden()) {
             continue;
         }
-        Entry entry;
-        entry.name = fromNative(entries.name());
-        entry.folded = entry.name.toCaseFolded();
+        FoldedName entry(fromNative(entries.name()));
         // The kind may cost a look at the disk, so the name comes first.
         if (wildcards.matchesFolded(entry.folded) && entries.kind() == EntryKind::File) {
             take(std::move(entry));
@@ -48,18 +35,12 @@ template<typename Take> bool forEachFile(const QString& folder, const QString& p
 
 std::optional<std::vector<QString>> sortedNames(const QString& folder, const QString& pattern)
 {
-    std::vector<Entry> files;
-    const auto keep = [&](Entry entry) { files.push_back(std::move(entry)); };
+    std::vector<FoldedName> files;
+    const auto keep = [&](FoldedName file) { files.push_back(std::move(file)); };
     if (!forEachFile(folder, pattern, keep)) {
         return std::nullopt;
     }
-    std::sort(files.begin(), files.end(), precedes);
-    std::vector<QString> names;
-    names.reserve(files.size());
-    for (Entry& file : files) {
-        names.push_back(std::move(file.name));
-    }
-    return names;
+    return inOrder(std::move(files));
 }
 
 } // namespace
@@ -128,7 +109,7 @@ bool FileList::setListIndex(int index)
 int countFiles(const QString& folder, const QString& pattern)
 {
     int count = 0;
-    forEachFile(folder, pattern, [&](const Entry&) { ++count; });
+    forEachFile(folder, pattern, [&](const FoldedName&) { ++count; });
     return count;
 }
 

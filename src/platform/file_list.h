@@ -21,8 +21,8 @@ public:
     bool setPath(const QString& folder);
     [[nodiscard]] const QString& path() const { return m_path; }
 
-    // Takes folder and files over from a list with the same pattern, as setPath() and refresh() would
-    // read them, without reading. A list with another pattern is asked for its folder alone.
+    // Takes folder and files over from a list with the same pattern, as setPath() and refresh()
+    // would read them, without reading. A list with another pattern is asked for its folder alone.
     bool setPathFrom(const FileList& other);
 
     // Called after the path has changed, with the new list in place.

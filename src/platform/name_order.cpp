@@ -2,6 +2,7 @@
 
 #include <QChar>
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -13,6 +14,12 @@ char32_t codePointAt(QStringView text, qsizetype index)
                         text[index + 1].isLowSurrogate();
     return isPair ? QChar::surrogateToUcs4(text[index], text[index + 1])
                   : char32_t(text[index].unicode());
+}
+
+bool precedes(const FoldedName& left, const FoldedName& right)
+{
+    const int order = compareByCodePoint(left.folded, right.folded);
+    return order != 0 ? order < 0 : compareByCodePoint(left.name, right.name) < 0;
 }
 
 } // namespace
@@ -29,6 +36,17 @@ int compareByCodePoint(QStringView left, QStringView right)
         --index;
     }
     return codePointAt(left, index) < codePointAt(right, index) ? -1 : 1;
+}
+
+std::vector<QString> inOrder(std::vector<FoldedName> names)
+{
+    std::sort(names.begin(), names.end(), precedes);
+    std::vector<QString> sorted;
+    sorted.reserve(names.size());
+    for (FoldedName& entry : names) {
+        sorted.push_back(std::move(entry.name));
+    }
+    return sorted;
 }
 
 } // namespace platform

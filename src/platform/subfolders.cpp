@@ -4,7 +4,7 @@
 #include "platform/name_order.h"
 #include "platform/paths.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -15,36 +15,18 @@ namespace {
 constexpr int kMostEntries = 4000;
 constexpr int kMostLinks = 32;
 
-struct Subfolder {
-    QString folded;
-    QString name;
-};
-
-bool precedes(const Subfolder& left, const Subfolder& right)
-{
-    const int order = compareByCodePoint(left.folded, right.folded);
-    return order != 0 ? order < 0 : compareByCodePoint(left.name, right.name) < 0;
-}
-
 } // namespace
 
 std::vector<QString> visibleSubfolders(const QString& folder)
 {
     FolderReader entries(folder);
-    std::vector<Subfolder> found;
+    std::vector<FoldedName> found;
     while (entries.isOpen() && entries.next()) {
         if (!entries.isHidden() && entries.kind() == EntryKind::Folder) {
-            const QString name = fromNative(entries.name());
-            found.push_back({name.toCaseFolded(), name});
+            found.emplace_back(fromNative(entries.name()));
         }
     }
-    std::sort(found.begin(), found.end(), precedes);
-    std::vector<QString> names;
-    names.reserve(found.size());
-    for (Subfolder& subfolder : found) {
-        names.push_back(std::move(subfolder.name));
-    }
-    return names;
+    return inOrder(std::move(found));
 }
 
 bool hasVisibleSubfolder(const QString& folder)
