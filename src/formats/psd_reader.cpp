@@ -16,6 +16,10 @@ namespace {
 
 constexpr std::uint32_t kSignature = 0x38425053;
 constexpr std::int64_t kSections = 26;
+
+// Positions count from 1 and have 32 bits with a sign.
+constexpr std::size_t kPositions = std::numeric_limits<std::int32_t>::max();
+
 constexpr std::int16_t kRawPixels = 0;
 
 // Pixels that are merged at a time: their planes fit the nearest caches.
@@ -39,7 +43,7 @@ std::optional<std::int64_t> skipSection(const base::ByteReader& file, std::int64
 {
     const auto length = static_cast<std::int32_t>(file.big32At(static_cast<std::size_t>(offset)));
     const std::int64_t next = offset + 4 + length;
-    if (next < 0 || next >= std::numeric_limits<std::int32_t>::max()) {
+    if (next < 0 || next >= static_cast<std::int64_t>(kPositions)) {
         return std::nullopt;
     }
     return next;
@@ -71,7 +75,10 @@ std::optional<Header> readHeader(const base::ByteReader& file)
     }
     header.compression = static_cast<std::int16_t>(file.big16At(static_cast<std::size_t>(offset)));
     header.dataOffset = static_cast<std::size_t>(offset) + 2;
-    return header.compression > 1 ? std::nullopt : std::optional(header);
+    if (header.compression > 1 || header.dataOffset >= kPositions) {
+        return std::nullopt;
+    }
+    return header;
 }
 
 // Nothing when four bytes for each pixel and a spare one are more than may be asked for.

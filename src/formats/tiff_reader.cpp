@@ -16,6 +16,7 @@ constexpr std::uint16_t kLittleEndian = 0x4949;
 constexpr std::uint16_t kBigEndian = 0x4D4D;
 constexpr std::uint16_t kMagic = 42;
 constexpr std::size_t kDirectoryOffset = 8;
+constexpr std::size_t kEntries = kDirectoryOffset + 2;
 constexpr std::size_t kEntryBytes = 12;
 constexpr std::uint16_t kLong = 4;
 
@@ -27,6 +28,8 @@ public:
         , m_littleEndian(littleEndian)
     {
     }
+
+    [[nodiscard]] std::size_t size() const { return m_file.size(); }
 
     [[nodiscard]] std::uint16_t wordAt(std::size_t offset) const
     {
@@ -124,12 +127,14 @@ constexpr std::array kTagRules{
     TagRule{284, valueIsOne},       // planar configuration
 };
 
+// Entries behind the file's end are all zero, and no rule stands for the tag 0.
 std::optional<Directory> readDirectory(const OrderedReader& file)
 {
     Directory directory;
     const std::size_t entries = file.wordAt(kDirectoryOffset);
-    for (std::size_t i = 0; i < entries; ++i) {
-        const auto entry = readEntry(file, kDirectoryOffset + 2 + i * kEntryBytes);
+    const std::size_t end = std::min(kEntries + entries * kEntryBytes, file.size());
+    for (std::size_t offset = kEntries; offset < end; offset += kEntryBytes) {
+        const auto entry = readEntry(file, offset);
         if (!entry) {
             return std::nullopt;
         }

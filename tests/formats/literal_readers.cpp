@@ -106,7 +106,8 @@ public:
 
     std::uint8_t byte()
     {
-        const std::int64_t index = m_position++;
+        const std::int64_t index = m_position;
+        m_position = as32(index + 1);
         return index <= length()
                    ? std::to_integer<std::uint8_t>(m_file[static_cast<std::size_t>(index - 1)])
                    : std::uint8_t{0};

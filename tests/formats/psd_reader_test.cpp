@@ -231,8 +231,13 @@ TEST(PsdReader, GoesBackByANegativeSectionLength)
 
 TEST(PsdReader, LeavesTheRecordWhenSectionsLeadOutOf32Bits)
 {
-    FileBytes header = rawFile(4, fourPlanes());
-    expectUntouched(decoded(FileBytes(header).cutTo(26).big32(2147483647).big32(0).big32(0)));
+    const FileBytes header = rawFile(4, fourPlanes()).cutTo(26);
+    expectUntouched(decoded(FileBytes(header).big32(2147483647)));
+    // The planes would begin at the last position but one, the last one, and behind it.
+    constexpr std::int64_t kToTheLast = 2147483647 - 41;
+    expectSize(decoded(FileBytes(header).big32(kToTheLast - 1)), 2, 1, 24);
+    expectSize(decoded(FileBytes(header).big32(kToTheLast)), 2, 1, 24);
+    expectUntouched(decoded(FileBytes(header).big32(kToTheLast + 1)));
 }
 
 TEST(PsdReader, ReportsSectionsThatReachBehindTheFile)
