@@ -61,6 +61,7 @@ bool ByteBuffer::resizeForOverwrite(std::size_t size)
     const bool wasteful = m_capacity > kLargeBytes && size < m_capacity / 2;
     if (fits && !wasteful) {
         m_size = size;
+        m_memory = Memory::reused;
         return true;
     }
     clear();
@@ -112,6 +113,7 @@ void ByteBuffer::clear()
     m_bytes.reset();
     m_size = 0;
     m_capacity = 0;
+    m_memory = Memory::fresh;
 }
 
 void ByteBuffer::swap(ByteBuffer& other) noexcept
@@ -119,6 +121,7 @@ void ByteBuffer::swap(ByteBuffer& other) noexcept
     std::swap(m_bytes, other.m_bytes);
     std::swap(m_size, other.m_size);
     std::swap(m_capacity, other.m_capacity);
+    std::swap(m_memory, other.m_memory);
 }
 
 bool operator==(const ByteBuffer& left, const ByteBuffer& right)

@@ -10,6 +10,10 @@
 
 namespace formats {
 
+// Whether memory has been written before. The system zeroes fresh pages at the first touch, so that
+// they are in the caches already when they are written.
+enum class Memory { fresh, reused };
+
 // A run of bytes that a picture lives in. It reads like a vector, but sizing it costs no pass over
 // the memory: bytes that nobody has written are zero pages of the system, which take no room.
 class ByteBuffer {
@@ -35,6 +39,7 @@ public:
     {
         return m_bytes.get()[index];
     }
+    [[nodiscard]] Memory memory() const { return m_memory; }
     [[nodiscard]] iterator begin() { return data(); }
     [[nodiscard]] iterator end() { return data() + m_size; }
     [[nodiscard]] const_iterator begin() const { return data(); }
@@ -67,6 +72,7 @@ private:
     std::unique_ptr<std::uint8_t, Free> m_bytes;
     std::size_t m_size = 0;
     std::size_t m_capacity = 0;
+    Memory m_memory = Memory::fresh;
 };
 
 [[nodiscard]] bool operator==(const ByteBuffer& left, const ByteBuffer& right);

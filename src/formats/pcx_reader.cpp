@@ -236,7 +236,7 @@ void decodePackedPlanes(std::span<const std::byte> data, RawImage& image)
         for (std::size_t start = 0; start < batchBytes; start += lineBytes) {
             interleavePlanes(planes.subspan(start + 2 * width, width),
                              planes.subspan(start + width, width), planes.subspan(start, width),
-                             pixels.subspan(done + start, lineBytes));
+                             pixels.subspan(done + start, lineBytes), image.Pixels.memory());
         }
         done += batchBytes;
         if (count < batchBytes) {
@@ -268,7 +268,8 @@ void mergePlanes(std::span<const std::uint8_t> work, std::size_t count, std::int
             return;
         }
         interleavePlanes(work.subspan(blue, columns), work.subspan(red + lineBytes, columns),
-                         work.subspan(red, columns), pixels.subspan(target, 3 * columns));
+                         work.subspan(red, columns), pixels.subspan(target, 3 * columns),
+                         image.Pixels.memory());
         if (columns < width) {
             return;
         }

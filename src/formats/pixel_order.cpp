@@ -93,11 +93,17 @@ void prefetch(const std::uint8_t* bytes)
         _MM_HINT_T0);
 }
 
-void stream(std::uint8_t* target, __m128i vector)
+template<Memory kMemory> void store(std::uint8_t* target, __m128i vector)
 {
-    _mm_stream_si128(reinterpret_cast<__m128i*>(target), vector);
+    auto* const place = reinterpret_cast<__m128i*>(target);
+    if constexpr (kMemory == Memory::reused) {
+        _mm_stream_si128(place, vector);
+    } else {
+        _mm_store_si128(place, vector);
+    }
 }
 
+template<Memory kMemory>
 [[gnu::target("ssse3")]] void writeBlock(std::uint8_t* target,
                                          const std::array<std::array<Shuffle, 3>, 3>& shuffles,
                                          __m128i first, __m128i second, __m128i third)
@@ -108,36 +114,38 @@ void stream(std::uint8_t* target, __m128i vector)
             _mm_or_si128(_mm_shuffle_epi8(first, load(shuffle[0].data())),
                          _mm_or_si128(_mm_shuffle_epi8(second, load(shuffle[1].data())),
                                       _mm_shuffle_epi8(third, load(shuffle[2].data()))));
-        stream(target + part * kVector, picked);
+        store<kMemory>(target + part * kVector, picked);
     }
 }
 
+template<Memory kMemory>
 [[gnu::target("ssse3")]] std::size_t interleaveBlocks(Bytes blue, Bytes green, Bytes red,
                                                       Target pixels)
 {
     std::size_t i = 0;
     for (; i + kVector <= blue.size(); i += kVector) {
-        writeBlock(pixels.data() + 3 * i, kInterleaveShuffles, load(blue.data() + i),
-                   load(green.data() + i), load(red.data() + i));
+        writeBlock<kMemory>(pixels.data() + 3 * i, kInterleaveShuffles, load(blue.data() + i),
+                            load(green.data() + i), load(red.data() + i));
     }
     _mm_sfence();
     return 3 * i;
 }
 
+template<Memory kMemory>
 [[gnu::target("ssse3")]] std::size_t reverseBlocks(Bytes triples, Target pixels)
 {
     std::size_t i = 0;
     for (; i + kBlock <= triples.size(); i += kBlock) {
         const std::uint8_t* const source = triples.data() + i;
         prefetch(source);
-        writeBlock(pixels.data() + i, kReverseShuffles, load(source), load(source + kVector),
-                   load(source + 2 * kVector));
+        writeBlock<kMemory>(pixels.data() + i, kReverseShuffles, load(source),
+                            load(source + kVector), load(source + 2 * kVector));
     }
     _mm_sfence();
     return i;
 }
 
-std::size_t copyBlocks(Bytes bytes, Target pixels)
+template<Memory kMemory> std::size_t copyBlocks(Bytes bytes, Target pixels)
 {
     std::size_t i = 0;
     for (; i + kBlock <= bytes.size(); i += kBlock) {
@@ -146,9 +154,9 @@ std::size_t copyBlocks(Bytes bytes, Target pixels)
         const __m128i first = load(source);
         const __m128i second = load(source + kVector);
         const __m128i third = load(source + 2 * kVector);
-        stream(pixels.data() + i, first);
-        stream(pixels.data() + i + kVector, second);
-        stream(pixels.data() + i + 2 * kVector, third);
+        store<kMemory>(pixels.data() + i, first);
+        store<kMemory>(pixels.data() + i + kVector, second);
+        store<kMemory>(pixels.data() + i + 2 * kVector, third);
     }
     _mm_sfence();
     return i;
@@ -161,17 +169,17 @@ bool hasShuffles()
     return false;
 }
 
-std::size_t interleaveBlocks(Bytes, Bytes, Bytes, Target)
+template<Memory> std::size_t interleaveBlocks(Bytes, Bytes, Bytes, Target)
 {
     return 0;
 }
 
-std::size_t reverseBlocks(Bytes, Target)
+template<Memory> std::size_t reverseBlocks(Bytes, Target)
 {
     return 0;
 }
 
-std::size_t copyBlocks(Bytes, Target)
+template<Memory> std::size_t copyBlocks(Bytes, Target)
 {
     return 0;
 }
@@ -192,36 +200,42 @@ std::size_t triplesToVector(const std::uint8_t* address)
 
 } // namespace
 
-void interleavePlanes(Bytes blue, Bytes green, Bytes red, Target pixels)
+void interleavePlanes(Bytes blue, Bytes green, Bytes red, Target pixels, Memory memory)
 {
     const std::size_t lead = std::min(triplesToVector(pixels.data()), blue.size());
     interleaveOneByOne(blue.first(lead), green, red, pixels);
     std::size_t done = lead;
     if (hasShuffles()) {
-        done += interleaveBlocks(blue.subspan(lead), green.subspan(lead), red.subspan(lead),
-                                 pixels.subspan(3 * lead)) /
+        const auto blocks = memory == Memory::fresh ? interleaveBlocks<Memory::fresh>
+                                                    : interleaveBlocks<Memory::reused>;
+        done += blocks(blue.subspan(lead), green.subspan(lead), red.subspan(lead),
+                       pixels.subspan(3 * lead)) /
                 3;
     }
     interleaveOneByOne(blue.subspan(done), green.subspan(done), red.subspan(done),
                        pixels.subspan(3 * done));
 }
 
-void reverseTriples(Bytes triples, Target pixels)
+void reverseTriples(Bytes triples, Target pixels, Memory memory)
 {
     const std::size_t lead = std::min(3 * triplesToVector(pixels.data()), triples.size());
     reverseOneByOne(triples.first(lead), pixels);
     std::size_t done = lead;
     if (hasShuffles()) {
-        done += reverseBlocks(triples.subspan(lead), pixels.subspan(lead));
+        const auto blocks =
+            memory == Memory::fresh ? reverseBlocks<Memory::fresh> : reverseBlocks<Memory::reused>;
+        done += blocks(triples.subspan(lead), pixels.subspan(lead));
     }
     reverseOneByOne(triples.subspan(done), pixels.subspan(done));
 }
 
-void copyBytes(Bytes bytes, Target pixels)
+void copyBytes(Bytes bytes, Target pixels, Memory memory)
 {
     const std::size_t lead = std::min(bytesToVector(pixels.data()), bytes.size());
     std::copy_n(bytes.begin(), lead, pixels.begin());
-    const std::size_t done = lead + copyBlocks(bytes.subspan(lead), pixels.subspan(lead));
+    const auto blocks =
+        memory == Memory::fresh ? copyBlocks<Memory::fresh> : copyBlocks<Memory::reused>;
+    const std::size_t done = lead + blocks(bytes.subspan(lead), pixels.subspan(lead));
     std::copy(bytes.begin() + static_cast<std::ptrdiff_t>(done), bytes.end(),
               pixels.begin() + static_cast<std::ptrdiff_t>(done));
 }

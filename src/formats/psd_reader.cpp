@@ -161,7 +161,7 @@ void mergePlanes(PsdPlanes& planes, RowReports& reports, ByteBuffer& pixels)
     while (done < count && (blue.left() > 0 || green.left() > 0 || red.left() > 0)) {
         const std::size_t batch = std::min(kBatch, count - done);
         interleavePlanes(blue.next(batch), green.next(batch), red.next(batch),
-                         std::span(pixels.data() + 3 * done, 3 * batch));
+                         std::span(pixels.data() + 3 * done, 3 * batch), pixels.memory());
         done += batch;
         reports.pixelsDone(done);
     }

@@ -14,12 +14,12 @@ constexpr std::uint8_t kTrueColour = 2;
 constexpr std::uint8_t kBitsPerPixel = 24;
 
 // Copies the rows of the file, as far as they are there, to the picture's rows from below.
-void copyRows(std::span<const std::uint8_t> rows, std::size_t rowBytes,
-              std::span<std::uint8_t> pixels)
+void copyRows(std::span<const std::uint8_t> rows, std::size_t rowBytes, ByteBuffer& target)
 {
+    std::span<std::uint8_t> pixels(target.data(), target.size());
     while (!rows.empty() && !pixels.empty()) {
         const std::size_t count = std::min(rowBytes, rows.size());
-        copyBytes(rows.first(count), pixels.last(rowBytes).first(count));
+        copyBytes(rows.first(count), pixels.last(rowBytes).first(count), target.memory());
         rows = rows.subspan(count);
         pixels = pixels.first(pixels.size() - rowBytes);
     }
@@ -51,8 +51,7 @@ void readTga(std::span<const std::byte> file, RawImage& image)
     const bool sized =
         complete ? image.Pixels.resizeForOverwrite(*size) : image.Pixels.resizeZeroed(*size);
     if (sized && image.Width > 0) {
-        copyRows(asNumbers(rows), static_cast<std::size_t>(image.Width) * 3,
-                 {image.Pixels.data(), image.Pixels.size()});
+        copyRows(asNumbers(rows), static_cast<std::size_t>(image.Width) * 3, image.Pixels);
     }
 }
 

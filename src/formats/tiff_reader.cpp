@@ -152,7 +152,7 @@ std::optional<Directory> readDirectory(const OrderedReader& file)
 void copyPixels(std::span<const std::uint8_t> triples, ByteBuffer& pixels)
 {
     const std::size_t whole = triples.size() / 3 * 3;
-    reverseTriples(triples.first(whole), std::span(pixels.data(), whole));
+    reverseTriples(triples.first(whole), std::span(pixels.data(), whole), pixels.memory());
     for (std::size_t i = whole; i < triples.size(); ++i) {
         pixels[whole + 2 - (i - whole)] = triples[i];
     }

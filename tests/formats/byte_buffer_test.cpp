@@ -69,6 +69,20 @@ TEST(ByteBuffer, ZeroesFromAnOffsetOn)
     }
 }
 
+TEST(ByteBuffer, TellsFreshMemoryFromThatOfTheLastPicture)
+{
+    ByteBuffer buffer;
+    ASSERT_TRUE(buffer.resizeForOverwrite(10 * kMegabyte));
+    EXPECT_EQ(buffer.memory(), formats::Memory::fresh);
+    ASSERT_TRUE(buffer.resizeForOverwrite(9 * kMegabyte));
+    EXPECT_EQ(buffer.memory(), formats::Memory::reused);
+    ASSERT_TRUE(buffer.resizeForOverwrite(20 * kMegabyte));
+    EXPECT_EQ(buffer.memory(), formats::Memory::fresh);
+    ASSERT_TRUE(buffer.resizeForOverwrite(20 * kMegabyte));
+    ASSERT_TRUE(buffer.resizeZeroed(20 * kMegabyte));
+    EXPECT_EQ(buffer.memory(), formats::Memory::fresh);
+}
+
 TEST(ByteBuffer, TakesNoMemoryForBytesThatNobodyWrites)
 {
     const std::size_t before = residentMegabytes();
