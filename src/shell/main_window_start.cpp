@@ -228,6 +228,9 @@ void Form1::wheelEvent(QWheelEvent* event)
     if (angle.y() == 0 && angle.x() != 0) {
         return; // sideways wheels don't step
     }
+    if (angle.isNull() && event->phase() != Qt::NoScrollPhase) {
+        return; // fingers were put on a touchpad or lifted from it
+    }
     m_wheelRest += angle.y();
     if (angle.y() != 0 && std::abs(m_wheelRest) < kWheelStep) {
         return;

@@ -64,11 +64,11 @@ private:
 
 class StartTest : public testing::Test {
 protected:
-    static void turnWheel(Form1& form, int eighths)
+    static void turnWheel(Form1& form, int eighths, Qt::ScrollPhase phase = Qt::NoScrollPhase)
     {
         const QPointF place(form.rect().center());
         QWheelEvent event(place, form.mapToGlobal(place), {}, {0, eighths}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+                          Qt::NoModifier, phase, false);
         QApplication::sendEvent(&form, &event);
     }
 
@@ -254,6 +254,22 @@ TEST_F(StartTest, AddsUpTheSmallStepsOfAFineWheel)
         EXPECT_EQ(form.Xiala(), program.tree.path("pics"));
         turnWheel(form, -15);
         EXPECT_EQ(form.Xiala(), program.picture("a.bmp"));
+    });
+}
+
+TEST_F(StartTest, StepsBackByAWheelWithoutADirectionButNotByFingersLifted)
+{
+    program.run([this](Form1& form) {
+        turnWheel(form, -120);
+        turnWheel(form, -120);
+        ASSERT_EQ(form.Xiala(), program.picture("b.bmp"));
+        turnWheel(form, 0, Qt::ScrollBegin);
+        turnWheel(form, 0, Qt::ScrollEnd);
+        EXPECT_EQ(form.Xiala(), program.picture("b.bmp"));
+        turnWheel(form, -120, Qt::ScrollUpdate);
+        EXPECT_EQ(form.Xiala(), program.picture("c.bmp"));
+        turnWheel(form, 0);
+        EXPECT_EQ(form.Xiala(), program.picture("b.bmp"));
     });
 }
 
