@@ -46,26 +46,11 @@ void sendMouse(QWidget* target, QEvent::Type type, QPoint place, Qt::MouseButton
     QCoreApplication::sendEvent(target, &event);
 }
 
-// Each step ends with the window painted at once, not at the next frame.
-double medianMicroseconds(QWidget& window, const std::function<void(int)>& step)
-{
-    QEvent paintNow(QEvent::UpdateRequest);
-    std::vector<double> times;
-    for (int i = 0; i < kSteps; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        step(i);
-        QCoreApplication::sendEvent(&window, &paintNow);
-        const std::chrono::duration<double, std::micro> took =
-            std::chrono::steady_clock::now() - start;
-        times.push_back(took.count());
-    }
-    std::nth_element(times.begin(), times.begin() + kSteps / 2, times.end());
-    return times[kSteps / 2];
-}
-
-// A window of a screen's size with the picture in it.
-struct Window {
-    explicit Window(const platform::Picture& picture)
+// A window of a screen's size with the picture in it, and something that is done there step by
+// step.
+class Bench {
+public:
+    explicit Bench(const platform::Picture& picture)
         : viewer(&host)
     {
         host.resize(1600, 1000);
@@ -76,47 +61,88 @@ struct Window {
         QCoreApplication::processEvents();
     }
 
+    // Each step ends with the window painted at once, not at the next frame.
+    double stepMicroseconds(int number)
+    {
+        QEvent paintNow(QEvent::UpdateRequest);
+        const auto start = std::chrono::steady_clock::now();
+        step(number);
+        QCoreApplication::sendEvent(&host, &paintNow);
+        const std::chrono::duration<double, std::micro> took =
+            std::chrono::steady_clock::now() - start;
+        return took.count();
+    }
+
     QWidget host;
     cpvPicViewer viewer;
+    std::function<void(int)> step;
 };
 
-double dragPicture(const platform::Picture& picture, int zoom)
+using Preparation = std::function<void(Bench&)>;
+
+Preparation dragPicture(int zoom)
 {
-    Window window(picture);
-    window.viewer.setZoomFactor(zoom);
-    auto* area = window.viewer.findChild<QWidget*>("iDst");
-    sendMouse(area, QEvent::MouseButtonPress, {kHomeX, kHomeY}, Qt::LeftButton);
-    return medianMicroseconds(window.host, [area](int i) {
-        sendMouse(area, QEvent::MouseMove, {kHomeX + (i % 40) * 3, kHomeY + (i % 30) * 2},
-                  Qt::NoButton);
-    });
+    return [zoom](Bench& bench) {
+        bench.viewer.setZoomFactor(zoom);
+        auto* area = bench.viewer.findChild<QWidget*>("iDst");
+        sendMouse(area, QEvent::MouseButtonPress, {kHomeX, kHomeY}, Qt::LeftButton);
+        bench.step = [area](int i) {
+            sendMouse(area, QEvent::MouseMove, {kHomeX + (i % 40) * 3, kHomeY + (i % 30) * 2},
+                      Qt::NoButton);
+        };
+    };
 }
 
-double dragInPanView(const platform::Picture& picture)
+void dragInPanView(Bench& bench)
 {
-    Window window(picture);
-    window.viewer.PanViewShow(15, 15, 3500, 3500, true);
+    bench.viewer.PanViewShow(15, 15, 3500, 3500, true);
     QCoreApplication::processEvents();
-    auto* view = window.host.findChild<frmPanView*>();
+    auto* view = bench.host.findChild<frmPanView*>();
     const QPoint middle = view->rect().center();
     sendMouse(view, QEvent::MouseButtonPress, middle, Qt::LeftButton);
-    return medianMicroseconds(window.host, [view, middle](int i) {
+    bench.step = [view, middle](int i) {
         sendMouse(view, QEvent::MouseMove, middle + QPoint(i % 11 - 5, i % 7 - 3), Qt::NoButton);
-    });
+    };
 }
 
-double repaintFitted(const platform::Picture& picture)
+void repaintFitted(Bench& bench)
 {
-    Window window(picture);
-    window.viewer.setBestFitMode(true);
+    bench.viewer.setBestFitMode(true);
     QCoreApplication::processEvents();
-    return medianMicroseconds(window.host, [&window](int) { window.viewer.Refresh(); });
+    bench.step = [&bench](int) { bench.viewer.Refresh(); };
 }
 
-void report(const char* what, double smallPicture, double largePicture)
+double median(std::vector<double>& values)
 {
-    std::printf("%-22s %9.1f us %9.1f us   ratio %.2f\n", what, smallPicture, largePicture,
-                largePicture / smallPicture);
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+// Steps with the two pictures take turns, so that a busy machine slows both.
+void compare(const char* what, const platform::Picture& smallPicture,
+             const platform::Picture& largePicture, const Preparation& prepare)
+{
+    Bench smallBench(smallPicture);
+    Bench largeBench(largePicture);
+    prepare(smallBench);
+    prepare(largeBench);
+    std::vector<double> smallTimes;
+    std::vector<double> largeTimes;
+    for (int i = 0; i < kSteps; ++i) {
+        const bool smallFirst = i % 2 == 0;
+        if (smallFirst) {
+            smallTimes.push_back(smallBench.stepMicroseconds(i));
+        }
+        largeTimes.push_back(largeBench.stepMicroseconds(i));
+        if (!smallFirst) {
+            smallTimes.push_back(smallBench.stepMicroseconds(i));
+        }
+    }
+    const double smallStep = median(smallTimes);
+    const double largeStep = median(largeTimes);
+    std::printf("%-22s %9.1f us %9.1f us   ratio %.2f\n", what, smallStep, largeStep,
+                largeStep / smallStep);
 }
 
 } // namespace
@@ -130,10 +156,9 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     const platform::Picture smallPicture = makePicture(kSmall);
     const platform::Picture largePicture = makePicture(kLarge);
-    report("drag at zoom 1", dragPicture(smallPicture, 1), dragPicture(largePicture, 1));
-    report("drag in the pan view", dragInPanView(smallPicture), dragInPanView(largePicture));
-    report("repaint, fitted", repaintFitted(smallPicture), repaintFitted(largePicture));
-    report("drag at zoom 5", dragPicture(makePicture(kSmallZoomed), 5),
-           dragPicture(makePicture(kLargeZoomed), 5));
+    compare("drag at zoom 1", smallPicture, largePicture, dragPicture(1));
+    compare("drag in the pan view", smallPicture, largePicture, dragInPanView);
+    compare("repaint, fitted", smallPicture, largePicture, repaintFitted);
+    compare("drag at zoom 5", makePicture(kSmallZoomed), makePicture(kLargeZoomed), dragPicture(5));
     return 0;
 }
