@@ -1,12 +1,15 @@
-# Sourced: startVirtualDisplay WxH puts an X server with a window manager up, sets DISPLAY and takes
-# both down when the script ends. Only processes started here are ended.
+# Sourced: displays for a machine without one. startVirtualDisplay WxH puts an X server with a window
+# manager up and sets DISPLAY; startWeston WxH puts a Wayland compositor up and sets WAYLAND_DISPLAY.
+# Both go when the script ends. Only processes started here are ended.
 virtual_display_pids=()
 
 endVirtualDisplay() {
     local pid
     for pid in "${virtual_display_pids[@]}"; do
         kill "$pid" 2>/dev/null || true
+        wait "$pid" 2>/dev/null || true
     done
+    virtual_display_pids=()
 }
 
 startVirtualDisplay() {
@@ -36,4 +39,36 @@ startVirtualDisplay() {
         tries=$((tries + 1))
         [ $tries -lt 400 ] || break
     done
+}
+
+# startWeston WxH [HOST]. HOST is headless (what it is without one), where nobody can touch pointer or
+# keys, or x11: over the whole display of startVirtualDisplay, which has to be as large. It lives in
+# XDG_RUNTIME_DIR, paints without a GPU and lets weston-screenshooter look at the screen, which
+# belongs to the windows alone: there is no panel.
+startWeston() {
+    local size=${1:-1280x800} host=${2:-headless} name=vistara-display
+    local socket=$XDG_RUNTIME_DIR/$name options=()
+    if [ "$host" = x11 ]; then
+        options=(--fullscreen)
+    else
+        options=(--width="${size%x*}" --height="${size#*x}")
+    fi
+    printf '%s\n' '[core]' 'idle-time=0' '[shell]' 'panel-position=none' 'locking=false' \
+        'animation=none' 'startup-animation=none' 'close-animation=none' \
+        >"$XDG_RUNTIME_DIR/weston.ini"
+    weston --backend="$host-backend.so" "${options[@]}" --use-pixman --debug --socket=$name \
+        --config="$XDG_RUNTIME_DIR/weston.ini" >/dev/null 2>&1 &
+    virtual_display_pids+=($!)
+    trap endVirtualDisplay EXIT
+    local tries=0
+    until [ -S "$socket" ]; do
+        sleep 0.05
+        tries=$((tries + 1))
+        [ $tries -lt 400 ] || {
+            echo "Weston didn't start." >&2
+            return 1
+        }
+    done
+    # The whole path, so that a program may have another XDG_RUNTIME_DIR.
+    export WAYLAND_DISPLAY=$socket
 }

@@ -47,4 +47,11 @@ QByteArray pcxOf(QColor colour)
     return bytes + palette;
 }
 
+void addSamplePictures(const support::TempTree& tree)
+{
+    tree.add({"pics/a.jpg", jpegOf(kRed, kJpegSize).toStdString()});
+    tree.add({"pics/b.jpg", jpegOf(kGreen, kJpegSize).toStdString()});
+    tree.add({"pics/c.pcx", pcxOf(kBlue).toStdString()});
+}
+
 } // namespace smoke

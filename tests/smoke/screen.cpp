@@ -1,12 +1,16 @@
 #include "smoke/screen.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QThread>
 
 namespace smoke {
@@ -60,10 +64,30 @@ bool matchesAt(const QImage& shot, const QImage& pattern, QPoint place)
     return true;
 }
 
+// Wayland lets no program look at the screen but the compositor's own.
+QImage shotByWeston()
+{
+    const QTemporaryDir folder;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_PICTURES_DIR"), folder.path());
+    QProcess shooter;
+    shooter.setProcessEnvironment(environment);
+    shooter.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    shooter.start(QStringLiteral("weston-screenshooter"), QStringList());
+    shooter.waitForFinished(kPatience);
+    const QStringList shots = QDir(folder.path()).entryList({QStringLiteral("*.png")});
+    return shots.isEmpty()
+               ? QImage()
+               : QImage(folder.filePath(shots.first())).convertToFormat(QImage::Format_RGB32);
+}
+
 } // namespace
 
 QImage screen()
 {
+    if (QGuiApplication::platformName() == QLatin1String("wayland")) {
+        return shotByWeston();
+    }
     return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(
         QImage::Format_RGB32);
 }

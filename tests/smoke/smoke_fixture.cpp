@@ -1,9 +1,6 @@
 #include "smoke/smoke_fixture.h"
 
 #include "platform/profile.h"
-#include "smoke/sample_pictures.h"
-
-#include <QImage>
 
 namespace smoke {
 
@@ -15,9 +12,7 @@ constexpr const char* kSection = "QUILLPOST";
 
 void SmokeTest::SetUp()
 {
-    tree.add({"pics/a.jpg", jpegOf(kRed, kJpegSize).toStdString()});
-    tree.add({"pics/b.jpg", jpegOf(kGreen, kJpegSize).toStdString()});
-    tree.add({"pics/c.pcx", pcxOf(kBlue).toStdString()});
+    addSamplePictures(tree);
     tree.setVariable("QT_QPA_PLATFORM", "xcb");
     // No bus, and nothing that starts one.
     tree.setVariable("DBUS_SESSION_BUS_ADDRESS", "disabled:");

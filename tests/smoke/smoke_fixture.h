@@ -1,23 +1,16 @@
 #pragma once
 
 #include "smoke/desktop_session.h"
+#include "smoke/sample_pictures.h"
 #include "smoke/screen.h"
 #include "smoke/window_parts.h"
 #include "support/temp_tree.h"
 
-#include <QColor>
-#include <QSize>
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
 
 namespace smoke {
-
-inline const QColor kRed{200, 40, 40};   // a.jpg
-inline const QColor kGreen{40, 160, 60}; // b.jpg
-inline const QColor kBlue{30, 60, 220};  // c.pcx
-inline constexpr QSize kJpegSize{400, 300};
-inline constexpr QSize kPcxSize{64, 32};
 
 // A folder with three pictures, and the program's own folder with settings that start there, in
 // browse mode, showing pictures in their own size.

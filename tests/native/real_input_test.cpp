@@ -1,0 +1,145 @@
+#include "core/window_registry.h"
+#include "native/native_fixture.h"
+#include "shell/menus.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QProcess>
+
+using namespace native;
+using namespace smoke;
+
+namespace {
+
+const QColor kStripColour(200, 0, 200);
+constexpr int kCaught = 24; // pixels near an edge at which a window manager may hold a window
+
+// The program has to go on while its pointer and its keys move, so nothing waits for xdotool but
+// the event loop.
+void xdotool(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    ASSERT_TRUE(waitUntil([&process] { return process.state() == QProcess::NotRunning; }));
+}
+
+void movePointer(QPoint place)
+{
+    xdotool({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+}
+
+void click(QPoint place, int button = 1)
+{
+    movePointer(place);
+    xdotool({QStringLiteral("click"), QString::number(button)});
+}
+
+void key(const QString& name)
+{
+    xdotool({QStringLiteral("key"), name});
+}
+
+} // namespace
+
+// The pointer and the keyboard of the display system itself.
+class RealInput : public NativeTest {
+protected:
+    void SetUp() override
+    {
+        NativeTest::SetUp();
+        settings[QStringLiteral("InterfaceB")] = QStringLiteral("False");
+        settings[QStringLiteral("InterfaceColor")] =
+            QString::number(kStripColour.blue() << 16 | kStripColour.red());
+        // A compositor inside of an X display counts movements, so both start in a corner.
+        movePointer({screen().width() - 1, screen().height() - 1});
+        movePointer({0, 0});
+    }
+
+    static bool shows(const Form1& form, QColor colour, QSize size)
+    {
+        return colourAppears(onScreen(pictureArea(form)), colour, size);
+    }
+
+    static QPoint tile(const Form1& form, QColor colour)
+    {
+        return boundsOf(screen(), onScreen(tileArea(form)), colour).center();
+    }
+};
+
+TEST_F(RealInput, ShowsPicturesByPointerWheelAndKeys)
+{
+    run([this](Form1& form) {
+        click(tile(form, kGreen));
+        EXPECT_TRUE(shows(form, kGreen, kJpegSize));
+        click(onScreen(pictureArea(form)).center(), 5); // the wheel
+        EXPECT_TRUE(shows(form, kBlue, kPcxSize));
+
+        click(onScreen(part(form, "Xiala")).center());
+        key(QStringLiteral("ctrl+a"));
+        xdotool({QStringLiteral("type"), tree.path("pics/a.jpg")});
+        key(QStringLiteral("Return"));
+        EXPECT_TRUE(shows(form, kRed, kJpegSize));
+
+        click(onScreen(pictureArea(form)).center());
+        key(QStringLiteral("Escape"));
+        EXPECT_TRUE(waitUntil([&] { return !tileArea(form).isVisible(); }));
+        EXPECT_TRUE(shows(form, kRed, kJpegSize));
+    });
+}
+
+TEST_F(RealInput, OpensTheRightClickMenuAtThePointer)
+{
+    run([](Form1& form) {
+        click(tile(form, kGreen));
+        ASSERT_TRUE(shows(form, kGreen, kJpegSize));
+        const QMenu& menu = *form.menus().menu(QStringLiteral("CmdRm"));
+        const QPoint pointer = onScreen(pictureArea(form)).center();
+        click(pointer, 3);
+        ASSERT_TRUE(opens(menu));
+        // The middle of the picture is under the menu now, and no more than that.
+        const QRect covered(pointer + QPoint(2, 2), menu.size() - QSize(4, 4));
+        const QRect left(pointer - QPoint(100, 0), QSize(90, 50));
+        EXPECT_TRUE(waitUntil([&] { return boundsOf(screen(), covered, kGreen).isNull(); }));
+        EXPECT_EQ(boundsOf(screen(), left, kGreen), left);
+        key(QStringLiteral("Escape"));
+        EXPECT_TRUE(waitUntil([&] { return !menu.isVisible(); }));
+        EXPECT_TRUE(shows(form, kGreen, kJpegSize));
+    });
+}
+
+TEST_F(RealInput, MovesAWindowByItsStrip)
+{
+    run([](Form1& form) {
+        click(tile(form, kGreen));
+        ASSERT_TRUE(shows(form, kGreen, kJpegSize));
+        form.OCbrowse(); // the pane has a strip of that colour too
+        inModalWindow([&] { form.menus().entry(QStringLiteral("OptFav"), 0)->trigger(); },
+                      [](const QWidget& window) {
+                          const auto strip = [] {
+                              const QImage shot = screen();
+                              return boundsOf(shot, shot.rect(), kStripColour);
+                          };
+                          ASSERT_TRUE(waitUntil([&] { return !strip().isNull(); }));
+                          const QRect before = strip();
+                          const QPoint away(before.left() > 400 ? -250 : 250,
+                                            before.top() > 400 ? -150 : 150);
+                          const QPoint grip(before.left() + before.width() / 2,
+                                            before.center().y());
+                          movePointer(grip);
+                          xdotool({QStringLiteral("mousedown"), QStringLiteral("1")});
+                          movePointer(grip + away / 2);
+                          movePointer(grip + away);
+                          EXPECT_TRUE(waitUntil([&] {
+                              const QPoint rest = strip().topLeft() - before.topLeft() - away;
+                              return rest.manhattanLength() < kCaught;
+                          }));
+                          xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
+                          EXPECT_TRUE(window.isVisible());
+                          EXPECT_EQ(strip().size(), before.size());
+                          // The box is in the strip's right end.
+                          click(strip().center() + QPoint(strip().width() / 2 - 14, 0));
+                          EXPECT_TRUE(waitUntil([&] { return strip().isNull(); }));
+                      });
+    });
+}
