@@ -1,6 +1,6 @@
-# Sourced: displays for a machine without one. startVirtualDisplay WxH puts an X server with a window
-# manager up and sets DISPLAY; startWeston WxH puts a Wayland compositor up and sets WAYLAND_DISPLAY.
-# Both go when the script ends. Only processes started here are ended.
+# Sourced: displays for a machine without one. startXServer WxH puts an X server up and sets DISPLAY,
+# startVirtualDisplay WxH does so with a window manager, and startWeston WxH puts a Wayland compositor
+# up and sets WAYLAND_DISPLAY. They go when the script ends. Only processes started here are ended.
 virtual_display_pids=()
 
 endVirtualDisplay() {
@@ -12,7 +12,7 @@ endVirtualDisplay() {
     virtual_display_pids=()
 }
 
-startVirtualDisplay() {
+startXServer() {
     local size=${1:-1280x800} number_file
     number_file=$(mktemp)
     # The server picks a free number itself and writes it when it is ready.
@@ -31,9 +31,13 @@ startVirtualDisplay() {
     DISPLAY=:$(cat "$number_file")
     export DISPLAY
     rm -f "$number_file"
+}
+
+startVirtualDisplay() {
+    startXServer "$@"
     openbox >/dev/null 2>&1 &
     virtual_display_pids+=($!)
-    tries=0
+    local tries=0
     until xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
         sleep 0.05
         tries=$((tries + 1))
@@ -42,22 +46,18 @@ startVirtualDisplay() {
 }
 
 # startWeston WxH [HOST]. HOST is headless (what it is without one), where nobody can touch pointer or
-# keys, or x11: over the whole display of startVirtualDisplay, which has to be as large. It lives in
+# keys, or x11: over the whole of startXServer's display, which has to be as large. It lives in
 # XDG_RUNTIME_DIR, paints without a GPU and lets weston-screenshooter look at the screen, which
 # belongs to the windows alone: there is no panel.
 startWeston() {
     local size=${1:-1280x800} host=${2:-headless} name=vistara-display
-    local socket=$XDG_RUNTIME_DIR/$name options=()
-    if [ "$host" = x11 ]; then
-        options=(--fullscreen)
-    else
-        options=(--width="${size%x*}" --height="${size#*x}")
-    fi
+    local socket=$XDG_RUNTIME_DIR/$name
     printf '%s\n' '[core]' 'idle-time=0' '[shell]' 'panel-position=none' 'locking=false' \
         'animation=none' 'startup-animation=none' 'close-animation=none' \
         >"$XDG_RUNTIME_DIR/weston.ini"
-    weston --backend="$host-backend.so" "${options[@]}" --use-pixman --debug --socket=$name \
-        --config="$XDG_RUNTIME_DIR/weston.ini" >/dev/null 2>&1 &
+    weston --backend="$host-backend.so" --use-pixman --debug --socket=$name \
+        --width="${size%x*}" --height="${size#*x}" --config="$XDG_RUNTIME_DIR/weston.ini" \
+        >/dev/null 2>&1 &
     virtual_display_pids+=($!)
     trap endVirtualDisplay EXIT
     local tries=0

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QProcess>
+#include <utility>
 
 using namespace native;
 using namespace smoke;
@@ -120,20 +121,27 @@ TEST_F(RealInput, MovesAWindowByItsStrip)
                               const QImage shot = screen();
                               return boundsOf(shot, shot.rect(), kStripColour);
                           };
-                          ASSERT_TRUE(waitUntil([&] { return !strip().isNull(); }));
-                          const QRect before = strip();
-                          const QPoint away(before.left() > 400 ? -250 : 250,
-                                            before.top() > 400 ? -150 : 150);
-                          const QPoint grip(before.left() + before.width() / 2,
-                                            before.center().y());
+                          QRect before;
+                          ASSERT_TRUE(waitUntil([&] { // a window manager may place it yet
+                              return !std::exchange(before, strip()).isNull() && before == strip();
+                          }));
+                          const QPoint away(before.left() > 400 ? -240 : 240,
+                                            before.top() > 400 ? -160 : 160);
+                          const QPoint grip = before.center();
                           movePointer(grip);
                           xdotool({QStringLiteral("mousedown"), QStringLiteral("1")});
-                          movePointer(grip + away / 2);
+                          ASSERT_TRUE(waitUntil(
+                              [] { return QApplication::mouseButtons() == Qt::LeftButton; }));
+                          movePointer(grip + away / 4);
+                          ASSERT_TRUE(waitUntil([&] { return strip() != before; }));
+                          const QPoint first = strip().topLeft();
                           movePointer(grip + away);
                           EXPECT_TRUE(waitUntil([&] {
-                              const QPoint rest = strip().topLeft() - before.topLeft() - away;
+                              const QPoint rest = strip().topLeft() - first - away * 3 / 4;
                               return rest.manhattanLength() < kCaught;
-                          }));
+                          })) << before.left()
+                              << "," << before.top() << " " << first.x() << "," << first.y() << " "
+                              << strip().left() << "," << strip().top();
                           xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
                           EXPECT_TRUE(window.isVisible());
                           EXPECT_EQ(strip().size(), before.size());

@@ -11,7 +11,7 @@ size=1600x1000
 runtime=$(mktemp -d)
 export XDG_RUNTIME_DIR=$runtime DBUS_SESSION_BUS_ADDRESS=disabled: LC_ALL=C.UTF-8
 unset DISPLAY
-[ "$host" != x11 ] || startVirtualDisplay $size
+[ "$host" != x11 ] || startXServer $size
 startWeston $size "$host"
 trap 'endVirtualDisplay; rm -rf "$runtime"' EXIT
 # Qt expects every input method to have a keyboard, so none of the compositor's.

@@ -29,12 +29,17 @@ void xdotool(const QStringList& arguments)
     QProcess::execute(QStringLiteral("xdotool"), arguments);
 }
 
-QStringList visibleWindows(const QString& title)
+QStringList visibleWindows(const QStringList& which)
 {
-    const QByteArray found = output(QStringLiteral("xdotool"),
-                                    {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                                     QStringLiteral("--name"), u'^' + title + u'$'});
+    const QByteArray found =
+        output(QStringLiteral("xdotool"),
+               QStringList{QStringLiteral("search"), QStringLiteral("--onlyvisible")} + which);
     return QString::fromLatin1(found).split(u'\n', Qt::SkipEmptyParts);
+}
+
+QStringList visibleWindowsTitled(const QString& title)
+{
+    return visibleWindows({QStringLiteral("--name"), u'^' + title + u'$'});
 }
 
 QRect insideOf(const QString& window)
@@ -66,7 +71,7 @@ DesktopSession::DesktopSession()
     const int screenWidth = screen().width();
     m_up = waitUntil([&] {
         // The window of the greeting has the same title.
-        const QStringList windows = visibleWindows(kTitle);
+        const QStringList windows = visibleWindowsTitled(kTitle);
         m_mainWindow = windows.size() == 1 ? windows.first() : QString();
         return !m_mainWindow.isEmpty() && isMainFocused() &&
                inside().width() > screenWidth - screenWidth / 20;
@@ -87,24 +92,48 @@ QRect DesktopSession::inside() const
 
 int DesktopSession::windowCount() const
 {
-    return static_cast<int>(visibleWindows(kTitle).size());
+    return static_cast<int>(visibleWindowsTitled(kTitle).size());
 }
 
 bool DesktopSession::isMainFocused() const
 {
-    const QByteArray focused =
-        output(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")});
-    return QString::fromLatin1(focused).trimmed() == m_mainWindow;
+    return focusedWindow() == m_mainWindow;
 }
 
 bool DesktopSession::dialogOpens() const
 {
-    return waitUntil([this] { return !isMainFocused(); });
+    return focusMovesFrom(m_mainWindow);
 }
 
 bool DesktopSession::dialogsAreClosed() const
 {
     return waitUntil([this] { return isMainFocused(); });
+}
+
+QString DesktopSession::focusedWindow()
+{
+    return QString::fromLatin1(
+               output(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")}))
+        .trimmed();
+}
+
+bool DesktopSession::windowOpens(const QString& title)
+{
+    return waitUntil([&title] { return visibleWindowsTitled(title).contains(focusedWindow()); });
+}
+
+// Between two windows nothing has the focus for a moment.
+bool DesktopSession::focusMovesFrom(const QString& window) const
+{
+    return waitUntil([&] {
+        const QString focused = focusedWindow();
+        return focused != window && visibleWindows().contains(focused);
+    });
+}
+
+QStringList DesktopSession::visibleWindows() const
+{
+    return smoke::visibleWindows({QStringLiteral("--pid"), QString::number(m_program.processId())});
 }
 
 void DesktopSession::click(QPoint place, int button) const

@@ -29,6 +29,11 @@ public:
     // Wait until another window of the program has the focus, and until the main window has it.
     [[nodiscard]] bool dialogOpens() const;
     [[nodiscard]] bool dialogsAreClosed() const;
+    // The number of the window that has the focus; waiting until one with this title has it, and
+    // until it has gone on to another window of the program.
+    [[nodiscard]] static QString focusedWindow();
+    [[nodiscard]] static bool windowOpens(const QString& title);
+    [[nodiscard]] bool focusMovesFrom(const QString& window) const;
 
     // Input, in pixels of the screen. Keys have xdotool's names: "Return", "ctrl+a".
     void click(QPoint place, int button = 1) const;
@@ -46,6 +51,7 @@ public:
 
 private:
     [[nodiscard]] bool isMainFocused() const;
+    [[nodiscard]] QStringList visibleWindows() const;
 
     QProcess m_program;
     QString m_mainWindow; // its number
