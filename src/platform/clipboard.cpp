@@ -2,12 +2,14 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImageReader>
 
 namespace platform {
 
 namespace {
 
-constexpr qsizetype kMostBytes = qsizetype(512) << 20;
+constexpr int kMostMegabytes = 512;
+constexpr qsizetype kMostBytes = qsizetype(kMostMegabytes) << 20;
 
 } // namespace
 
@@ -31,6 +33,8 @@ void setClipboardText(const QString& text)
 
 std::optional<Picture> clipboardPicture()
 {
+    // Another program's picture comes as a file that the toolkit decodes.
+    QImageReader::setAllocationLimit(kMostMegabytes);
     QImage image = QGuiApplication::clipboard()->image();
     // The picture made of it takes four bytes a pixel.
     const qsizetype bytes = qsizetype(image.width()) * image.height() * 4;
