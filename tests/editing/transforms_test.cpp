@@ -119,6 +119,35 @@ TEST(Transforms, AverageManyRowsAtOnce)
     }
 }
 
+TEST(Transforms, AverageManyRowsOfWhichOneIsShared)
+{
+    for (const int height : {3, 5, 15, 17, 19, 21, 33, 35, 37, 101, 999}) {
+        const auto level = [height](int y) { return y * 255 / (height - 1); };
+        const QImage rows =
+            imageOf(3, height, [&](int, int y) { return qRgb(level(y), 255 - level(y), 77); });
+        const int middle = height / 2;
+        double sum = level(middle) / 2.0;
+        for (int y = 0; y < middle; ++y) {
+            sum += level(y);
+        }
+        const double mean = sum / (middle + 0.5);
+        const QImage two = editing::scaledTo(rows, QSize(3, 2));
+        EXPECT_NEAR(qRed(two.pixel(1, 0)), mean, 1) << height;
+        EXPECT_NEAR(qGreen(two.pixel(1, 0)), 255 - mean, 1) << height;
+        EXPECT_NEAR(qGreen(two.pixel(1, 1)), mean, 1.5) << height;
+        EXPECT_EQ(qBlue(two.pixel(2, 1)), 77) << height;
+    }
+}
+
+TEST(Transforms, KeepTheBrightestRowsWhenTheyAverage)
+{
+    for (const int height : {2, 8, 9, 10, 16, 18, 300}) {
+        const QImage white = test::filled(5, height, qRgb(255, 255, 255));
+        expectPixels(editing::scaledTo(white, QSize(5, 1)),
+                     test::filled(5, 1, qRgb(255, 255, 255)));
+    }
+}
+
 TEST(Transforms, RefuseSizesThatNoPictureHas)
 {
     const QImage image = numbered(10, 10);
