@@ -20,6 +20,15 @@ bool WindowRegistry::hasFactory(const QString& name) const
     return m_factories.contains(name);
 }
 
+QStringList WindowRegistry::names() const
+{
+    QStringList names;
+    for (const auto& [name, factory] : m_factories) {
+        names.append(name);
+    }
+    return names;
+}
+
 QWidget* WindowRegistry::find(const QString& name) const
 {
     const auto found = m_windows.find(name);

@@ -24,6 +24,7 @@ public:
 
     void add(const QString& name, Factory factory);
     [[nodiscard]] bool hasFactory(const QString& name) const;
+    [[nodiscard]] QStringList names() const; // of all that have a factory, in order
 
     // The loaded window, made if needed; null without a factory.
     QWidget* load(const QString& name);

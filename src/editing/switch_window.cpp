@@ -8,6 +8,7 @@
 #include "platform/subfolders.h"
 #include "widgets/focus_field.h"
 #include "widgets/title_strip.h"
+#include "widgets/window_parts.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -30,6 +31,7 @@ QListWidget* makeList(const char* name, const QString& accessibleName)
     auto* list = new QListWidget;
     list->setObjectName(QLatin1String(name));
     list->setAccessibleName(accessibleName);
+    widgets::nameScrollBars(*list);
     list->setMinimumSize(kListWidth, kListHeight);
     list->setUniformItemSizes(true);
     return list;
@@ -64,6 +66,7 @@ void FrmSwitch::buildControls()
     m_drives = new QComboBox;
     m_drives->setObjectName(QStringLiteral("Drive1"));
     m_drives->setAccessibleName(tr("Drive"));
+    widgets::nameDropDown(*m_drives, tr("Drives"));
     m_folders = makeList("Dir1", tr("Folders"));
     m_files = makeList("Filelist", tr("Files"));
     m_path = makeField("Text1", tr("Path of the program"));

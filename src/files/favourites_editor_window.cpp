@@ -32,6 +32,9 @@ FavortiesModi::FavortiesModi()
     m_paths->setObjectName(QStringLiteral("lstdata"));
     m_paths->setAccessibleName(QStringLiteral("Paths of the entries"));
     m_paths->hide();
+    for (QListWidget* list : {m_names, m_paths}) {
+        widgets::nameScrollBars(*list);
+    }
 
     QPushButton* remove =
         widgets::makeButton(*this, QStringLiteral("chameleonButton1"), QStringLiteral("&Delete"));

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QEvent>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
 #include <set>
@@ -95,6 +96,9 @@ FolderTreeWidget::FolderTreeWidget(QWidget* parent)
 {
     setObjectName(QStringLiteral("FolderTree"));
     setAccessibleName(QStringLiteral("Folders"));
+    verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll the folders up and down"));
+    horizontalScrollBar()->setAccessibleName(QStringLiteral("Scroll the folders sideways"));
+    header()->setAccessibleName(QStringLiteral("Heading of the folders"));
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);

@@ -1,5 +1,7 @@
 #include "shell/file_name_field.h"
 
+#include "widgets/window_parts.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -19,6 +21,7 @@ FileNameField::FileNameField(QWidget* parent)
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(12);
     lineEdit()->setAccessibleName(QStringLiteral("File name"));
+    widgets::nameDropDown(*this, QStringLiteral("Recent paths"));
     // Else leaving the field would choose the entry that its text happens to equal.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(this, &QComboBox::activated, this, [this] { emit chosen(); });

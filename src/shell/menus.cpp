@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QChildEvent>
 #include <QMenuBar>
+#include <QToolButton>
 
 namespace shell {
 
@@ -46,6 +47,26 @@ QString withKey(const QString& caption, const char* keyText)
                               : caption + QLatin1Char('\t') + QString::fromLatin1(keyText);
 }
 
+// A caption as it is read out, without the mark of its access key.
+QString spoken(QString caption)
+{
+    return caption.remove(QLatin1Char('&'));
+}
+
+// The button of a bar that is too narrow for its menus, and what it opens. The bar takes the menu
+// that it finds there.
+void nameOverflow(QMenuBar& bar)
+{
+    const QString name = QStringLiteral("More menus");
+    auto* menu = new QMenu(&bar);
+    menu->setAccessibleName(name);
+    for (QToolButton* button : bar.findChildren<QToolButton*>()) {
+        button->setAccessibleName(name);
+        button->setToolTip(name);
+        button->setMenu(menu);
+    }
+}
+
 } // namespace
 
 Menus::Menus(QWidget& owner, Trigger trigger)
@@ -55,6 +76,9 @@ Menus::Menus(QWidget& owner, Trigger trigger)
     m_bar->setObjectName(QString::fromLatin1(kMenuBar));
     m_bar->setAccessibleName(QStringLiteral("Menu"));
     m_style.applyTo(*m_bar);
+    nameOverflow(*m_bar);
+    makeMenu(owner, QString::fromLatin1(kRightMenu))
+        ->setAccessibleName(QStringLiteral("Commands for the picture"));
     for (const MenuRow& row : menuRows()) {
         const QString menuName = QString::fromLatin1(row.menu);
         const QString caption = QString::fromLatin1(row.caption);
@@ -66,7 +90,9 @@ Menus::Menus(QWidget& owner, Trigger trigger)
         }
         action->setCheckable(row.check == Check::Toggles);
         if (row.opens != nullptr) {
-            action->setMenu(makeMenu(owner, QString::fromLatin1(row.opens)));
+            QMenu* opened = makeMenu(owner, QString::fromLatin1(row.opens));
+            opened->setAccessibleName(spoken(caption));
+            action->setMenu(opened);
         }
         if (row.run != nullptr) {
             QObject::connect(action, &QAction::triggered, &owner,
@@ -124,7 +150,6 @@ QMenu* Menus::makeMenu(QWidget& owner, const QString& name)
     if (menu == nullptr) {
         menu = new QMenu(&owner);
         menu->setObjectName(QStringLiteral("menu_") + name);
-        menu->setAccessibleName(name);
         m_style.applyTo(*menu);
     }
     return menu;

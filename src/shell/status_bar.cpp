@@ -37,6 +37,14 @@ QColor qtColour(base::Colour colour)
             static_cast<int>(base::blueOf(value))};
 }
 
+// What a screen reader says of a panel: its name replaces the text, so it has to hold that.
+QString spoken(std::size_t panel, const QString& text)
+{
+    const QString name = QString::fromLatin1(kShapes.at(panel).name);
+    const QString value = text.simplified();
+    return value.isEmpty() ? name : name + QStringLiteral(": ") + value;
+}
+
 } // namespace
 
 PanelBar::PanelBar(QWidget* parent)
@@ -49,7 +57,7 @@ PanelBar::PanelBar(QWidget* parent)
         auto* label = new QLabel(this);
         label->setTextFormat(Qt::PlainText);
         label->setObjectName(QStringLiteral("StateBar_%1").arg(i + 1));
-        label->setAccessibleName(QString::fromLatin1(kShapes[i].name));
+        label->setAccessibleName(spoken(i, QString()));
         label->setTextInteractionFlags(Qt::NoTextInteraction);
         label->setMinimumWidth(1);
         if (kShapes[i].longest != nullptr) {
@@ -90,6 +98,7 @@ void PanelBar::setPanel(core::Panel panel, const QString& text)
     m_texts[index] = text;
     // Half of a pair can stand in a file name and has no picture; it is shown as a box.
     m_labels[index]->setText(text);
+    m_labels[index]->setAccessibleName(spoken(index, text));
 }
 
 QString PanelBar::panel(core::Panel panel) const

@@ -1,9 +1,13 @@
 #include "widgets/window_parts.h"
 
+#include "widgets/chameleon_button.h"
 #include "widgets/focus_field.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace widgets {
@@ -34,6 +38,27 @@ QPushButton* makeButton(QWidget& window, const QString& name, const QString& cap
     button->setObjectName(name);
     button->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
     return button;
+}
+
+void nameScrollBars(QAbstractScrollArea& area)
+{
+    area.verticalScrollBar()->setAccessibleName(QStringLiteral("Scroll up and down"));
+    area.horizontalScrollBar()->setAccessibleName(QStringLiteral("Scroll sideways"));
+}
+
+void nameDropDown(QComboBox& box, const QString& accessibleName)
+{
+    box.view()->setAccessibleName(accessibleName);
+    nameScrollBars(*box.view());
+}
+
+void pressOnReturn(chameleonButton& button)
+{
+    QObject::connect(&button, &chameleonButton::KeyDown, &button, [&button](int key) {
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            button.click();
+        }
+    });
 }
 
 void addButtonRow(QVBoxLayout& column, std::initializer_list<QPushButton*> buttons)
