@@ -89,6 +89,7 @@ private:
     void unloadPane();
     void enableButtons(bool enabled);
 
+    bool handleTileKey(const QKeyEvent& event);
     void showTilesFile(int index, const QString& path);
     void openTilesFile(int index, const QString& path);
 

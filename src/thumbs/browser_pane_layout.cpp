@@ -7,10 +7,13 @@
 #include "thumbs/thumbnail_list.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/colour_conversion.h"
+#include "widgets/focus_ring.h"
 #include "widgets/scaled_picture.h"
 #include "widgets/title_strip.h"
+#include "widgets/window_parts.h"
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -102,6 +105,10 @@ void frmThumbnaillist::makeParts()
     m_list = new ThumbNailList(this);
     m_list->setObjectName("ThumbNailList1");
     m_list->setAccessibleName(tr("Thumbnails"));
+    // By Tab only: a click on a tile leaves the keys with the picture.
+    m_list->setFocusPolicy(Qt::TabFocus);
+    m_list->installEventFilter(this);
+    new widgets::FocusRing(*m_list); // a child of the list
     connect(m_list, &ThumbNailList::ThumbClick, this, &frmThumbnaillist::showTilesFile);
     connect(m_list, &ThumbNailList::ThumbDblClick, this, &frmThumbnaillist::openTilesFile);
     m_grip = new thumbs::PaneGrip(this);
@@ -121,12 +128,13 @@ void frmThumbnaillist::makeButtons()
         button->setColorScheme(kOwnColours);
         button->setBackColor(kPaneColour);
         button->setBackOver(kButtonOver);
-        button->setShowFocusRect(false);
+        button->setShowFocusRect(true);
         const QString picture = QStringLiteral("Images/toolbar/%1.png").arg(row.picture);
         button->setPictureNormal(widgets::ScaledPicture::fromFile(platform::appFile(picture)));
         button->setToolTip(tr(row.text));
         button->setAccessibleName(tr(row.text));
         button->setFocusPolicy(Qt::TabFocus);
+        widgets::pressOnReturn(*button);
         connect(button, &QAbstractButton::clicked, this, [this, index] { pressButton(index); });
         m_buttons[place] = button;
     }
@@ -236,6 +244,9 @@ bool frmThumbnaillist::eventFilter(QObject* watched, QEvent* event)
         static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
         popUpTools();
         return true;
+    }
+    if (watched == m_list && event->type() == QEvent::KeyPress) {
+        return handleTileKey(*static_cast<QKeyEvent*>(event));
     }
     return QWidget::eventFilter(watched, event);
 }

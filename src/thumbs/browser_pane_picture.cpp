@@ -4,6 +4,38 @@
 #include "platform/picture_loader.h"
 #include "platform/pointer.h"
 #include "thumbs/browser_pane.h"
+#include "thumbs/thumbnail_list.h"
+#include "thumbs/tile_keys.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <algorithm>
+
+// Keys on the thumbnails are presses and double clicks on tiles. After a double click nothing is
+// selected any more, so Return presses the tile first, as the pointer would.
+bool frmThumbnaillist::handleTileKey(const QKeyEvent& event)
+{
+    const int key = event.key();
+    const int selected = m_list->selectedTile();
+    const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (opens || key == Qt::Key_Space) {
+        const QPointer<ThumbNailList> alive = m_list;
+        if (!opens || m_list->selection().path.isEmpty()) {
+            m_list->pressTile(std::max(selected, 0));
+        }
+        if (opens && alive != nullptr) {
+            m_list->doubleClickTile();
+        }
+        return true;
+    }
+    const thumbs::TileGrid& grid = m_list->state().grid;
+    const auto tile = thumbs::tileAfterKey(
+        key, selected, {m_list->tilesShown(), grid.columns, grid.tilesPerPage()});
+    if (tile) {
+        m_list->pressTile(*tile);
+    }
+    return tile.has_value();
+}
 
 // A tile was clicked: its picture goes to the viewer, and the list steps on from there. A file that
 // can't be loaded leaves what the viewer holds; all the rest follows the file just the same.

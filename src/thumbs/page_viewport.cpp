@@ -32,10 +32,14 @@ void PageViewport::setSheetLeft(int left)
     }
 }
 
+QRect PageViewport::tilePlace(int page, const TileBox& box) const
+{
+    return box.rect().translated(m_sheetPosition + m_sheet.stack().pageRect(page).topLeft());
+}
+
 void PageViewport::updateTile(int page, const TileBox& box)
 {
-    const QPoint corner = m_sheetPosition + m_sheet.stack().pageRect(page).topLeft();
-    update(box.rect().translated(corner));
+    update(tilePlace(page, box));
 }
 
 void PageViewport::paintEvent(QPaintEvent* event)

@@ -19,6 +19,9 @@ public:
     void setSheetTop(int top);
     void setSheetLeft(int left);
 
+    // Where a tile stands in the viewport, or beyond its edges.
+    [[nodiscard]] QRect tilePlace(int page, const TileBox& box) const;
+
     // Shows what changed on a page.
     void updateTile(int page, const TileBox& box);
 

@@ -4,7 +4,8 @@
 
 namespace thumbs {
 
-// The bar between folder tree and thumbnails. It tells where it is dragged to; what that means, and
+// The bar between folder tree and thumbnails, moved by the pointer or by Up, Down, Home and End. It
+// tells where it is dragged to; what that means, and
 // where the bar ends up, is the pane's business.
 class PaneSplitter : public QWidget {
     Q_OBJECT
@@ -13,9 +14,12 @@ public:
     explicit PaneSplitter(QWidget* parent);
 
 signals:
-    void dropped(); // the button was released
+    void dropped(); // the button was released, or a key has moved the bar
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -28,7 +32,7 @@ private:
     int m_startY = 0; // inside the bar
 };
 
-// The edge that changes the pane's width.
+// The edge that changes the pane's width, by the pointer or by Left, Right, Home and End.
 class PaneGrip : public QWidget {
     Q_OBJECT
 
@@ -39,6 +43,9 @@ signals:
     void widthWanted(int pixels);
 
 protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include "core/constants.h"
 #include "platform/system_memory.h"
+#include "thumbs/accessible_parts.h"
 #include "thumbs/frame_layout.h"
 #include "thumbs/gallery_run.h"
 #include "thumbs/info_bar.h"
@@ -30,6 +31,7 @@ ThumbNailList::ThumbNailList(QWidget* parent, Use use)
     , m_use(use)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    thumbs::installAccessibleParts();
     makeParts();
     m_files.setPattern(core::kPicturePattern);
     m_files.onPathChange([this] { followPathChange(); });

@@ -86,6 +86,15 @@ public:
     void PrintPicture();
     void setPrintLayout(std::function<void(ThumbNailList&)> layout);
 
+    // The same as a press in the middle of a tile, which comes into sight, and as a double click.
+    // Whoever listens may take the control away.
+    void pressTile(int row);
+    void doubleClickTile();
+    // The row of the tile pressed last since the folder was shown, -1 for none.
+    [[nodiscard]] int selectedTile() const;
+    // Files that have their tile; they are the first ones of the folder.
+    [[nodiscard]] int tilesShown() const;
+
     // Decodes a file with the program's own readers into P_load, by way of "temp.bmp".
     void openPsd(const QString& path);
 
@@ -143,6 +152,7 @@ private:
     void stopRunningLoop();
     void pressPage(int page, QPoint place);
     void doubleClickPage(int page);
+    void bringIntoSight(const thumbs::TileRow& tile);
     void drawHighlight(int page, int row, base::Colour colour);
     [[nodiscard]] std::vector<thumbs::TileBox> tilesOfFirstPage() const;
 

@@ -1,7 +1,11 @@
+#include "thumbs/accessible_parts.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/thumbnail_list.h"
+#include "thumbs/tile_keys.h"
 
 #include <QPointer>
+#include <QScrollBar>
+#include <algorithm>
 
 void ThumbNailList::pressPage(int page, QPoint place)
 {
@@ -14,8 +18,9 @@ void ThumbNailList::pressPage(int page, QPoint place)
     if (!row) {
         return;
     }
-    m_selection = {m_state.ThumbTable.filledRow(*row)->path, *row, *row, page};
+    m_selection = {m_state.ThumbTable.filledRow(*row)->path, *row, *row, page, true};
     drawHighlight(page, *row, m_values.ThumbNailSelectColor);
+    thumbs::announceTile(*this, *row);
     emit ThumbClick(m_selection.index, QString(m_selection.path));
 }
 
@@ -29,6 +34,41 @@ void ThumbNailList::doubleClickPage(int /*page*/)
     if (alive != nullptr) {
         m_selection.path.clear();
     }
+}
+
+void ThumbNailList::pressTile(int row)
+{
+    const thumbs::TileRow* tile = m_state.ThumbTable.filledRow(row);
+    if (tile == nullptr) {
+        return;
+    }
+    bringIntoSight(*tile);
+    pressPage(tile->page, tile->box.rect().center());
+}
+
+void ThumbNailList::doubleClickTile()
+{
+    doubleClickPage(m_selection.page);
+}
+
+int ThumbNailList::selectedTile() const
+{
+    return m_selection.made ? m_selection.tile : thumbs::kNoTile;
+}
+
+int ThumbNailList::tilesShown() const
+{
+    return std::min(m_state.ThumbTable.firstUnfilledRow(), m_files.count());
+}
+
+// No further than it takes; a tile taller than the viewport shows its top.
+void ThumbNailList::bringIntoSight(const thumbs::TileRow& tile)
+{
+    const QRect place =
+        tile.box.grown(1).rect().translated(m_sheet.stack().pageRect(tile.page).topLeft());
+    const int highest = place.bottom() + 1 - viewportSize().height();
+    const int value = std::min(std::max(m_scroll->value(), highest), place.top());
+    m_scroll->setValue(value);
 }
 
 void ThumbNailList::drawHighlight(int page, int row, base::Colour colour)

@@ -16,6 +16,13 @@ void TileTable::fill(int row, const TileBox& box, const QString& path, int page)
     }
 }
 
+int TileTable::firstUnfilledRow() const
+{
+    const auto unfilled =
+        std::find_if(m_rows.begin(), m_rows.end(), [](const TileRow& row) { return !row.filled; });
+    return static_cast<int>(unfilled - m_rows.begin());
+}
+
 const TileRow* TileTable::filledRow(int row) const
 {
     if (row < 0 || row >= rows()) {

@@ -24,6 +24,7 @@ public:
     void resize(int files);
 
     [[nodiscard]] int rows() const { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] int firstUnfilledRow() const; // what rows() says when all are filled
     void fill(int row, const TileBox& box, const QString& path, int page);
 
     // The row if its file got a tile, else null.
@@ -42,6 +43,7 @@ struct Selection {
     int index = 0; // row of the table
     int tile = 0;  // row whose highlight is on the page; the same number
     int page = 0;
+    bool made = false; // since the folder was shown
 };
 
 } // namespace thumbs

@@ -1,99 +1,19 @@
 #include "thumbs/browser_pane.h"
 
 #include "base/twips.h"
-#include "core/state.h"
 #include "core/window_registry.h"
-#include "gallery_fixture.h"
+#include "pane_fixture.h"
 #include "platform/folder_tree.h"
 #include "platform/pointer.h"
 #include "platform/registry.h"
 #include "thumbs/pane_layout.h"
-#include "widgets/chameleon_button.h"
 #include "widgets/title_strip.h"
 
 #include <QSignalSpy>
 #include <QTest>
-#include <memory>
 
 constexpr int kWidth = base::pixelsFromTwips(thumbs::kPaneDefaultWidth);
 constexpr int kInner = kWidth - 5; // beside the grip
-
-// A pane in a main window, with a folder of pictures a to c and another one.
-class PaneTest : public testing::Test {
-protected:
-    PaneTest()
-    {
-        m_tree.add({"pics/"});
-        for (const char* name : {"a", "b", "c"}) {
-            QImage(60, 40, QImage::Format_RGB32)
-                .save(m_tree.path(std::string("pics/") + name + ".bmp"));
-        }
-        m_tree.add({"pics/sub/x.swf", "x"});
-        m_tree.add({"other/y.swf", "y"});
-        m_config.values["SpeciFolder"] = m_tree.path("pics");
-        core::services().config = &m_config;
-        core::state() = {};
-        core::state().BrowserShown = true;
-        m_main.parentWindow = &m_form;
-        m_main.viewerHeight = 12000;
-        m_form.resize(1200, 900);
-        m_form.show();
-    }
-
-    ~PaneTest() override
-    {
-        m_pane.reset();
-        core::services().config = nullptr;
-        core::state() = {};
-    }
-
-    void load()
-    {
-        m_pane = std::make_unique<frmThumbnaillist>(&m_form);
-        QObject::connect(&list(), &ThumbNailList::ThumbPageStatus, &list(), [this] { ++m_runs; });
-    }
-
-    // Loads the pane, shows it and serves its first activation.
-    void start()
-    {
-        load();
-        m_pane->show();
-        m_pane->treeSelected(m_tree.path("pics"));
-        letEventsRun();
-    }
-
-    static void letEventsRun()
-    {
-        for (int k = 0; k < 5; ++k) {
-            QCoreApplication::processEvents();
-        }
-    }
-
-    [[nodiscard]] ThumbNailList& list() { return m_pane->ThumbNailList1(); }
-    [[nodiscard]] QWidget* part(const char* name) { return m_pane->findChild<QWidget*>(name); }
-    void press(int button) { m_pane->Tbmenub(button).click(); }
-
-    [[nodiscard]] QPoint tile(int index)
-    {
-        const thumbs::TileRow* row = list().state().ThumbTable.filledRow(index);
-        const QPoint corner = list().pages().stack().pageRect(row->page).topLeft();
-        return list().viewport().sheetPosition() + corner + row->box.rect().center();
-    }
-
-    void clickTile(int index)
-    {
-        QTest::mouseClick(&list().viewport(), Qt::LeftButton, {}, tile(index));
-    }
-
-    support::TempTree m_tree;
-    support::MemoryConfigStore m_config;
-    support::FakeMainWindow m_main;
-    support::RecordedDialogs m_dialogs;
-    support::RecordedDesktop m_desktop;
-    QWidget m_form;
-    std::unique_ptr<frmThumbnaillist> m_pane;
-    int m_runs = 0;
-};
 
 TEST_F(PaneTest, NamesItsParts)
 {

@@ -1,0 +1,196 @@
+#include "thumbs/accessible_parts.h"
+
+#include "thumbs/page_viewport.h"
+#include "thumbs/pane_splitter.h"
+#include "thumbs/thumbnail_list.h"
+
+#include <QAccessibleWidget>
+#include <QPointer>
+#include <map>
+
+namespace thumbs {
+
+namespace {
+
+class AccessibleTile : public QAccessibleInterface, public QAccessibleActionInterface {
+public:
+    AccessibleTile(ThumbNailList& list, int row)
+        : m_list(&list)
+        , m_row(row)
+    {
+    }
+
+    [[nodiscard]] bool isValid() const override { return tile() != nullptr; }
+    [[nodiscard]] QObject* object() const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(m_list.data());
+    }
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+    [[nodiscard]] QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override
+    {
+        return nullptr;
+    }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* /*child*/) const override
+    {
+        return -1;
+    }
+    [[nodiscard]] QAccessible::Role role() const override { return QAccessible::ListItem; }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name && m_list != nullptr ? m_list->File1().name(m_row)
+                                                              : QString();
+    }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+
+    [[nodiscard]] QRect rect() const override
+    {
+        const TileRow* row = tile();
+        if (row == nullptr) {
+            return {};
+        }
+        const QRect place = m_list->viewport().tilePlace(row->page, row->box);
+        return {m_list->viewport().mapToGlobal(place.topLeft()), place.size()};
+    }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        if (!isValid()) {
+            state.invalid = 1U;
+            return state;
+        }
+        const bool isSelected = m_list->selectedTile() == m_row;
+        state.focusable = 1U;
+        state.selectable = 1U;
+        state.selected = isSelected ? 1U : 0U;
+        state.focused = isSelected && m_list->hasFocus() ? 1U : 0U;
+        return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
+    }
+    [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction() && isValid()) {
+            m_list->pressTile(m_row);
+        }
+    }
+    [[nodiscard]] QStringList keyBindingsForAction(const QString& /*name*/) const override
+    {
+        return {};
+    }
+
+private:
+    [[nodiscard]] const TileRow* tile() const
+    {
+        return m_list == nullptr ? nullptr : m_list->state().ThumbTable.filledRow(m_row);
+    }
+
+    QPointer<ThumbNailList> m_list;
+    int m_row;
+};
+
+// The tiles come behind the widgets of the control.
+class AccessibleThumbnails : public QAccessibleWidget {
+public:
+    explicit AccessibleThumbnails(ThumbNailList* list)
+        : QAccessibleWidget(list, QAccessible::List)
+    {
+    }
+    ~AccessibleThumbnails() override
+    {
+        for (const auto& [row, id] : m_tiles) {
+            QAccessible::deleteAccessibleInterface(id);
+        }
+    }
+    AccessibleThumbnails(const AccessibleThumbnails&) = delete;
+    AccessibleThumbnails& operator=(const AccessibleThumbnails&) = delete;
+
+    [[nodiscard]] int widgetCount() const { return QAccessibleWidget::childCount(); }
+    [[nodiscard]] int childCount() const override { return widgetCount() + list().tilesShown(); }
+    [[nodiscard]] QAccessibleInterface* child(int index) const override
+    {
+        const int row = index - widgetCount();
+        return row < 0 ? QAccessibleWidget::child(index) : tile(row);
+    }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        for (const auto& [row, id] : m_tiles) {
+            if (QAccessible::accessibleInterface(id) == child) {
+                return widgetCount() + row;
+            }
+        }
+        return QAccessibleWidget::indexOfChild(child);
+    }
+    [[nodiscard]] QAccessibleInterface* focusChild() const override
+    {
+        return list().hasFocus() && list().selectedTile() >= 0 ? tile(list().selectedTile())
+                                                               : QAccessibleWidget::focusChild();
+    }
+
+private:
+    [[nodiscard]] ThumbNailList& list() const { return *static_cast<ThumbNailList*>(widget()); }
+
+    // Made when they are asked for and kept by the toolkit, which goes by their number.
+    [[nodiscard]] QAccessibleInterface* tile(int row) const
+    {
+        if (row >= list().tilesShown()) {
+            return nullptr;
+        }
+        const auto found = m_tiles.find(row);
+        if (found != m_tiles.end()) {
+            return QAccessible::accessibleInterface(found->second);
+        }
+        auto* const made = new AccessibleTile(list(), row); // the toolkit owns it
+        m_tiles[row] = QAccessible::registerAccessibleInterface(made);
+        return made;
+    }
+
+    mutable std::map<int, QAccessible::Id> m_tiles;
+};
+
+QAccessibleInterface* makePart(const QString& /*className*/, QObject* object)
+{
+    if (auto* list = qobject_cast<ThumbNailList*>(object)) {
+        return new AccessibleThumbnails(list); // the toolkit owns what it gets here
+    }
+    if (auto* splitter = qobject_cast<PaneSplitter*>(object)) {
+        return new QAccessibleWidget(splitter, QAccessible::Splitter);
+    }
+    if (auto* grip = qobject_cast<PaneGrip*>(object)) {
+        return new QAccessibleWidget(grip, QAccessible::Grip);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void installAccessibleParts()
+{
+    static const bool isInstalled = [] {
+        QAccessible::installFactory(makePart);
+        return true;
+    }();
+    static_cast<void>(isInstalled);
+}
+
+void announceTile(ThumbNailList& list, int row)
+{
+    if (!QAccessible::isActive()) {
+        return;
+    }
+    const auto* const reader = QAccessible::queryAccessibleInterface(&list);
+    const int widgets = reader->childCount() - list.tilesShown();
+    QAccessibleEvent event(&list, QAccessible::Focus);
+    event.setChild(widgets + row);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace thumbs
