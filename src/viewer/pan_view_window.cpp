@@ -1,6 +1,7 @@
 #include "viewer/pan_view_window.h"
 
 #include "viewer/key_codes.h"
+#include "widgets/focus_ring.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -55,7 +56,8 @@ frmPanView::frmPanView(QWidget* host)
     setObjectName("frmPanView");
     setAccessibleName(tr("Overview of the picture"));
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
+    new widgets::FocusRing(*this);
     setMouseTracking(true);
     if (host == nullptr) {
         setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);

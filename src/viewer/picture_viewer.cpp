@@ -1,6 +1,7 @@
 #include "viewer/picture_viewer.h"
 
 #include "viewer/pan_view_window.h"
+#include "widgets/focus_ring.h"
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -57,6 +58,7 @@ void cpvPicViewer::makeParts()
         connect(bar->widget, &QScrollBar::valueChanged, this,
                 [this, bar](int value) { barChanged(*bar, value); });
     }
+    m_focusRing = new widgets::FocusRing(*this);
     hideParts();
 }
 

@@ -17,6 +17,10 @@ class QPainter;
 class QScrollBar;
 class frmPanView;
 
+namespace widgets {
+class FocusRing;
+}
+
 // The zooming, scrolling control that shows a picture. It paints the visible part only, keeps two
 // bars in step, lets the left button drag the picture, and can show a small overview of the whole
 // (the pan view). Lengths are pixels; coordinates that it reports are picture pixels.
@@ -199,6 +203,7 @@ private:
 
     QWidget* m_iDst = nullptr; // children
     QWidget* m_corner = nullptr;
+    widgets::FocusRing* m_focusRing = nullptr;
     Bar m_hSB;
     Bar m_vSB;
     viewer::ViewerLayout m_layout;

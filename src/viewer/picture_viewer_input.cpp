@@ -2,6 +2,7 @@
 
 #include "viewer/key_codes.h"
 #include "viewer/pan_view_window.h"
+#include "widgets/focus_ring.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -53,6 +54,7 @@ bool cpvPicViewer::pictureEvent(QEvent* event)
 void cpvPicViewer::pictureMousePress(QMouseEvent* event)
 {
     setFocus(Qt::MouseFocusReason);
+    m_focusRing->hide();
     m_picturePressed = event->button() == Qt::LeftButton;
     const int shift = viewer::shiftState(event->modifiers());
     if (event->button() == Qt::LeftButton && shift != viewer::kControlKey) {

@@ -35,14 +35,24 @@ QPoint centredPlace(const QRect& area, QSize size, const QRect& screen)
             std::max(screen.top(), std::min(place.top(), screen.bottom() - size.height()))};
 }
 
-// The strip is made before the window's own controls, yet its box is the last that Tab reaches.
-// Widgets change places one by one: the last of a chain takes nothing from further away behind it.
-void moveToChainsEnd(QWidget& widget)
+// The stop that Tab leads to from a widget, null where the window's last one is.
+QWidget* stopBehind(const QWidget& widget)
 {
     const QWidget* window = widget.window();
-    for (QWidget* next = widget.nextInFocusChain(); next != window;) {
+    QWidget* next = widget.nextInFocusChain();
+    while (next != window && next->focusPolicy() == Qt::NoFocus) {
+        next = next->nextInFocusChain();
+    }
+    return next == window ? nullptr : next;
+}
+
+// The strip is made before the window's own controls, yet its box is the last that Tab reaches.
+// Widgets change places one by one: the last of a chain takes nothing from further away behind it.
+void moveToTabsEnd(QWidget& widget)
+{
+    for (QWidget* next = stopBehind(widget); next != nullptr;) {
         QWidget::setTabOrder(next, &widget);
-        QWidget* const following = widget.nextInFocusChain();
+        QWidget* const following = stopBehind(widget);
         if (following == next) {
             return;
         }
@@ -116,9 +126,13 @@ void StripWindow::showEvent(QShowEvent* event)
         const QRect area(main->mapToGlobal(QPoint(0, 0)), main->size());
         move(centredPlace(area, size(), screen()->availableGeometry()));
     }
-    moveToChainsEnd(*m_strip->closeBox());
+    moveToTabsEnd(*m_strip->closeBox());
     if (focusWidget() == nullptr) {
         focusNextChild();
+        // Two stops only take turns, whichever of them was made first.
+        if (focusWidget() == m_strip->closeBox()) {
+            focusNextChild();
+        }
     }
     QWidget::showEvent(event);
 }

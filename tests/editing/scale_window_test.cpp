@@ -194,9 +194,8 @@ TEST_F(ScaleWindow, MarksTheFieldThatHasTheFocus)
     core::windows().show("Form4");
     m_window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_window));
-    const QColor resting = width()->palette().color(QPalette::Base);
-    height()->setFocus();
-    width()->setFocus();
+    EXPECT_EQ(m_window->focusWidget(), width()); // the first field of the window
+    const QColor resting = height()->palette().color(QPalette::Base);
     // Red in the lowest byte of 0xD6BEB5.
     EXPECT_EQ(width()->palette().color(QPalette::Base), QColor(0xB5, 0xBE, 0xD6));
     EXPECT_EQ(width()->selectedText(), "100");

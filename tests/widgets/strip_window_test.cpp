@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -21,6 +22,7 @@ public:
         , ok(new QPushButton(this))
         , cancel(new QPushButton(this))
     {
+        content().addWidget(new QLabel(QStringLiteral("Text that takes no focus")));
         for (QWidget* part : {static_cast<QWidget*>(field), static_cast<QWidget*>(ok),
                               static_cast<QWidget*>(cancel)}) {
             content().addWidget(part);
@@ -78,6 +80,15 @@ TEST(StripWindow, StartsAtItsFirstControlAndReachesTheBoxLast)
     window.show();
     EXPECT_EQ(window.focusWidget(), window.field);
     EXPECT_EQ(window.cancel->nextInFocusChain(), window.strip().closeBox());
+}
+
+TEST(StripWindow, StartsAtItsOnlyControl)
+{
+    OpenedWindow window;
+    delete window.ok;
+    delete window.cancel;
+    window.show();
+    EXPECT_EQ(window.focusWidget(), window.field);
 }
 
 TEST(StripWindow, StandsInTheMiddleOfTheMainWindowUnlessItWasMoved)
