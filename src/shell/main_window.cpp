@@ -109,13 +109,13 @@ void Form1::buildControls()
 
 void Form1::buildFieldBand()
 {
-    auto* fieldBand = new QWidget(m_coolBar);
-    fieldBand->setObjectName(QStringLiteral("Band2"));
-    auto* row = new QHBoxLayout(fieldBand);
+    m_fieldBand = new QWidget(m_coolBar);
+    m_fieldBand->setObjectName(QStringLiteral("Band2"));
+    auto* row = new QHBoxLayout(m_fieldBand);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(4);
-    m_xiala = new shell::FileNameField(fieldBand);
-    auto* go = new QPushButton(QStringLiteral("Go"), fieldBand);
+    m_xiala = new shell::FileNameField(m_fieldBand);
+    auto* go = new QPushButton(QStringLiteral("Go"), m_fieldBand);
     go->setObjectName(QStringLiteral("goEnter"));
     go->setAccessibleName(QStringLiteral("Open the file named in the field"));
     go->setFixedWidth(44);
@@ -124,7 +124,7 @@ void Form1::buildFieldBand()
     connect(m_xiala, &shell::FileNameField::entered, this, &Form1::goEnter);
     connect(m_xiala, &shell::FileNameField::chosen, this, &Form1::clickXiala);
     connect(go, &QPushButton::clicked, this, &Form1::goEnter);
-    m_coolBar->setBand(shell::CoolBar::Band::FileName, fieldBand);
+    m_coolBar->setBand(shell::CoolBar::Band::FileName, m_fieldBand);
 }
 
 void Form1::buildStrip()
@@ -141,21 +141,10 @@ void Form1::buildStrip()
 void Form1::connectViewer()
 {
     m_viewer->setHost(this);
-    connect(m_viewer, &cpvPicViewer::KeyDown, this, [this](int code, int /*shift*/) {
-        for (const shell::KeyRow& row : shell::keyRows()) {
-            if (row.code == code) {
-                runCommand(row.need, row.run, row.index);
-                if (!m_unloaded) {
-                    m_viewer->Refresh();
-                    m_viewer->PanViewRefresh();
-                }
-                return;
-            }
-        }
-    });
+    connectKeys();
     connect(m_viewer, &cpvPicViewer::MouseDown, this, [this](int button) {
         if (button == kRightButton) {
-            openRightMenu();
+            openRightMenu(QCursor::pos());
         }
     });
     connect(m_viewer, &cpvPicViewer::Zoom, this, [this] {
@@ -178,16 +167,6 @@ void Form1::connectColourMenu()
             QTimer::singleShot(0, this, [this] { reportNoPicture(); });
         }
     });
-}
-
-void Form1::openRightMenu()
-{
-    core::ConfigStore* config = core::services().config;
-    if (config != nullptr && config->readNumber(QStringLiteral("WinState")) == 1) {
-        core::windows().show(QStringLiteral("frmMsg"));
-        return;
-    }
-    m_menus->menu(QString::fromLatin1(shell::kRightMenu))->popup(QCursor::pos());
 }
 
 void Form1::runCommand(shell::Need need, shell::Handler handler, int index)

@@ -157,11 +157,17 @@ private:
     void placeStrips();
     void placeZoomTool();
     [[nodiscard]] shell::WindowMeasures measures() const;
-    void openRightMenu();
+    void connectKeys();
+    bool runKey(int code);
+    void scrollByKey(int code);
+    void openRightMenu(const QPoint& screenPosition);
+    void selectFirstEntry();
     void checkOnly(const QString& array, int index);
     void setChecks(const char* first, int firstIndex, const char* second, int secondIndex, bool on);
     [[nodiscard]] bool isChecked(const char* array, int index) const;
 
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -170,6 +176,7 @@ private:
 
     QWidget* m_client = nullptr; // the work area below the menu bar
     shell::CoolBar* m_coolBar = nullptr;
+    QWidget* m_fieldBand = nullptr;
     shell::FileNameField* m_xiala = nullptr;
     QWidget* m_picture4 = nullptr; // strip along the bottom edge
     shell::PanelBar* m_stateBar = nullptr;

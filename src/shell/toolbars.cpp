@@ -3,6 +3,7 @@
 #include "platform/paths.h"
 #include "shell/command_table.h"
 #include "widgets/chameleon_button.h"
+#include "widgets/window_parts.h"
 
 #include <QHBoxLayout>
 
@@ -33,6 +34,7 @@ chameleonButton* makeButton(QWidget* parent, const QString& picture, const QStri
     button->setAccessibleName(tip);
     button->setFixedSize(size, size);
     button->setFocusPolicy(Qt::TabFocus);
+    widgets::pressOnReturn(*button);
     return button;
 }
 

@@ -32,7 +32,7 @@ protected:
     void forEachWindow(const std::function<void(const QString&, QWidget&)>& look)
     {
         program.run([&](Form1& form) {
-            form.display_pic();
+            form.viewer().setPicture(platform::Picture(QImage(40, 30, QImage::Format_RGB32)));
             form.Smallfrm();
             for (const QString& name : windowNames()) {
                 QWidget* window = core::windows().load(name);
