@@ -2,8 +2,13 @@
 
 #include "editing/clipboard_commands.h"
 #include "editing/edit_fixture.h"
+#include "editing/editor_handoff.h"
 #include "editing/image_commands.h"
 #include "platform/clipboard.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
 
 using test::expectPixels;
 using test::numbered;
@@ -23,6 +28,47 @@ TEST_F(Undo, BringsTheStateBeforeTheLastEditBack)
     expectPixels(shown(), image);
     expectPixels(form.orgPicture().drawnImage().flattened(), image);
     EXPECT_EQ(form.log.last(), "rebuildSizeText");
+}
+
+TEST_F(Undo, BringsThePictureBackFromEveryEdit)
+{
+    const QImage image = numbered(30, 21);
+    for (const int entry : {2, 3, 4, 5, 7}) {
+        showInViewer(image);
+        QTimer::singleShot(0, qApp, [] {
+            if (QWidget* window = core::windows().find("Form4")) {
+                window->findChild<QLineEdit*>("txtWidth")->setText("10");
+                window->findChild<QPushButton*>("cmdOk")->click();
+            }
+        });
+        editing::optImage(form, entry);
+        QCoreApplication::processEvents();
+        EXPECT_NE(shown(), image) << entry;
+        editing::undo(form);
+        expectPixels(shown(), image);
+    }
+}
+
+TEST_F(Undo, TakesBackTheLastOfSeveralEditsOnly)
+{
+    const QImage image = numbered(30, 21);
+    showInViewer(image);
+    editing::optImage(form, 2);
+    const QImage flipped = shown();
+    editing::optImage(form, 4);
+    editing::undo(form);
+    expectPixels(shown(), flipped);
+    EXPECT_NE(shown(), image);
+}
+
+TEST_F(Undo, GoesBackBehindAFilterOfTheSeparateEditor)
+{
+    const QImage image = numbered(30, 21);
+    showInViewer(image);
+    editing::runFilter(form, editing::FilterMenu::Filters, 5);
+    showInViewer(numbered(7, 7));
+    editing::undo(form);
+    expectPixels(shown(), image);
 }
 
 TEST_F(Undo, ChangesNothingTheSecondTime)
