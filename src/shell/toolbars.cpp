@@ -3,6 +3,7 @@
 #include "platform/paths.h"
 #include "shell/command_table.h"
 #include "widgets/chameleon_button.h"
+#include "widgets/focus_ring.h"
 #include "widgets/window_parts.h"
 
 #include <QHBoxLayout>
@@ -26,7 +27,7 @@ chameleonButton* makeButton(QWidget* parent, const QString& picture, const QStri
     button->setButtonType(kFlatType);
     button->setColorScheme(kColoursOfParent);
     button->setUseMaskColor(false);
-    button->setShowFocusRect(true);
+    button->setShowFocusRect(false); // it would run through the picture
     button->setPictureNormal(widgets::ScaledPicture::fromFile(
         platform::appFile(QStringLiteral("Images/toolbar/%1.png").arg(picture))));
     button->setPicturePosition(kBehindCaption);
@@ -35,6 +36,7 @@ chameleonButton* makeButton(QWidget* parent, const QString& picture, const QStri
     button->setFixedSize(size, size);
     button->setFocusPolicy(Qt::TabFocus);
     widgets::pressOnReturn(*button);
+    new widgets::FocusRing(*button); // a child of the button
     return button;
 }
 

@@ -13,6 +13,7 @@
 #include "widgets/window_parts.h"
 
 #include <QAbstractButton>
+#include <QChildEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -90,6 +91,7 @@ void frmThumbnaillist::makeParts()
     m_dir1 = new QWidget(this);
     m_dir1->setObjectName("Dir1");
     m_dir1->setAccessibleName(tr("Folders"));
+    m_dir1->installEventFilter(this);
     paintIn(*m_dir1, kPaneColour);
     m_splitter = new thumbs::PaneSplitter(this);
     m_splitter->setObjectName("Splitter");
@@ -128,13 +130,14 @@ void frmThumbnaillist::makeButtons()
         button->setColorScheme(kOwnColours);
         button->setBackColor(kPaneColour);
         button->setBackOver(kButtonOver);
-        button->setShowFocusRect(true);
+        button->setShowFocusRect(false); // it would run through the picture
         const QString picture = QStringLiteral("Images/toolbar/%1.png").arg(row.picture);
         button->setPictureNormal(widgets::ScaledPicture::fromFile(platform::appFile(picture)));
         button->setToolTip(tr(row.text));
         button->setAccessibleName(tr(row.text));
         button->setFocusPolicy(Qt::TabFocus);
         widgets::pressOnReturn(*button);
+        new widgets::FocusRing(*button); // a child of the button
         connect(button, &QAbstractButton::clicked, this, [this, index] { pressButton(index); });
         m_buttons[place] = button;
     }
@@ -244,6 +247,11 @@ bool frmThumbnaillist::eventFilter(QObject* watched, QEvent* event)
         static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
         popUpTools();
         return true;
+    }
+    if (watched == m_dir1 && event->type() == QEvent::ChildPolished) {
+        if (auto* tree = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child())) {
+            new widgets::FocusRing(*tree); // a child of the tree
+        }
     }
     if (watched == m_list && event->type() == QEvent::KeyPress) {
         return handleTileKey(*static_cast<QKeyEvent*>(event));

@@ -93,7 +93,8 @@ void FocusRing::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     drawLine(painter, rect(), kOuter);
-    drawLine(painter, rect().adjusted(1, 1, -1, -1), kInner);
+    drawLine(painter, rect().adjusted(1, 1, -1, -1), kOuter);
+    drawLine(painter, rect().adjusted(2, 2, -2, -2), kInner);
 }
 
 } // namespace widgets

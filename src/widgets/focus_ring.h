@@ -11,7 +11,7 @@ class FocusRing : public QWidget {
 public:
     explicit FocusRing(QWidget& target);
 
-    static constexpr int kWidth = 2; // pixels
+    static constexpr int kWidth = 3; // pixels
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
