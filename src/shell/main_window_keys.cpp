@@ -120,7 +120,8 @@ bool Form1::focusNextPrevChild(bool next)
     auto* pane = dynamic_cast<QWidget*>(core::services().browserPane);
     const QList<QWidget*> stops =
         shell::tabStops({m_toolbars->commands(), m_fieldBand, m_toolbars->keys(), pane, m_viewer,
-                         findChild<QWidget*>(QStringLiteral("frmPanView"))});
+                         findChild<QWidget*>(QStringLiteral("frmPanView")),
+                         findChild<QWidget*>(QStringLiteral("fastZoom"))});
     QWidget* stop = shell::neighbour(stops, focusWidget(), next);
     if (stop == nullptr) {
         return false;

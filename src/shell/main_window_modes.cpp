@@ -127,8 +127,7 @@ void Form1::placeZoomTool()
     const shell::Extent place =
         shell::zoomToolPlace(m_viewerExtent, base::twipsFromPixels(tool->width()),
                              base::twipsFromPixels(tool->height()));
-    tool->move(m_client->mapToGlobal(
-        QPoint(base::pixelsFromTwips(place.left), base::pixelsFromTwips(place.top))));
+    tool->move(base::pixelsFromTwips(place.left), base::pixelsFromTwips(place.top));
 }
 
 void Form1::zoomToolClosed()

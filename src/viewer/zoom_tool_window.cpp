@@ -4,13 +4,16 @@
 #include "core/interfaces.h"
 #include "core/services.h"
 #include "widgets/title_strip.h"
+#include "widgets/window_drag.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace {
 
@@ -20,11 +23,15 @@ constexpr int kLargestZoom = 15;
 } // namespace
 
 fastZoom::fastZoom()
-    : StripWindow(tr("Zoom"), Qt::Tool)
+    : StripWindow(tr("Zoom"), Qt::Widget)
 {
     setObjectName("fastZoom");
     makeParts();
     setFixedSize(kWidth, sizeHint().height());
+    connect(qApp, &QApplication::focusChanged, this, &fastZoom::followFocus);
+    if (parentWidget() != nullptr) {
+        parentWidget()->installEventFilter(this);
+    }
 }
 
 void fastZoom::makeParts()
@@ -49,6 +56,35 @@ void fastZoom::makeParts()
     connect(scrZoom2, &QSlider::valueChanged, this, &fastZoom::applyZoom);
 }
 
+// Coming into it makes it active, as it does a window of its own.
+void fastZoom::followFocus(const QWidget* before, const QWidget* now)
+{
+    if (now != nullptr && isAncestorOf(now) && !(before != nullptr && isAncestorOf(before))) {
+        readZoom();
+    }
+}
+
+// Else hiding it would hand the focus to whatever comes next on the main window.
+void fastZoom::setVisible(bool visible)
+{
+    core::MainWindow* mainWindow = core::services().mainWindow;
+    if (!visible && mainWindow != nullptr && isAncestorOf(window()->focusWidget())) {
+        mainWindow->viewer().giveFocus();
+    }
+    StripWindow::setVisible(visible);
+}
+
+// A smaller main window pushes it along.
+bool fastZoom::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parentWidget() && event->type() == QEvent::Resize &&
+        testAttribute(Qt::WA_Moved)) {
+        move(widgets::reachablePlace(pos(), width(), parentWidget()->width(),
+                                     parentWidget()->height()));
+    }
+    return StripWindow::eventFilter(watched, event);
+}
+
 bool fastZoom::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate) {
@@ -61,6 +97,13 @@ void fastZoom::showEvent(QShowEvent* event)
 {
     strip().applyLook();
     StripWindow::showEvent(event);
+    readZoom();
+}
+
+// Else the main window would step to another picture.
+void fastZoom::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
 }
 
 void fastZoom::closeEvent(QCloseEvent* event)

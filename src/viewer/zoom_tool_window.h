@@ -6,20 +6,26 @@ class QLabel;
 class QSlider;
 
 // The small window that sets the viewer's zoom. It finds the viewer and the status bar through the
-// main window of core::services().
+// main window of core::services(), and lies on it as a child: as a window of its own it would keep
+// the keys from the main window on desktops that give them to the last window of a group.
 class fastZoom : public widgets::StripWindow {
     Q_OBJECT
 
 public:
     fastZoom();
 
+    void setVisible(bool visible) override;
+
 protected:
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeParts();
+    void followFocus(const QWidget* before, const QWidget* now);
     void readZoom();
     void applyZoom(int factor);
 

@@ -26,13 +26,13 @@ QWidget* mainWindow()
     return form == nullptr ? nullptr : form->window();
 }
 
-// The corner of a window of a size given in the middle of an area, on the screen as a whole.
-QPoint centredPlace(const QRect& area, QSize size, const QRect& screen)
+// The corner of something of a size given in the middle of an area, within bounds as a whole.
+QPoint centredPlace(const QRect& area, QSize size, const QRect& bounds)
 {
     QRect place(QPoint(0, 0), size);
     place.moveCenter(area.center());
-    return {std::max(screen.left(), std::min(place.left(), screen.right() - size.width())),
-            std::max(screen.top(), std::min(place.top(), screen.bottom() - size.height()))};
+    return {std::max(bounds.left(), std::min(place.left(), bounds.right() - size.width())),
+            std::max(bounds.top(), std::min(place.top(), bounds.bottom() - size.height()))};
 }
 
 // The stop that Tab leads to from a widget, null where the window's last one is.
@@ -78,11 +78,16 @@ StripWindow::StripWindow(const QString& caption, Qt::WindowType type)
     m_content->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     m_content->setSpacing(kSpacing);
     layout->addLayout(m_content, 1);
+    if (!isWindow()) {
+        setAutoFillBackground(true);
+        m_strip->setDragTarget(this);
+    }
 }
 
 void StripWindow::setCaption(const QString& caption)
 {
     setWindowTitle(caption);
+    setAccessibleName(caption);
     m_strip->setCaption(caption);
 }
 
@@ -119,20 +124,28 @@ void StripWindow::paintEvent(QPaintEvent* /*event*/)
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
+void StripWindow::enterFirstStop()
+{
+    moveToTabsEnd(*m_strip->closeBox());
+    if (focusWidget() != nullptr) {
+        return;
+    }
+    focusNextChild();
+    // Two stops only take turns, whichever of them was made first.
+    if (focusWidget() == m_strip->closeBox()) {
+        focusNextChild();
+    }
+}
+
 void StripWindow::showEvent(QShowEvent* event)
 {
     const QWidget* main = parentWidget();
     if (main != nullptr && !testAttribute(Qt::WA_Moved)) {
-        const QRect area(main->mapToGlobal(QPoint(0, 0)), main->size());
-        move(centredPlace(area, size(), screen()->availableGeometry()));
+        const QRect area(isWindow() ? main->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0), main->size());
+        move(centredPlace(area, size(), isWindow() ? screen()->availableGeometry() : area));
     }
-    moveToTabsEnd(*m_strip->closeBox());
-    if (focusWidget() == nullptr) {
-        focusNextChild();
-        // Two stops only take turns, whichever of them was made first.
-        if (focusWidget() == m_strip->closeBox()) {
-            focusNextChild();
-        }
+    if (isWindow()) {
+        enterFirstStop();
     }
     QWidget::showEvent(event);
 }

@@ -1,6 +1,7 @@
 #include "core/window_registry.h"
 #include "native/native_fixture.h"
 #include "shell/menus.h"
+#include "viewer/picture_viewer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -86,6 +87,30 @@ TEST_F(RealInput, ShowsPicturesByPointerWheelAndKeys)
         key(QStringLiteral("Escape"));
         EXPECT_TRUE(waitUntil([&] { return !tileArea(form).isVisible(); }));
         EXPECT_TRUE(shows(form, kRed, kJpegSize));
+    });
+}
+
+TEST_F(RealInput, LeavesTheKeysToTheMainWindowBesideTheZoomTool)
+{
+    run([this](Form1& form) {
+        click(onScreen(pictureArea(form)).center());
+        key(QStringLiteral("F5"));
+        const auto findTool = [] { return core::windows().find(QStringLiteral("fastZoom")); };
+        ASSERT_TRUE(waitUntil([&] { return findTool() != nullptr; }));
+        const QWidget* tool = findTool();
+        ASSERT_TRUE(isUp(*tool));
+        click(onScreen(part(form, "Xiala")).center());
+        key(QStringLiteral("ctrl+a"));
+        xdotool({QStringLiteral("type"), tree.path("pics/b.jpg")});
+        key(QStringLiteral("Return"));
+        EXPECT_TRUE(shows(form, kGreen, kJpegSize));
+
+        click(onScreen(part(*tool, "scrZoom2")).center());
+        key(QStringLiteral("End"));
+        EXPECT_TRUE(waitUntil([&] { return form.cpvPicScroll1().ZoomFactor() == 15; }));
+        key(QStringLiteral("Home"));
+        EXPECT_TRUE(shows(form, kGreen, kJpegSize));
+        EXPECT_TRUE(tool->isVisible());
     });
 }
 

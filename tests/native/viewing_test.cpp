@@ -133,6 +133,9 @@ TEST_F(Viewing, SetsTheZoomByTheZoomTool)
         ASSERT_NE(tool, nullptr);
         ASSERT_TRUE(isUp(*tool));
 
+        const QPoint before = tool->pos();
+        hand::drag(part(*tool, "Picture2"), QPoint(30, 10), QPoint(-90, -40));
+        EXPECT_EQ(tool->pos(), before + QPoint(-90, -40));
         part(*tool, "scrZoom2").setFocus();
         hand::key(*tool, Qt::Key_Right);
         EXPECT_EQ(form.cpvPicScroll1().ZoomFactor(), 2);

@@ -6,11 +6,12 @@
 #include "widgets/title_strip.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QSlider>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 namespace {
@@ -52,6 +53,55 @@ TEST_F(ZoomTool, ReadsTheZoomWhenItBecomesActive)
     EXPECT_EQ(label(), "100%");
     activate(viewer::zoomReadout(15));
     EXPECT_EQ(slider()->value(), 15);
+}
+
+TEST_F(ZoomTool, BecomesActiveWhenItIsShownAndWhenTheFocusComesIntoIt)
+{
+    main.panels.setPanel(core::Panel::Zoom, "      200%");
+    main.picture.show();
+    tool->show();
+    EXPECT_EQ(slider()->value(), 2);
+    QApplication::setActiveWindow(&main.picture);
+    main.picture.giveFocus();
+    main.panels.setPanel(core::Panel::Zoom, "      500%");
+    EXPECT_EQ(slider()->value(), 2);
+    slider()->setFocus();
+    EXPECT_EQ(slider()->value(), 5);
+    // Within the tool the focus may move without that.
+    main.panels.setPanel(core::Panel::Zoom, "      600%");
+    tool->findChild<QAbstractButton*>("Max")->setFocus();
+    EXPECT_EQ(slider()->value(), 5);
+}
+
+TEST_F(ZoomTool, HandsTheFocusToThePictureWhenItGoes)
+{
+    main.picture.show();
+    tool->show();
+    QApplication::setActiveWindow(&main.picture);
+    slider()->setFocus();
+    ASSERT_TRUE(slider()->hasFocus());
+    tool->hide();
+    EXPECT_EQ(QApplication::focusWidget(), &main.picture);
+}
+
+TEST_F(ZoomTool, StaysWithinReachOnASmallerMainWindow)
+{
+    main.picture.resize(900, 700);
+    main.picture.show();
+    tool->show();
+    tool->move(600, 600);
+    main.picture.resize(400, 300);
+    EXPECT_LT(tool->x(), 400);
+    EXPECT_LT(tool->y(), 300);
+}
+
+TEST_F(ZoomTool, KeepsTheWheelToItself)
+{
+    QWheelEvent turn({5, 5}, {5, 5}, {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                     false);
+    turn.ignore();
+    QCoreApplication::sendEvent(tool, &turn);
+    EXPECT_TRUE(turn.isAccepted());
 }
 
 TEST_F(ZoomTool, StandsAtOneBeforeAnyZoom)
@@ -97,6 +147,7 @@ TEST_F(ZoomTool, HasATitleStripThatDragsIt)
     const auto* strip = tool->findChild<widgets::TitleStrip*>("Picture2");
     ASSERT_NE(strip, nullptr);
     EXPECT_TRUE(tool->windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_FALSE(tool->isWindow());
 }
 
 TEST(ZoomReadout, PutsSixBlanksBeforeThePercentage)
