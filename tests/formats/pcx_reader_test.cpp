@@ -106,6 +106,25 @@ TEST(PcxReader, CompletesAnOddWidthThoughItsLastPadByteLiesOutside)
     expectPixels(image, {1, 2, 3, 4, 5, 6});
 }
 
+TEST(PcxReader, KeepsThePaddingOfALineWhereTheNextOneBreaksOff)
+{
+    // All data stands in the palette: the first line of 380 bytes, then ten bytes that write one.
+    FileBytes file = pcxHeader(pcxFields(300, 2, 1, 380)).byte(12);
+    for (int i = 0; i < 372; ++i) {
+        file.bytes({0xC0, 0});
+    }
+    for (unsigned value = 1; value <= 6; ++value) {
+        file.bytes({0xFF, value});
+    }
+    file.bytes({0xC1, 7, 33, 0xC0, 0, 0xC0, 0, 0xC0, 0, 0xC0, 0, 0xC0});
+    std::vector<unsigned> expected(600, 0);
+    for (unsigned i = 0; i < 380; ++i) {
+        expected[i] = i == 0 ? 12 : (i - 1) / 63 + 1;
+    }
+    expected[300] = 33;
+    expectPixels(decoded(file), expected);
+}
+
 TEST(PcxReader, LeavesTheRestOfEachRowBlackWhenLinesAreShort)
 {
     const RawImage image = decoded(onePlane(4, 2, 2, FileBytes().bytes({1, 2, 3, 4})));

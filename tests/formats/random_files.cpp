@@ -169,7 +169,7 @@ FileBytes randomPcx(Engine& engine)
 {
     const auto [width, height] = anySize(engine);
     const int planes = oneOf(engine, std::array{1, 1, 1, 1, 3, 3, 3, 3, 0, 2, 4, 32});
-    const int padding = oneOf(engine, std::array{0, 0, 0, 0, 0, 1, 1, 2, 5, -1, -3});
+    const int padding = oneOf(engine, std::array{0, 0, 0, 0, 0, 1, 1, 2, 5, 80, -1, -3});
     const int bytesPerLine = oneIn(engine, 30) ? smallSide(engine) : width + padding;
     FileBytes file =
         pcxHeader(pcxFields(width, height, static_cast<unsigned>(planes), bytesPerLine));
@@ -225,6 +225,9 @@ FileBytes randomIff(Engine& engine)
 {
     const auto [width, height] = anySize(engine);
     FileBytes file = iffForm();
+    if (oneIn(engine, 20)) {
+        file.cutTo(8); // without the form's type
+    }
     if (oneIn(engine, 10)) {
         file.text("ANNO").big32(12).text(oneIn(engine, 2) ? "a BMHD in it" : "BODY or CMAP");
     }

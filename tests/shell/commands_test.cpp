@@ -618,6 +618,25 @@ TEST_F(CommandsTest, ShowAnOwnFormatAndWhatItsReaderTells)
     });
 }
 
+TEST_F(CommandsTest, FillTheGradientWithTheRowsThatAReaderTells)
+{
+    // Four raw planes of 1 by 2 pixels.
+    const std::string header("8BPS\0\1\0\0\0\0\0\0\0\4\0\0\0\2\0\0\0\1\0\10\0\3", 26);
+    program.tree.add({"pics/Two.PSD", header + std::string(14 + 8, '\0')});
+    program.run([this](Form1& form) {
+        auto* strip = form.findChild<QWidget*>(QStringLiteral("Gradient"));
+        ASSERT_NE(strip, nullptr);
+        const auto rightEnd = [strip] {
+            const QImage image = strip->grab().toImage();
+            return image.pixelColor(image.width() - 1, 0);
+        };
+        EXPECT_NE(rightEnd(), QColor(0xC0, 0xC0, 0xC0));
+        form.setXiala(program.tree.path("pics/Two.PSD"));
+        form.goEnter();
+        EXPECT_EQ(rightEnd(), QColor(0xC0, 0xC0, 0xC0));
+    });
+}
+
 TEST_F(CommandsTest, OpenTypedPathsWithoutRememberingThem)
 {
     program.run([this](Form1& form) {
