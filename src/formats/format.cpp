@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <limits>
 
 namespace {
 
@@ -25,12 +27,16 @@ constexpr std::array kFormats{
     Format{formats::isIff, formats::readIff},
 };
 
+// Positions in a file have 32 bits with a sign. Sparse files can claim any size without having it,
+// and some readers search through all of it.
+constexpr std::size_t kLargestFile = std::numeric_limits<std::int32_t>::max();
+
 } // namespace
 
 void OpenRawImage(const std::string& path, RawImage& image)
 {
     const auto file = formats::MappedFile::open(path);
-    if (!file) {
+    if (!file || file->bytes().size() > kLargestFile) {
         return;
     }
     const base::ByteReader reader(file->bytes());

@@ -135,6 +135,18 @@ TEST(BadInput, ReportsPlanesThatNoArrayHolds)
     EXPECT_EQ(recorder.messages, std::vector<std::string>{"Error Open!"});
 }
 
+TEST(BadInput, LeavesTheRecordForAFileBeyondAllPositions)
+{
+    const TemporaryFile tga(tgaHeader(1, 1).bytes({1, 2, 3}));
+    std::filesystem::resize_file(tga.path(), std::uintmax_t{1} << 31U);
+    RawImage image = markedImage();
+    OpenRawImage(tga.path(), image);
+    expectUntouched(image);
+    std::filesystem::resize_file(tga.path(), (std::uintmax_t{1} << 31U) - 1);
+    OpenRawImage(tga.path(), image);
+    expectPixels(image, {1, 2, 3});
+}
+
 TEST(BadInput, TakesThePixelsOfFilesOfAnySizeThatAreReadInPlace)
 {
     const TemporaryFile tga(tgaHeader(1, 1).bytes({1, 2, 3}));
