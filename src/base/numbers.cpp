@@ -33,6 +33,19 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
+// What stands for a number that no double can hold: 0 for one that is too small, by its exponent or
+// as a fraction without one, else infinity.
+double beyondDouble(std::string_view number)
+{
+    const bool negative = number.starts_with('-');
+    const std::size_t mark = number.find_first_of("eE");
+    const bool tiny = mark == std::string_view::npos
+                          ? number.find_first_of("123456789") > number.find('.')
+                          : number.substr(mark + 1).starts_with('-');
+    const double size = tiny ? 0 : std::numeric_limits<double>::infinity();
+    return negative ? -size : size;
+}
+
 struct ParsedNumber {
     double value = 0;
     std::size_t length = 0; // characters taken; 0 when there is no number
@@ -57,7 +70,8 @@ ParsedNumber parseNumber(std::string_view text)
         return {};
     }
     if (error == std::errc::result_out_of_range) {
-        number.value = std::numeric_limits<double>::infinity();
+        number.value =
+            beyondDouble(digits.substr(0, static_cast<std::size_t>(end - digits.data())));
     }
     number.length = static_cast<std::size_t>(end - text.data());
     return number;
@@ -166,9 +180,8 @@ std::optional<std::int16_t> roundTo16(double value)
 std::string decimalText(double value)
 {
     std::array<char, 64> buffer{};
-    const auto [end, error] =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                      std::chars_format::general, kSignificantDigits);
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                            std::chars_format::general, kSignificantDigits);
     return error == std::errc() ? std::string(buffer.data(), end) : std::string();
 }
 

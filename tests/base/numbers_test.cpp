@@ -1,6 +1,8 @@
 #include "base/numbers.h"
 
 #include <gtest/gtest.h>
+#include <limits>
+#include <string>
 
 TEST(Numbers, TakesTheLeadingDigitsOfAText)
 {
@@ -12,6 +14,17 @@ TEST(Numbers, TakesTheLeadingDigitsOfAText)
     EXPECT_EQ(base::leadingNumber("0.0"), 0);
     EXPECT_EQ(base::leadingNumber("inf"), 0);
     EXPECT_EQ(base::leadingNumber("+7"), 7);
+}
+
+TEST(Numbers, KeepsTheSignAndTheSizeOfWhatNoDoubleHolds)
+{
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(base::leadingNumber("1e999 x"), kInfinite);
+    EXPECT_EQ(base::leadingNumber("-1e999"), -kInfinite);
+    EXPECT_EQ(base::leadingNumber("1e-999"), 0);
+    EXPECT_EQ(base::leadingNumber("-1E-999"), 0);
+    EXPECT_EQ(base::leadingNumber(std::string(400, '7')), kInfinite);
+    EXPECT_EQ(base::leadingNumber("0." + std::string(400, '0') + "1"), 0);
 }
 
 TEST(Numbers, ConvertsStrictlyOrNotAtAll)
