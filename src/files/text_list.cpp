@@ -14,8 +14,10 @@ namespace {
 constexpr QLatin1Char kNameEnd('#');
 constexpr QLatin1Char kRecordEnd(';');
 
-// A count beyond this is a damaged setting; empty entries by the million would fill memory.
+// A count beyond these is a damaged setting, and each entry costs an entry of a menu.
 constexpr int kMostEntries = 100000;
+constexpr int kMostEmptyEntries = 1000; // behind the records
+constexpr double kLargestCount = 1e15;  // that is counted on from, either way
 
 // So that a damaged file without marks isn't searched to its end for each entry.
 constexpr qsizetype kLongestName = 1024;
@@ -46,12 +48,13 @@ std::optional<QString> readLine(const TextList& list)
 int storedCount(const TextList& list, const core::ConfigStore& config)
 {
     const double count = config.readNumber(list.countKey);
-    return count > kMostEntries ? kMostEntries : static_cast<int>(count);
+    return static_cast<int>(std::clamp<double>(count, 0, kMostEntries));
 }
 
 void changeCount(const TextList& list, core::ConfigStore& config, int difference)
 {
-    const auto count = static_cast<qint64>(config.readNumber(list.countKey));
+    const double stored = config.readNumber(list.countKey);
+    const auto count = static_cast<qint64>(std::clamp(stored, -kLargestCount, kLargestCount));
     config.write(list.countKey, QString::number(count + difference));
 }
 
@@ -67,18 +70,39 @@ qsizetype recordEnd(const QString& line, qsizetype from)
     return end < 0 ? line.size() : end;
 }
 
+struct Record {
+    qsizetype start;
+    qsizetype end; // the line's size where there is no record any more
+};
+
+std::vector<Record> recordsIn(const QString& line, int count)
+{
+    std::vector<Record> records;
+    qsizetype at = 0;
+    int empty = 0;
+    for (int i = 0; i < count; ++i) {
+        if (at == line.size() && ++empty > kMostEmptyEntries) {
+            break;
+        }
+        const qsizetype end = recordEnd(line, at);
+        records.push_back({at, end});
+        at = std::min(end + 1, line.size());
+    }
+    return records;
+}
+
 // The two marks are looked for each by itself and not within a record, so a name or a path that
 // holds one breaks the entries behind it.
-NamedPath entryAt(const QString& line, qsizetype from, qsizetype end)
+NamedPath entryAt(const QString& line, const Record& record)
 {
-    const QStringView near = QStringView(line).mid(from, kLongestName + 1);
+    const QStringView near = QStringView(line).mid(record.start, kLongestName + 1);
     const qsizetype nameSize = near.indexOf(kNameEnd);
-    if (nameSize < 0 || end == line.size()) {
+    if (nameSize < 0 || record.end == line.size()) {
         return {};
     }
-    const qsizetype pathStart = from + nameSize + 1;
+    const qsizetype pathStart = record.start + nameSize + 1;
     return {near.left(nameSize).toString(),
-            line.mid(pathStart, std::max<qsizetype>(end - pathStart, 0))};
+            line.mid(pathStart, std::max<qsizetype>(record.end - pathStart, 0))};
 }
 
 } // namespace
@@ -90,12 +114,8 @@ std::vector<NamedPath> readNamed(const TextList& list, const core::ConfigStore& 
     if (!line) {
         return entries;
     }
-    qsizetype at = 0;
-    const int count = storedCount(list, config);
-    for (int i = 0; i < count; ++i) {
-        const qsizetype end = recordEnd(*line, at);
-        entries.push_back(entryAt(*line, at, end));
-        at = std::min(end + 1, line->size());
+    for (const Record& record : recordsIn(*line, storedCount(list, config))) {
+        entries.push_back(entryAt(*line, record));
     }
     return entries;
 }
@@ -107,12 +127,8 @@ QStringList readPaths(const TextList& list, const core::ConfigStore& config)
     if (!line) {
         return paths;
     }
-    qsizetype at = 0;
-    const int count = storedCount(list, config);
-    for (int i = 0; i < count; ++i) {
-        const qsizetype end = recordEnd(*line, at);
-        paths.append(end < line->size() ? line->mid(at, end - at) : QString());
-        at = std::min(end + 1, line->size());
+    for (const auto& [start, end] : recordsIn(*line, storedCount(list, config))) {
+        paths.append(end < line->size() ? line->mid(start, end - start) : QString());
     }
     return paths;
 }

@@ -28,8 +28,8 @@ struct NamedPath {
     friend bool operator==(const NamedPath&, const NamedPath&) = default;
 };
 
-// As many entries as the count says; those beyond the records are empty. Nothing when the file
-// can't be opened.
+// As many entries as the count says; those beyond the records are empty, and a thousand at the
+// most. Nothing when the file can't be opened.
 std::vector<NamedPath> readNamed(const TextList& list, const core::ConfigStore& config);
 QStringList readPaths(const TextList& list, const core::ConfigStore& config);
 

@@ -15,6 +15,8 @@
 
 #include <QPointer>
 #include <QTimer>
+#include <algorithm>
+#include <cmath>
 
 using base::pixelsFromTwips;
 using base::twipsFromPixels;
@@ -25,13 +27,15 @@ constexpr int kFirstFolderButton = 1; // those that go with the folder's files
 constexpr int kLastFolderButton = 7;
 constexpr int kPixelsPerSizeEntry = 10;
 constexpr int kOtherSizeEntry = 1;
+constexpr double kEntryLimit = 1000; // no menu is that long; settings may be any number
 
 // The menu entry for a stored size; sizes that are no multiple of ten have one of their own.
 int sizeEntry(double stored)
 {
     const double entries = stored / kPixelsPerSizeEntry;
-    const bool whole = entries == static_cast<int>(entries);
-    return whole ? static_cast<int>(entries) - 1 : kOtherSizeEntry;
+    const bool whole = entries == std::trunc(entries);
+    return whole ? static_cast<int>(std::clamp(entries, -kEntryLimit, kEntryLimit)) - 1
+                 : kOtherSizeEntry;
 }
 
 int colourEntry(const QString& stored)

@@ -140,6 +140,32 @@ TEST_F(TextListTest, ReadsDamagedFilesWithoutHarm)
               (QStringList{QStringLiteral("first"), QString()}));
 }
 
+TEST_F(TextListTest, AddsAThousandEmptyEntriesAtTheMost)
+{
+    store(files::kFavourites, "a#/a;b#/b;", "1002");
+    EXPECT_EQ(readNamed(files::kFavourites, config).size(), 1002U);
+    for (const char* count : {"1003", "4294967297", "1e300"}) {
+        store(files::kFavourites, "a#/a;b#/b;", count);
+        const auto entries = readNamed(files::kFavourites, config);
+        ASSERT_EQ(entries.size(), 1002U) << count;
+        EXPECT_EQ(entries[1].path, QStringLiteral("/b"));
+        EXPECT_EQ(entries[1001], NamedPath{});
+        store(files::kRecentPaths, "/a;/b;", count);
+        EXPECT_EQ(readPaths(files::kRecentPaths, config).size(), 1002) << count;
+    }
+}
+
+TEST_F(TextListTest, CountsOnFromAnyNumber)
+{
+    store(files::kRecentPaths, "", "1e300");
+    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("1000000000000001"));
+    store(files::kRecentPaths, "", "-1e999");
+    EXPECT_TRUE(readPaths(files::kRecentPaths, config).isEmpty());
+    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("-999999999999999"));
+}
+
 TEST_F(TextListTest, EmptiesAListByWritingItAnew)
 {
     store(files::kRecentPaths, "/a;", "1");
