@@ -157,14 +157,19 @@ TEST_F(KeysTest, OpenTheirWindowsWhateverModifierIsHeld)
     });
 }
 
-TEST_F(KeysTest, PutTheCaptureIntoTheTray)
+TEST_F(KeysTest, PutTheCaptureIntoTheTrayWhateverModifierIsHeld)
 {
     program.run([](Form1& form) {
-        RunningProgram::pressKey(form, Qt::Key_F12);
-        QWidget* capture = core::windows().find(QStringLiteral("frmCaputreN"));
-        ASSERT_NE(capture, nullptr);
-        EXPECT_FALSE(capture->isVisible());
-        EXPECT_TRUE(form.isMinimized());
+        for (const Qt::KeyboardModifier held :
+             {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier}) {
+            RunningProgram::pressKey(form, Qt::Key_F12, held);
+            QWidget* capture = core::windows().find(QStringLiteral("frmCaputreN"));
+            ASSERT_NE(capture, nullptr) << held;
+            EXPECT_FALSE(capture->isVisible()) << held;
+            EXPECT_TRUE(form.isMinimized()) << held;
+            core::windows().unload(QStringLiteral("frmCaputreN"));
+            form.setWindowState(Qt::WindowMaximized);
+        }
     });
 }
 

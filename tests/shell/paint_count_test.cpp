@@ -181,3 +181,22 @@ TEST_F(PaintCountTest, SwitchingPanViewAndZoomToolPaintsTheViewerOnceAtTheMost)
         }
     });
 }
+
+TEST_F(PaintCountTest, AnOpenPanViewAndZoomToolMakeNoFurtherPaints)
+{
+    run([this](Form1& form, PaintRecorder& recorder) {
+        form.Smallfrm();
+        form.fastZoomshow();
+        recorder.record([] {});
+        for (int twice = 0; twice < 2; ++twice) {
+            recorder.record([&] { RunningProgram::trigger(form, "optTools", 3); });
+            recorder.expectSinglePass("mode");
+            EXPECT_EQ(recorder.count(picture(form)), 1);
+            const int width = twice == 0 ? 1200 : 1600;
+            program.desktop.area = QRect(0, 0, width, 900);
+            recorder.record([&] { form.resize(width / 2, 450); });
+            recorder.expectSinglePass("resize");
+            EXPECT_EQ(recorder.count(picture(form)), 1);
+        }
+    });
+}
