@@ -5,7 +5,31 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+// Reads behind the end of a file that is mapped without a guard. Comes back if the fault was
+// mended.
+void readForeignMapping(const std::string& path)
+{
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const auto* bytes =
+        static_cast<const volatile char*>(::mmap(nullptr, 100000, PROT_READ, MAP_PRIVATE, file, 0));
+    static_cast<void>(bytes[90000]);
+}
+
+bool endedBadly(int status)
+{
+    return !WIFEXITED(status) || WEXITSTATUS(status) != 0;
+}
+
+} // namespace
 
 TEST(MappedFile, ShowsTheBytesOfTheFile)
 {
@@ -50,4 +74,31 @@ TEST(MappedFile, PutsTheFormerHandlerBack)
     struct sigaction after = {};
     ::sigaction(SIGBUS, nullptr, &after);
     EXPECT_EQ(after.sa_sigaction, before.sa_sigaction);
+}
+
+TEST(MappedFile, LeavesFaultsOfOtherMappingsToTheFormerHandler)
+{
+    const TemporaryFile guarded(FileBytes().fill(300000, 7));
+    const TemporaryFile foreign(FileBytes().fill(10, 7));
+    EXPECT_EXIT(
+        {
+            const auto file = formats::MappedFile::open(guarded.path());
+            readForeignMapping(foreign.path());
+            std::_Exit(0);
+        },
+        endedBadly, "");
+}
+
+TEST(MappedFile, OpensFourFilesAtATime)
+{
+    const TemporaryFile onDisk(FileBytes().bytes({1, 2, 3}));
+    const auto first = formats::MappedFile::open(onDisk.path());
+    const auto second = formats::MappedFile::open(onDisk.path());
+    const auto third = formats::MappedFile::open(onDisk.path());
+    {
+        const auto fourth = formats::MappedFile::open(onDisk.path());
+        EXPECT_TRUE(first && second && third && fourth);
+        EXPECT_FALSE(formats::MappedFile::open(onDisk.path()));
+    }
+    EXPECT_TRUE(formats::MappedFile::open(onDisk.path()));
 }
