@@ -2,6 +2,7 @@
 
 #include "platform/pump.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QTimer>
@@ -9,6 +10,19 @@
 #include <utility>
 
 namespace core {
+
+namespace {
+
+// A window manager that sees two windows close at once may leave none active.
+void giveActivityBack(QWidget* owner)
+{
+    if (owner != nullptr && owner->isVisible() && QApplication::activeModalWidget() == nullptr &&
+        !platform::isClosing()) {
+        owner->activateWindow();
+    }
+}
+
+} // namespace
 
 void WindowRegistry::add(const QString& name, Factory factory)
 {
@@ -67,6 +81,7 @@ QWidget* WindowRegistry::show(const QString& name, ShowMode mode)
         window->raise();
         return window;
     }
+    const QPointer<QWidget> owner = window->parentWidget();
     QEventLoop loop;
     window->setWindowModality(Qt::ApplicationModal);
     window->show();
@@ -75,6 +90,7 @@ QWidget* WindowRegistry::show(const QString& name, ShowMode mode)
     while (window != nullptr && window->isVisible() && !platform::isClosing()) {
         loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
+    giveActivityBack(owner);
     return window;
 }
 
