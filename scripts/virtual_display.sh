@@ -45,18 +45,19 @@ startVirtualDisplay() {
     done
 }
 
-# startWeston WxH [HOST]. HOST is headless (what it is without one), where nobody can touch pointer or
+# startWeston WxH [HOST [SCALE]]. The size is counted in units of SCALE pixels. HOST is headless (what it is without one), where nobody can touch pointer or
 # keys, or x11: over the whole of startXServer's display, which has to be as large. It lives in
 # XDG_RUNTIME_DIR, paints without a GPU and lets weston-screenshooter look at the screen, which
 # belongs to the windows alone: there is no panel.
 startWeston() {
-    local size=${1:-1280x800} host=${2:-headless} name=vistara-display
+    local size=${1:-1280x800} host=${2:-headless} scale=${3:-1} name=vistara-display
     local socket=$XDG_RUNTIME_DIR/$name
     printf '%s\n' '[core]' 'idle-time=0' '[shell]' 'panel-position=none' 'locking=false' \
         'animation=none' 'startup-animation=none' 'close-animation=none' \
         >"$XDG_RUNTIME_DIR/weston.ini"
     weston --backend="$host-backend.so" --use-pixman --debug --socket=$name \
-        --width="${size%x*}" --height="${size#*x}" --config="$XDG_RUNTIME_DIR/weston.ini" \
+        --width="${size%x*}" --height="${size#*x}" --scale="$scale" \
+        --config="$XDG_RUNTIME_DIR/weston.ini" \
         >/dev/null 2>&1 &
     virtual_display_pids+=($!)
     trap endVirtualDisplay EXIT

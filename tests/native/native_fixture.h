@@ -17,7 +17,7 @@ namespace native {
 
 // Runs the whole program in this process on the display system that the process was started on,
 // with the delivered pictures, the real dialogs and a folder of three pictures. The screen is
-// looked at as its user sees it, at one pixel for each unit of length.
+// looked at as its user sees it.
 class NativeTest : public testing::Test {
 protected:
     void SetUp() override;

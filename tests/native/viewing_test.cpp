@@ -43,7 +43,7 @@ TEST_F(Viewing, ShowsTheTileClickedAndItsNeighbours)
         QWidget& tiles = tileArea(form);
         hand::click(tiles, placeOf(tiles, kGreen));
         EXPECT_TRUE(showsAlone(form, kGreen, kJpegSize));
-        EXPECT_TRUE(textAppears(onScreen(part(form, "StateBar")), QStringLiteral("b.jpg")));
+        EXPECT_EQ(form.StateBar().panel(core::Panel::FileName).trimmed(), QStringLiteral("b.jpg"));
 
         hand::wheel(pictureArea(form), 1);
         EXPECT_TRUE(showsAlone(form, kBlue, kPcxSize));
@@ -62,7 +62,7 @@ TEST_F(Viewing, ShowsThePictureWhosePathIsTyped)
     run([this](Form1& form) {
         openByPath(form, tree.path("pics/a.jpg"));
         EXPECT_TRUE(showsAlone(form, kRed, kJpegSize));
-        EXPECT_TRUE(textAppears(onScreen(part(form, "StateBar")), QStringLiteral("a.jpg")));
+        EXPECT_EQ(form.StateBar().panel(core::Panel::FileName).trimmed(), QStringLiteral("a.jpg"));
     });
 }
 

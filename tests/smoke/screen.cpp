@@ -85,11 +85,12 @@ QImage shotByWeston()
 
 QImage screen()
 {
-    if (QGuiApplication::platformName() == QLatin1String("wayland")) {
-        return shotByWeston();
-    }
-    return QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(
-        QImage::Format_RGB32);
+    QScreen* const whole = QGuiApplication::primaryScreen();
+    const bool wayland = QGuiApplication::platformName() == QLatin1String("wayland");
+    const QImage shot = wayland
+                            ? shotByWeston()
+                            : whole->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
+    return shot.scaled(shot.size() / whole->devicePixelRatio());
 }
 
 bool waitUntil(const std::function<bool()>& condition)

@@ -11,6 +11,7 @@
 // What stands on the screen of this process, as a user sees it.
 namespace smoke {
 
+// One pixel for each unit of length; of a sharper screen only some of the pixels.
 [[nodiscard]] QImage screen();
 
 // Looks again and again until the condition holds; false when it didn't within the time that a
