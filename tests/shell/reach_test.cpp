@@ -251,6 +251,29 @@ TEST_F(ReachTest, TabGoesThroughTheWindowAsItIsRead)
     });
 }
 
+// The zoom tool takes no keys when it is shown, so that those of the viewer go on acting.
+TEST_F(ReachTest, TheZoomToolWorksByKeys)
+{
+    program.run([](Form1& form) {
+        activate(form);
+        form.viewer().setPicture(platform::Picture(QImage(40, 30, QImage::Format_RGB32)));
+        form.viewer().giveFocus();
+        press(Qt::Key_F5);
+        EXPECT_EQ(focusName(), QStringLiteral("cpvPicScroll1"));
+        part(form, "Tbmenu_0").setFocus(Qt::TabFocusReason);
+        press(Qt::Key_Backtab);
+        ASSERT_EQ(focusName(), QStringLiteral("scrZoom2"));
+        press(Qt::Key_Right);
+        press(Qt::Key_Right);
+        EXPECT_EQ(form.viewer().ZoomFactor(), 3);
+        EXPECT_EQ(focusName(), QStringLiteral("scrZoom2"));
+        press(Qt::Key_Escape);
+        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("fastZoom")));
+        EXPECT_FALSE(RunningProgram::entry(form, "optView", 15).isChecked());
+        EXPECT_EQ(focusName(), QStringLiteral("cpvPicScroll1"));
+    });
+}
+
 TEST_F(ReachTest, TabLeavesOutWhatIsHiddenOrDisabled)
 {
     program.run([](Form1& form) {
