@@ -8,6 +8,7 @@
 #include "platform/folder_tree.h"
 #include "platform/paths.h"
 #include "platform/registry.h"
+#include "thumbs/accessible_parts.h"
 #include "thumbs/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"
 #include "widgets/chameleon_button.h"
@@ -50,6 +51,7 @@ int colourEntry(const QString& stored)
 frmThumbnaillist::frmThumbnaillist(QWidget* parent)
     : QWidget(parent)
 {
+    thumbs::installAccessibleParts(); // before any part gets a name, which readers are told of
     setObjectName("frmThumbnaillist");
     setAccessibleName(tr("Browser"));
     // The viewer reaches in under the pane; what it repaints there is nothing to the pane.
