@@ -122,6 +122,25 @@ TEST_F(SavePipeline, OpensTheJpegWindowUnderTheThirdFilter)
     EXPECT_FALSE(core::state().PictureChanged);
 }
 
+TEST_F(SavePipeline, MakesTheMainWindowActiveAgainAfterAJpeg)
+{
+    QWidget main;
+    form.parentWindow = &main;
+    main.show();
+    main.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+    showInViewer(numbered(20, 10));
+    answerSaveDialog("picture.jpg", 3);
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget* window = core::windows().find("frmSaveJPGc");
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+        window->findChild<QPushButton*>("Command1_0")->click();
+    });
+    save();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&main));
+    form.parentWindow = nullptr;
+}
+
 TEST_F(SavePipeline, SavesWhatTheWorkingFileHoldsAsGif)
 {
     const QImage image = numbered(12, 12);
