@@ -66,7 +66,7 @@ template<typename Read> int readTwice(Read read)
     return 0;
 }
 
-inline int reader(void (*read)(std::span<const std::byte>, RawImage&), const std::uint8_t* data,
+inline int reader(bool (*read)(std::span<const std::byte>, RawImage&), const std::uint8_t* data,
                   std::size_t size)
 {
     const auto file = std::as_bytes(std::span(data, size));

@@ -17,7 +17,7 @@ namespace {
 
 struct Format {
     bool (*recognise)(const base::ByteReader& file);
-    void (*read)(std::span<const std::byte> file, RawImage& image);
+    bool (*read)(std::span<const std::byte> file, RawImage& image);
 };
 
 // In the order in which they are asked: the tests are weak, and the first hit decides.
@@ -35,15 +35,22 @@ constexpr std::size_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 
 void OpenRawImage(const std::string& path, RawImage& image)
 {
-    const auto file = formats::MappedFile::open(path);
+    static_cast<void>(formats::readPicture(path, image));
+}
+
+namespace formats {
+
+bool readPicture(const std::string& path, RawImage& image)
+{
+    const auto file = MappedFile::open(path);
     if (!file || file->bytes().size() > kLargestFile) {
-        return;
+        return false;
     }
     const base::ByteReader reader(file->bytes());
     const auto format =
         std::find_if(kFormats.begin(), kFormats.end(),
                      [&](const Format& candidate) { return candidate.recognise(reader); });
-    if (format != kFormats.end()) {
-        format->read(file->bytes(), image);
-    }
+    return format != kFormats.end() && format->read(file->bytes(), image);
 }
+
+} // namespace formats

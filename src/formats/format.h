@@ -10,3 +10,10 @@
 // leave the record as it was, apart from the fields that a late refusal has already rewritten. Not
 // re-entrant, not for two threads at once.
 void OpenRawImage(const std::string& path, RawImage& image);
+
+namespace formats {
+
+// The same, and tells whether a reader has accepted the file and given Pixels its size.
+[[nodiscard]] bool readPicture(const std::string& path, RawImage& image);
+
+} // namespace formats

@@ -60,15 +60,16 @@ std::vector<PaletteEntry> readColours(const base::ByteReader& file, std::size_t 
     return colours;
 }
 
-void unpackBody(std::span<const std::byte> body, RawImage& image)
+bool unpackBody(std::span<const std::byte> body, RawImage& image)
 {
     const auto size = arraySize(std::int64_t{image.Width} * image.Height);
     const auto bodySize = arraySize(static_cast<std::int64_t>(body.size()));
     if (!size || !bodySize || !image.Pixels.resizeForOverwrite(*size)) {
-        return;
+        return false;
     }
     RunStream<ByteRun> stream(body);
     image.Pixels.zeroFrom(stream.fill({image.Pixels.data(), image.Pixels.size()}));
+    return true;
 }
 
 } // namespace
@@ -78,16 +79,16 @@ bool isIff(const base::ByteReader& file)
     return textOf(file.slice(0, kForm.size())) == kForm;
 }
 
-void readIff(std::span<const std::byte> file, RawImage& image)
+bool readIff(std::span<const std::byte> file, RawImage& image)
 {
     const base::ByteReader reader(file);
     if (!isIff(reader)) {
-        return;
+        return false;
     }
     const auto headerStart = findChunk(file, "BMHD", kChunkHead);
     const auto header = headerStart ? readHeader(reader, *headerStart) : std::nullopt;
     if (!header || header->compression != kCompressed || header->planes != kPlanes) {
-        return;
+        return false;
     }
     image.Width = header->width;
     image.Height = header->height;
@@ -95,14 +96,12 @@ void readIff(std::span<const std::byte> file, RawImage& image)
     const auto coloursStart = findChunk(file, "CMAP", 0);
     image.Palette = readColours(reader, coloursStart.value_or(file.size()));
     if (!coloursStart) {
-        return;
+        return false;
     }
     // A tag in the very last four bytes is not looked at.
     const auto bodyStart =
         findChunk(file.first(file.size() - 1), "BODY", *coloursStart + 3 * kColours);
-    if (bodyStart) {
-        unpackBody(reader.from(*bodyStart), image);
-    }
+    return bodyStart && unpackBody(reader.from(*bodyStart), image);
 }
 
 } // namespace formats

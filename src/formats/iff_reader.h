@@ -17,6 +17,7 @@ namespace formats {
 // Until the planes and the compression are known to fit, the record is untouched. After that the
 // sizes, the depth and the palette change; without a body, or with one that can't have that size,
 // Pixels stays. What the body lacks is 0.
-void readIff(std::span<const std::byte> file, RawImage& image);
+// Tells whether Pixels got the size of the picture.
+bool readIff(std::span<const std::byte> file, RawImage& image);
 
 } // namespace formats

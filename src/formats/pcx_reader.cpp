@@ -196,16 +196,16 @@ bool LineDecoder::write(std::int64_t count, std::uint8_t value)
     return true;
 }
 
-void decodeOnePlane(std::span<const std::byte> data, std::int64_t bytesPerLine, RawImage& image)
+bool decodeOnePlane(std::span<const std::byte> data, std::int64_t bytesPerLine, RawImage& image)
 {
     const auto size = arraySize(std::int64_t{image.Height} * image.Width);
     if (!size) {
-        return;
+        return false;
     }
     const bool everyByteWritten = bytesPerLine >= image.Width;
     if (!(everyByteWritten ? image.Pixels.resizeForOverwrite(*size)
                            : image.Pixels.resizeZeroed(*size))) {
-        return;
+        return false;
     }
     LineDecoder decoder(data, image.Width, bytesPerLine, {image.Pixels.data(), *size});
     std::int32_t row = 0;
@@ -215,6 +215,7 @@ void decodeOnePlane(std::span<const std::byte> data, std::int64_t bytesPerLine, 
     if (row < image.Height || image.Height <= 0) {
         image.Pixels.zeroFrom(decoder.written());
     }
+    return true;
 }
 
 // Three planes whose lines are as long as the picture is wide: each batch of lines is unpacked and
@@ -276,22 +277,23 @@ void mergePlanes(std::span<const std::uint8_t> work, std::size_t count, std::int
     }
 }
 
-void decodePlanes(std::span<const std::byte> data, std::int64_t bytesPerLine, RawImage& image)
+bool decodePlanes(std::span<const std::byte> data, std::int64_t bytesPerLine, RawImage& image)
 {
     const auto size = arraySize(std::int64_t{image.Height} * image.Width * 3);
     if (!size) {
-        return;
+        return false;
     }
     const bool packed = image.Width > 0 && bytesPerLine == image.Width;
     if (packed && base::narrow16(2 * bytesPerLine)) {
-        if (image.Pixels.resizeForOverwrite(*size)) {
-            decodePackedPlanes(data, image);
+        if (!image.Pixels.resizeForOverwrite(*size)) {
+            return false;
         }
-        return;
+        decodePackedPlanes(data, image);
+        return true;
     }
     ByteBuffer work;
     if (!image.Pixels.resizeZeroed(*size) || !work.resizeForOverwrite(*size + 1)) {
-        return;
+        return false;
     }
     Stream stream(data);
     const std::size_t count = stream.fill({work.data(), work.size()});
@@ -299,6 +301,7 @@ void decodePlanes(std::span<const std::byte> data, std::int64_t bytesPerLine, Ra
     if (count < work.size() || stream.skip(1) == 0) {
         mergePlanes({work.data(), work.size()}, count, bytesPerLine, image);
     }
+    return true;
 }
 
 } // namespace
@@ -308,34 +311,31 @@ bool isPcx(const base::ByteReader& file)
     return file.byteAt(0) == kManufacturer;
 }
 
-void readPcx(std::span<const std::byte> file, RawImage& image)
+bool readPcx(std::span<const std::byte> file, RawImage& image)
 {
     const base::ByteReader reader(file);
     if (!isPcx(reader)) {
-        return;
+        return false;
     }
     const Header header = readHeader(reader);
     if (!applyHeader(header, image)) {
-        return;
+        return false;
     }
     if (file.size() < kHeaderBytes ||
         !arraySize(static_cast<std::int64_t>(file.size() - kHeaderBytes + 1))) {
-        return;
+        return false;
     }
     const auto data = file.subspan(kHeaderBytes);
     const bool onePlane = image.BitDepth == 8;
     if (onePlane && !readPalette(reader, image)) {
-        return;
+        return false;
     }
     const auto lineBytes = base::narrow16(std::int64_t{header.planes} * header.bytesPerLine);
     if (!lineBytes) {
-        return;
+        return false;
     }
-    if (onePlane) {
-        decodeOnePlane(data, *lineBytes, image);
-    } else {
-        decodePlanes(data, header.bytesPerLine, image);
-    }
+    return onePlane ? decodeOnePlane(data, *lineBytes, image)
+                    : decodePlanes(data, header.bytesPerLine, image);
 }
 
 } // namespace formats

@@ -16,6 +16,7 @@ namespace formats {
 // line, and the depth is eight times the number.
 // A refused file may have changed the sizes, the depth and the palette, in this order; Pixels
 // changes only when the sizes make sense, and holds then as much as could be decoded.
-void readPcx(std::span<const std::byte> file, RawImage& image);
+// Tells whether Pixels got the size of the picture.
+bool readPcx(std::span<const std::byte> file, RawImage& image);
 
 } // namespace formats

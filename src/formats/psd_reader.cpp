@@ -176,16 +176,16 @@ bool isPsd(const base::ByteReader& file)
     return file.big32At(0) == kSignature;
 }
 
-void readPsd(std::span<const std::byte> file, RawImage& image)
+bool readPsd(std::span<const std::byte> file, RawImage& image)
 {
     const base::ByteReader reader(file);
     if (!isPsd(reader)) {
-        return;
+        return false;
     }
     const auto header = readHeader(reader);
     const auto pixels = header ? pixelCount(*header) : std::nullopt;
     if (!pixels) {
-        return;
+        return false;
     }
     PsdPlanes planes = findPlanes(reader, *header, *pixels);
     if (!planes.complete && hooks().report) {
@@ -196,14 +196,15 @@ void readPsd(std::span<const std::byte> file, RawImage& image)
     image.Height = header->rows;
     image.Palette.clear();
     if (!image.Pixels.resizeForOverwrite(*pixels * 3)) {
-        return;
+        return false;
     }
     if (image.Height < 0) {
         image.Pixels.zeroFrom(0);
-        return;
+        return true;
     }
     RowReports reports(image.Height, image.Width);
     mergePlanes(planes, reports, image.Pixels);
+    return true;
 }
 
 } // namespace formats

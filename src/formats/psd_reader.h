@@ -20,6 +20,7 @@ inline constexpr const char* kPlanesFailed = "Error Open!";
 // A raw file of three channels is asked for a fourth plane, so it is reported although its picture
 // is complete. The progress hook hears the row, from 0, by the number of rows less one; nothing for
 // a single row, and not every row for more than 32768 of them.
-void readPsd(std::span<const std::byte> file, RawImage& image);
+// Tells whether Pixels got the size of the picture.
+bool readPsd(std::span<const std::byte> file, RawImage& image);
 
 } // namespace formats

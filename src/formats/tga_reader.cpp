@@ -32,11 +32,11 @@ bool isTga(const base::ByteReader& file)
     return file.byteAt(2) == kTrueColour && file.byteAt(16) == kBitsPerPixel;
 }
 
-void readTga(std::span<const std::byte> file, RawImage& image)
+bool readTga(std::span<const std::byte> file, RawImage& image)
 {
     const base::ByteReader reader(file);
     if (!isTga(reader)) {
-        return;
+        return false;
     }
     image.Width = static_cast<std::int16_t>(reader.little16At(12));
     image.Height = static_cast<std::int16_t>(reader.little16At(14));
@@ -44,7 +44,7 @@ void readTga(std::span<const std::byte> file, RawImage& image)
     image.Palette.clear();
     const auto size = arraySize(std::int64_t{image.Width} * 3 * image.Height);
     if (!size) {
-        return;
+        return false;
     }
     const auto rows = reader.from(kHeaderBytes);
     const bool complete = image.Width > 0 && rows.size() >= *size;
@@ -53,6 +53,7 @@ void readTga(std::span<const std::byte> file, RawImage& image)
     if (sized && image.Width > 0) {
         copyRows(asNumbers(rows), static_cast<std::size_t>(image.Width) * 3, image.Pixels);
     }
+    return sized;
 }
 
 } // namespace formats

@@ -15,6 +15,7 @@ namespace formats {
 // The pixels are taken from directly behind the header, bottom row first, whatever the header says
 // of an identification field, a colour map or the origin. What the file lacks is black.
 // Sizes, depth and palette change first; Pixels stays when it can't have that size.
-void readTga(std::span<const std::byte> file, RawImage& image);
+// Tells whether Pixels got the size of the picture.
+bool readTga(std::span<const std::byte> file, RawImage& image);
 
 } // namespace formats

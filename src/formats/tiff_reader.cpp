@@ -158,11 +158,11 @@ void copyPixels(std::span<const std::uint8_t> triples, ByteBuffer& pixels)
     }
 }
 
-void readPixels(const base::ByteReader& file, const Directory& directory, RawImage& image)
+bool readPixels(const base::ByteReader& file, const Directory& directory, RawImage& image)
 {
     const auto size = arraySize(std::int64_t{image.Width} * 3 * image.Height);
     if (!size) {
-        return;
+        return false;
     }
     // By design, only a width of two starts at the strip itself.
     const std::int64_t start = std::int64_t{directory.stripOffset} + directory.width - 2;
@@ -174,6 +174,7 @@ void readPixels(const base::ByteReader& file, const Directory& directory, RawIma
     if (sized) {
         copyPixels(triples, image.Pixels);
     }
+    return sized;
 }
 
 } // namespace
@@ -184,25 +185,25 @@ bool isTiff(const base::ByteReader& file)
     return order == kLittleEndian || order == kBigEndian;
 }
 
-void readTiff(std::span<const std::byte> file, RawImage& image)
+bool readTiff(std::span<const std::byte> file, RawImage& image)
 {
     const base::ByteReader reader(file);
     if (!isTiff(reader)) {
-        return;
+        return false;
     }
     const OrderedReader ordered(reader, reader.little16At(0) == kLittleEndian);
     if (ordered.wordAt(2) != kMagic) {
-        return;
+        return false;
     }
     const auto directory = readDirectory(ordered);
     if (!directory || directory->width == 0 || directory->height == 0) {
-        return;
+        return false;
     }
     image.BitDepth = 24;
     image.Width = directory->width;
     image.Height = directory->height;
     image.Palette.clear();
-    readPixels(reader, *directory, image);
+    return readPixels(reader, *directory, image);
 }
 
 } // namespace formats

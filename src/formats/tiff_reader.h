@@ -16,6 +16,7 @@ namespace formats {
 // A directory that is refused, or holds a number beyond 16 bits, leaves the record untouched. After
 // that the depth, the sizes and the palette change; Pixels stays when it can't have that size. What
 // the file lacks is black, and so is a picture of another photometric interpretation than 1 to 3.
-void readTiff(std::span<const std::byte> file, RawImage& image);
+// Tells whether Pixels got the size of the picture.
+bool readTiff(std::span<const std::byte> file, RawImage& image);
 
 } // namespace formats

@@ -28,7 +28,7 @@ constexpr std::uintmax_t kBeyondLargestArray = (std::uintmax_t{512} << 20U) + 40
 
 struct Sample {
     FileBytes file;
-    void (*read)(std::span<const std::byte> file, RawImage& image);
+    bool (*read)(std::span<const std::byte> file, RawImage& image);
 };
 
 FileBytes manyBytes()

@@ -175,3 +175,28 @@ TEST(OpenRawImage, TakesLittleMemoryForLargePicturesThatAreNotThere)
         EXPECT_LT(residentMegabytes(), before + 250);
     }
 }
+
+TEST(ReadPicture, TellsWhetherAReaderTookTheFile)
+{
+    const auto isTaken = [](const FileBytes& file) {
+        const TemporaryFile onDisk(file);
+        RawImage image;
+        return formats::readPicture(onDisk.path(), image);
+    };
+    const FileBytes pixels = FileBytes().bytes({1, 2, 3, 4, 5, 6});
+    EXPECT_TRUE(isTaken(psdHeader(psdFields(4, 1, 1, 0)).append(pixels)));
+    EXPECT_TRUE(isTaken(psdHeader(psdFields(3, 1, 1, 0)))); // without its planes: black
+    EXPECT_TRUE(isTaken(tgaHeader(2, 1).append(pixels)));
+    EXPECT_TRUE(isTaken(tiffPicture(2, 1).pixels(pixels).bytes()));
+    EXPECT_TRUE(isTaken(onePixelPcx(42)));
+    EXPECT_TRUE(isTaken(iffPicture(2, 1, FileBytes().bytes({255, 9, 0}))));
+
+    EXPECT_FALSE(isTaken(FileBytes().text("GIF89a").fill(100, 0)));
+    EXPECT_FALSE(isTaken(psdHeader(psdFields(17, 1, 1, 0)).append(pixels)));
+    EXPECT_FALSE(isTaken(tgaHeader(-2, 1).append(pixels)));
+    EXPECT_FALSE(isTaken(tiffPicture(0, 1).pixels(pixels).bytes()));
+    EXPECT_FALSE(isTaken(pcxHeader(pcxFields(2, 1, 1, 2)).append(pixels))); // no palette
+    EXPECT_FALSE(isTaken(FileBytes().text("FORM").fill(20, 0)));
+    RawImage image;
+    EXPECT_FALSE(formats::readPicture("/nowhere/at/all.pcx", image));
+}

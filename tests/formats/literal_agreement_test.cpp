@@ -22,7 +22,7 @@ constexpr int kRowsReportedEach = 32768;
 struct Pair {
     const char* name;
     RandomFile file;
-    void (*read)(std::span<const std::byte> file, RawImage& image);
+    bool (*read)(std::span<const std::byte> file, RawImage& image);
     void (*literal)(std::span<const std::byte> file, literal::Image& image);
 };
 
