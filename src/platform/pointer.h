@@ -9,13 +9,20 @@ enum class Pointer { Default = 0, SizeNS = 7, HourGlass = 11, ArrowHourGlass = 1
 void setPointer(Pointer pointer);
 [[nodiscard]] Pointer pointer();
 
-// The given shape while it lives, the default one afterwards.
+// The given shape while it lives, the one before afterwards.
 class PointerGuard {
 public:
-    explicit PointerGuard(Pointer shape = Pointer::HourGlass) { setPointer(shape); }
-    ~PointerGuard() { setPointer(Pointer::Default); }
+    explicit PointerGuard(Pointer shape = Pointer::HourGlass)
+        : m_before(pointer())
+    {
+        setPointer(shape);
+    }
+    ~PointerGuard() { setPointer(m_before); }
     PointerGuard(const PointerGuard&) = delete;
     PointerGuard& operator=(const PointerGuard&) = delete;
+
+private:
+    Pointer m_before;
 };
 
 } // namespace platform
