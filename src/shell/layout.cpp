@@ -4,7 +4,6 @@ namespace shell {
 
 namespace {
 
-constexpr int kViewerUnderPane = 80;
 constexpr int kRightMargin = 40;
 constexpr int kPaneBelowViewerTop = 640; // caption and menu of the main window
 constexpr int kPanViewFromRight = 3600;

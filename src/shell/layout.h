@@ -27,6 +27,10 @@ struct WindowMeasures {
 // on it, and a window without a frame of its own adds it before it asks.
 inline constexpr int kFrameWidth = 120;
 
+// How far the viewer reaches in under the frame of the browser pane. A pane without a frame, which
+// has its own parts up to its edge, adds it before it asks.
+inline constexpr int kViewerUnderPane = 80;
+
 struct BrowseLayout {
     Extent viewer;
     int paneLeft = 0; // as a window of its own would stand on the screen

@@ -68,7 +68,7 @@ shell::WindowMeasures Form1::measures() const
     measures.coolBarTop = twipsFromPixels(m_coolBar->y());
     measures.coolBarHeight = twipsFromPixels(m_coolBar->height());
     measures.stripHeight = twipsFromPixels(m_picture4->height());
-    measures.paneWidth = pane != nullptr ? pane->widthTwips() : 0;
+    measures.paneWidth = pane != nullptr ? pane->widthTwips() + shell::kViewerUnderPane : 0;
     measures.aviWidth = twipsFromPixels(m_aviHost->width());
     return measures;
 }

@@ -113,6 +113,26 @@ TEST_F(ModesTest, LaysPaneAndViewerSideBySide)
     });
 }
 
+// The pane's grip covers nothing of the picture.
+TEST_F(ModesTest, ShowsTheLeftEdgeOfAPictureAsWideAsTheViewer)
+{
+    program.run([](Form1& form) {
+        QImage picture(4000, 40, QImage::Format_RGB32);
+        picture.fill(Qt::magenta);
+        form.viewer().setPicture(platform::Picture(picture));
+        const QImage viewer = form.cpvPicScroll1().grab().toImage();
+        const int middle = viewer.height() / 2;
+        const QRgb colour = QColor(Qt::magenta).rgb();
+        int first = 0; // behind the viewer's own border
+        while (first < viewer.width() && viewer.pixel(first, middle) != colour) {
+            ++first;
+        }
+        ASSERT_LT(first, 5);
+        const QPoint place = form.cpvPicScroll1().mapTo(&form, QPoint(first, middle));
+        EXPECT_EQ(form.grab().toImage().pixel(place), colour);
+    });
+}
+
 TEST_F(ModesTest, SwitchesThePanViewAndWritesTheKeyTheOtherWayRound)
 {
     program.run([this](Form1& form) {
