@@ -64,6 +64,17 @@ void PageStack::setPages(int count)
     m_pages = std::max(1, count);
 }
 
+void PageStack::followViewport(QSize viewport)
+{
+    m_viewport = viewport;
+    if (m_page.isEmpty()) {
+        return;
+    }
+    const int before = m_sheetHeight;
+    followContent();
+    raiseSheet(before);
+}
+
 int PageStack::pageTop(int page) const
 {
     const std::int64_t step = std::int64_t{m_page.height()} + m_topMargin;

@@ -47,6 +47,9 @@ public:
 
     void setPages(int count);
 
+    // Sheet and scroll range for a viewport of another size; the pages keep theirs.
+    void followViewport(QSize viewport);
+
     [[nodiscard]] int pages() const { return m_pages; }
     [[nodiscard]] QSize pageSize() const { return m_page; }
     [[nodiscard]] int topMargin() const { return m_topMargin; }

@@ -15,7 +15,6 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QSignalBlocker>
 #include <QWheelEvent>
 
 using thumbs::WriteEffect;
@@ -77,12 +76,12 @@ void ThumbNailList::layoutParts()
     m_scroll->setGeometry(layout.scroll);
     m_scroll->setPageStep(layout.viewport.height());
 
+    m_sheet.stack().followViewport(layout.viewport.size());
     m_sheet.stack().raiseSheet(thumbs::leastSheetHeight(layout.viewport.height()));
-    // The sheet stands at its margin again, so the bar has to stand at its start.
-    const QSignalBlocker quiet(m_scroll);
-    m_scroll->setValue(0);
+    followPages();
+    const int scrolled = m_scroll->value();
     m_viewport->setSheetLeft(thumbs::kFrameMargin);
-    m_viewport->setSheetTop(thumbs::kFrameMargin);
+    m_viewport->setSheetTop(scrolled > 0 ? -scrolled : thumbs::kFrameMargin);
 }
 
 QString ThumbNailList::path() const

@@ -123,3 +123,22 @@ TEST(PageStack, SurvivesHeightsBeyondThirtyTwoBits)
     EXPECT_GT(stack.pageTop(3000), 0);
     EXPECT_EQ(stack.scrollMaximum(), 32767);
 }
+
+TEST(PageStack, FollowsAViewportOfAnotherSize)
+{
+    thumbs::PageStack stack;
+    stack.followViewport({270, 620}); // before any page is laid out
+    EXPECT_EQ(stack.scrollMaximum(), 0);
+    stack.restart({270, 620});
+    stack.followViewport({270, 300});
+    EXPECT_EQ(stack.scrollMaximum(), 620 - 300 - 5);
+    EXPECT_EQ(stack.sheetHeight(), 620);
+    EXPECT_EQ(stack.pageSize(), QSize(260, 600));
+    stack.followViewport({270, 900});
+    EXPECT_EQ(stack.scrollMaximum(), 0);
+    EXPECT_EQ(stack.sheetHeight(), 899);
+    stack.followViewport({270, 700});
+    EXPECT_EQ(stack.sheetHeight(), 899); // never lower
+    stack.addPage();
+    EXPECT_EQ(stack.scrollMaximum(), 1230 - 700 - 5);
+}

@@ -203,6 +203,42 @@ TEST_F(ThumbnailListTest, ResetsWhatARunLeft)
     EXPECT_EQ(m_list.state().PagesLoaded, 1);
 }
 
+TEST_F(ThumbnailListTest, ShowsTheBarWhereASmallerWindowHidesTiles)
+{
+    addFiles("pics", 20);
+    runFolder();
+    EXPECT_FALSE(m_list.V_Scroll().isVisible());
+    m_list.resize(m_list.width(), m_list.height() - 320);
+    ASSERT_TRUE(m_list.V_Scroll().isVisible());
+    m_list.V_Scroll().setValue(m_list.V_Scroll().maximum());
+    const QRect last = m_list.viewport().tilePlace(row(19)->page, row(19)->box);
+    EXPECT_TRUE(m_list.viewport().rect().contains(last));
+    QSignalSpy clicks(&m_list, &ThumbNailList::ThumbClick);
+    QTest::mouseClick(&m_list.viewport(), Qt::LeftButton, {}, last.center());
+    ASSERT_EQ(clicks.count(), 1);
+    EXPECT_EQ(clicks[0][0].toInt(), 19);
+
+    m_list.resize(m_list.width(), m_list.height() + 320);
+    EXPECT_FALSE(m_list.V_Scroll().isVisible());
+    EXPECT_EQ(m_list.viewport().sheetPosition(), QPoint(5, 5));
+}
+
+TEST_F(ThumbnailListTest, StaysAtItsPlaceWhenItIsResized)
+{
+    addFiles("pics", 60);
+    runFolder();
+    m_list.V_Scroll().setValue(700);
+    for (const int change : {-100, 40, 60}) {
+        m_list.resize(m_list.width(), m_list.height() + change);
+        EXPECT_EQ(m_list.V_Scroll().value(), 700);
+        EXPECT_EQ(m_list.viewport().sheetPosition().y(), -700);
+        EXPECT_EQ(m_list.V_Scroll().maximum(), 1840 - m_list.viewportSize().height() - 5);
+    }
+    m_list.resize(m_list.width(), m_list.height() + 1000); // more than is left below
+    EXPECT_EQ(m_list.V_Scroll().value(), m_list.V_Scroll().maximum());
+    EXPECT_EQ(m_list.viewport().sheetPosition().y(), -m_list.V_Scroll().maximum());
+}
+
 TEST_F(ThumbnailListTest, FillsAStripToItsShare)
 {
     thumbs::ProgressStrip strip;
