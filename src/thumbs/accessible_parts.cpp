@@ -1,11 +1,13 @@
 #include "thumbs/accessible_parts.h"
 
+#include "platform/paths.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"
 
 #include <QAccessibleWidget>
 #include <QPointer>
+#include <algorithm>
 #include <map>
 
 namespace thumbs {
@@ -40,8 +42,9 @@ public:
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Name && m_list != nullptr ? m_list->File1().name(m_row)
-                                                              : QString();
+        const TileRow* row = tile();
+        return kind == QAccessible::Name && row != nullptr ? platform::fileNameOf(row->path)
+                                                           : QString();
     }
     void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
@@ -97,6 +100,13 @@ private:
     int m_row;
 };
 
+// Which of the tiles a row has; as many as there are for a row without one.
+int tileIndex(std::span<const int> tiles, int row)
+{
+    const auto found = std::find(tiles.begin(), tiles.end(), row);
+    return static_cast<int>(found - tiles.begin());
+}
+
 // The tiles come behind the widgets of the control.
 class AccessibleThumbnails : public QAccessibleWidget {
 public:
@@ -114,17 +124,22 @@ public:
     AccessibleThumbnails& operator=(const AccessibleThumbnails&) = delete;
 
     [[nodiscard]] int widgetCount() const { return QAccessibleWidget::childCount(); }
-    [[nodiscard]] int childCount() const override { return widgetCount() + list().tilesShown(); }
+    [[nodiscard]] int childCount() const override { return widgetCount() + tileCount(); }
     [[nodiscard]] QAccessibleInterface* child(int index) const override
     {
-        const int row = index - widgetCount();
-        return row < 0 ? QAccessibleWidget::child(index) : tile(row);
+        const int place = index - widgetCount();
+        if (place < 0) {
+            return QAccessibleWidget::child(index);
+        }
+        return place < tileCount() ? tile(list().tiles()[static_cast<std::size_t>(place)])
+                                   : nullptr;
     }
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
     {
         for (const auto& [row, id] : m_tiles) {
             if (QAccessible::accessibleInterface(id) == child) {
-                return widgetCount() + row;
+                const int index = tileIndex(list().tiles(), row);
+                return index < tileCount() ? widgetCount() + index : -1;
             }
         }
         return QAccessibleWidget::indexOfChild(child);
@@ -137,13 +152,11 @@ public:
 
 private:
     [[nodiscard]] ThumbNailList& list() const { return *static_cast<ThumbNailList*>(widget()); }
+    [[nodiscard]] int tileCount() const { return static_cast<int>(list().tiles().size()); }
 
     // Made when they are asked for and kept by the toolkit, which goes by their number.
     [[nodiscard]] QAccessibleInterface* tile(int row) const
     {
-        if (row >= list().tilesShown()) {
-            return nullptr;
-        }
         const auto found = m_tiles.find(row);
         if (found != m_tiles.end()) {
             return QAccessible::accessibleInterface(found->second);
@@ -187,9 +200,10 @@ void announceTile(ThumbNailList& list, int row)
         return;
     }
     const auto* const reader = QAccessible::queryAccessibleInterface(&list);
-    const int widgets = reader->childCount() - list.tilesShown();
+    const std::span<const int> tiles = list.tiles();
+    const int widgets = reader->childCount() - static_cast<int>(tiles.size());
     QAccessibleEvent event(&list, QAccessible::Focus);
-    event.setChild(widgets + row);
+    event.setChild(widgets + tileIndex(tiles, row));
     QAccessible::updateAccessibility(&event);
 }
 

@@ -20,8 +20,9 @@ bool frmThumbnaillist::handleTileKey(const QKeyEvent& event)
     const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (opens || key == Qt::Key_Space) {
         const QPointer<ThumbNailList> alive = m_list;
-        if (!opens || m_list->selection().path.isEmpty()) {
-            m_list->pressTile(std::max(selected, 0));
+        const std::span<const int> tiles = m_list->tiles();
+        if (!tiles.empty() && (!opens || m_list->selection().path.isEmpty())) {
+            m_list->pressTile(std::max(selected, tiles.front()));
         }
         if (opens && alive != nullptr) {
             m_list->doubleClickTile();
@@ -29,8 +30,8 @@ bool frmThumbnaillist::handleTileKey(const QKeyEvent& event)
         return true;
     }
     const thumbs::TileGrid& grid = m_list->state().grid;
-    const auto tile = thumbs::tileAfterKey(
-        key, selected, {m_list->tilesShown(), grid.columns, grid.tilesPerPage()});
+    const auto tile =
+        thumbs::tileAfterKey(key, selected, {m_list->tiles(), grid.columns, grid.tilesPerPage()});
     if (tile) {
         m_list->pressTile(*tile);
     }

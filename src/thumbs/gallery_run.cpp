@@ -55,7 +55,6 @@ void GalleryRun::run()
     if (!acceptFolder()) {
         return;
     }
-    m_list.state().ThumbTable.resize(m_fileCount);
     showMainStrip(true);
     walk();
     if (m_alive != nullptr) {
@@ -66,12 +65,11 @@ void GalleryRun::run()
 void GalleryRun::begin()
 {
     m_list.ResetLoading();
-    enableSplitter(false);
     GalleryState& state = m_list.state();
+    ++state.runs;
     state.IsPrintPreview = false;
     state.IsHtmlRun = false;
-    platform::setPointer(platform::Pointer::ArrowHourGlass);
-    state.IsLoading = true;
+    holdHost();
     m_list.layoutFirstPage();
     const QSize extra(m_list.ThumbnailExtraWidth(), m_list.ThumbnailExtraHeight());
     state.grid =
@@ -80,42 +78,52 @@ void GalleryRun::begin()
     state.ThumbsPerPage = state.grid.tilesPerPage();
 }
 
-// False ends the run; the pointer and the splitter then stay as begin() set them.
+void GalleryRun::holdHost()
+{
+    enableSplitter(false);
+    platform::setPointer(platform::Pointer::ArrowHourGlass);
+    m_list.state().IsLoading = true;
+}
+
+// False ends the run; the pointer and the splitter then stay as holdHost() set them.
 bool GalleryRun::acceptFolder()
 {
-    const int tilesPerPage = m_list.state().ThumbsPerPage;
+    GalleryState& state = m_list.state();
     if (m_list.isDesignTime()) {
-        m_fileCount = tilesPerPage;
+        m_fileCount = state.ThumbsPerPage;
+        state.ThumbTable.resize(m_fileCount);
         return true;
     }
-    m_folder = platform::withSeparator(m_list.File1().path());
     m_fileCount = m_list.File1().count();
-    const int pages = fullPages(m_fileCount, tilesPerPage);
+    const int pages = fullPages(m_fileCount, state.ThumbsPerPage);
     if (pages > m_list.MaxThumbnailpages()) {
         refuse(pages);
         return false;
     }
-    emit m_list.ThumbPageStatus(m_list.ThumbNailSize(), tilesPerPage, pages, m_fileCount);
+    state.ThumbTable.resize(m_fileCount);
+    emit m_list.ThumbPageStatus(m_list.ThumbNailSize(), state.ThumbsPerPage, pages, m_fileCount);
     return m_alive != nullptr;
 }
 
 void GalleryRun::refuse(int pages)
 {
+    GalleryState& state = m_list.state();
     TooManyPages facts;
     facts.pages = pages;
     facts.limit = m_list.MaxThumbnailpages();
-    facts.tilesPerPage = m_list.state().ThumbsPerPage;
+    facts.tilesPerPage = state.ThumbsPerPage;
     facts.pictureSize = m_list.ThumbNailSize();
     facts.page = m_list.pages().stack().pageSize();
     facts.passingSize = largestPassingSize(facts.page, m_fileCount, facts.pictureSize, facts.limit);
+    const int runs = state.runs;
     if (const auto report = tooManyPagesReport(m_list.Language(), facts)) {
         platform::dialogs().showMessage(report->text, report->title,
                                         platform::BoxIcon::Exclamation);
     }
-    if (m_alive == nullptr) {
+    // Under the box another folder may have been shown, which isn't to be emptied.
+    if (m_alive == nullptr || state.runs != runs) {
         return;
     }
-    GalleryState& state = m_list.state();
     state.IsLoading = false;
     state.CancelLoading = false;
     state.IsPrinting = false;
@@ -126,38 +134,69 @@ void GalleryRun::refuse(int pages)
 void GalleryRun::walk()
 {
     while (m_fileIndex < m_fileCount) {
-        if (!platform::pump(m_alive) || m_list.state().CancelLoading || !makeTile()) {
+        if (!platform::pump(m_alive) || m_list.state().CancelLoading) {
             return;
         }
-        moveOn();
+        // A run that has ended meanwhile has put these back.
+        holdHost();
+        showMainStrip(true);
+        if (!makeTile()) {
+            return;
+        }
         showProgress();
         ++m_fileIndex;
     }
 }
 
+// False ends the run: no further file, or the list is gone. A folder that was refused meanwhile has
+// left no table to fill.
 bool GalleryRun::makeTile()
 {
-    QString path;
-    if (!m_list.isDesignTime()) {
-        const QString name = m_list.File1().name(m_fileIndex);
-        if (name.isEmpty()) {
-            return false;
+    GalleryState& state = m_list.state();
+    if (!state.ThumbTable.hasRow(m_fileIndex)) {
+        return false;
+    }
+    const TilePlace place = tilePlace(state.grid, m_fileIndex);
+    if (m_list.isDesignTime()) {
+        turnTo(place.page);
+        drawTile({}, place);
+        return true;
+    }
+    const QString name = m_list.File1().name(m_fileIndex);
+    if (name.isEmpty()) {
+        return false;
+    }
+    const QString path = platform::withSeparator(m_list.File1().path()) + name;
+    const bool isThere = hasTile(path, place);
+    if (!isThere) {
+        const int runs = state.runs;
+        loadPicture(path);
+        // A reader's box lets events run. Another run has then loaded pictures of its own, and has
+        // made the tile of this place.
+        if (m_alive == nullptr || state.runs != runs) {
+            return m_alive != nullptr;
         }
-        path = m_folder + name;
-        loadPicture(name, path);
-        writeBar();
     }
-    if (m_fileIndex >= (m_pageIndex + 1) * m_list.state().ThumbsPerPage) {
-        turnPage();
+    writeBar();
+    turnTo(place.page);
+    if (!isThere) {
+        drawTile(path, place);
     }
-    drawTile(path);
     return true;
 }
 
-// What can't be loaded leaves the badge or the picture of the file before.
-void GalleryRun::loadPicture(const QString& name, const QString& path)
+bool GalleryRun::hasTile(const QString& path, const TilePlace& place) const
 {
-    const TileKind& kind = tileKindFor(files::extensionOf(name));
+    const GalleryState& state = m_list.state();
+    const TileRow* row = state.ThumbTable.filledRow(m_fileIndex);
+    return row != nullptr && row->path == path && row->page == place.page &&
+           row->box == tileBox(state.grid, place.column, place.row);
+}
+
+// What can't be loaded leaves the badge or the picture of the file before.
+void GalleryRun::loadPicture(const QString& path)
+{
+    const TileKind& kind = tileKindFor(files::extensionOf(platform::fileNameOf(path)));
     if (const auto& badge = m_icons.icon(badgeFile(kind, core::state().FrameWindowOpen))) {
         m_list.fNX() = *badge;
     }
@@ -191,15 +230,15 @@ void GalleryRun::writeBar()
     }
 }
 
-void GalleryRun::turnPage()
+void GalleryRun::turnTo(int page)
 {
-    ++m_pageIndex;
-    m_tileColumn = 0;
-    m_tileRow = 0;
-    m_list.addPage();
+    m_pageIndex = page;
+    while (m_list.pages().pages() <= page) {
+        m_list.addPage();
+    }
 }
 
-void GalleryRun::drawTile(const QString& path)
+void GalleryRun::drawTile(const QString& path, const TilePlace& place)
 {
     const TileGrid& grid = m_list.state().grid;
     const QSize cell(grid.cellWidth, grid.cellHeight);
@@ -209,28 +248,19 @@ void GalleryRun::drawTile(const QString& path)
     if (!drawn) {
         return;
     }
-    const TileBox box = tileBox(grid, m_tileColumn, m_tileRow);
+    const TileBox box = tileBox(grid, place.column, place.row);
     PageSheet& pages = m_list.pages();
-    pages.fillBox(m_pageIndex, box.grown(1), m_list.ThumbNailBorderColor());
-    pages.fillBox(m_pageIndex, box, m_list.ThumbNailColor());
+    pages.fillBox(place.page, box.grown(1), m_list.ThumbNailBorderColor());
+    pages.fillBox(place.page, box, m_list.ThumbNailColor());
     if (!m_list.isDesignTime()) {
         const QPointF corner(box.left, box.top);
-        pages.paintPicture(m_pageIndex, loaded.picture, corner + pictureOffset(cell, fit), fit);
+        pages.paintPicture(place.page, loaded.picture, corner + pictureOffset(cell, fit), fit);
         const platform::Picture& badge = m_list.fNX();
-        pages.paintPicture(m_pageIndex, badge, corner, QSize(badge.width(), badge.height()));
-        m_list.state().ThumbTable.fill(m_fileIndex, box, path, m_pageIndex);
+        pages.paintPicture(place.page, badge, corner, QSize(badge.width(), badge.height()));
+        m_list.state().ThumbTable.fill(m_fileIndex, box, path, place.page);
     }
-    m_list.showTile(m_pageIndex, box.grown(1));
+    m_list.showTile(place.page, box.grown(1));
     loaded.thinOut();
-}
-
-void GalleryRun::moveOn()
-{
-    ++m_tileColumn;
-    if (m_tileColumn > m_list.state().PageColumns - 1) {
-        ++m_tileRow;
-        m_tileColumn = 0;
-    }
 }
 
 void GalleryRun::showProgress()

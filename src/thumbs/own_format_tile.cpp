@@ -4,15 +4,20 @@
 #include "thumbs/thumbnail_list.h"
 #include "viewer/raw_image_show.h"
 
+#include <QPointer>
+
 // The decoded picture goes the way of all foreign pictures, through the working file.
 void ThumbNailList::openPsd(const QString& path)
 {
+    const QPointer<ThumbNailList> alive = this;
     platform::PictureBox box;
     const QString workingFile = platform::appFile("temp.bmp");
-    if (!viewer::decodeToBox(path, box) || !platform::savePicture(box.drawnImage(), workingFile)) {
+    if (!viewer::decodeAcceptedToBox(path, box) ||
+        !platform::savePicture(box.drawnImage(), workingFile)) {
         return;
     }
-    if (const auto picture = platform::loadPicture(workingFile)) {
+    const auto picture = platform::loadPicture(workingFile);
+    if (alive != nullptr && picture) {
         m_loaded = {*picture, QSize(picture->width(), picture->height())};
     }
 }

@@ -124,6 +124,7 @@ void ThumbNailList::Makegallery()
 void ThumbNailList::ResetLoading()
 {
     m_selection = {};
+    m_state.ThumbTable.resize(0);
     stopRunningLoop();
     m_sheet.destroyExtraPages();
     m_viewport->update();

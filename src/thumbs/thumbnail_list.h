@@ -12,6 +12,7 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <span>
 
 class QScrollBar;
 
@@ -30,6 +31,7 @@ struct GalleryState {
     int PageColumns = 0;
     int ThumbsPerPage = 0;
     int PagesLoaded = 0; // counts up with every page made and isn't set back
+    int runs = 0;        // begun so far; a run sees by it that another one has worked meanwhile
     bool IsLoading = false;
     bool CancelLoading = false; // the running loop stops at its next file
     bool IsPrintPreview = false;
@@ -67,7 +69,7 @@ public:
     // Makes all pages anew. Lets events run once per file; the control may be gone when it returns.
     void Makegallery();
 
-    // Empties selection and pages, stops a running loop and leaves IsLoading set.
+    // Empties selection, table and pages, stops a running loop and leaves IsLoading set.
     void ResetLoading();
 
     // Fills a strip to value / maximum; nothing is drawn for a maximum of 0.
@@ -92,10 +94,11 @@ public:
     void doubleClickTile();
     // The row of the tile pressed last since the folder was shown, -1 for none.
     [[nodiscard]] int selectedTile() const;
-    // Files that have their tile; they are the first ones of the folder.
-    [[nodiscard]] int tilesShown() const;
+    // The rows of the files that have their tile, ascending.
+    [[nodiscard]] std::span<const int> tiles() const;
 
-    // Decodes a file with the program's own readers into P_load, by way of "temp.bmp".
+    // Decodes a file with the program's own readers into P_load, by way of "temp.bmp". One that is
+    // refused leaves P_load. A reader may show a box; the control may be gone afterwards.
     void openPsd(const QString& path);
 
     void writeProperties(thumbs::PropertyBag& bag);

@@ -56,9 +56,10 @@ int ThumbNailList::selectedTile() const
     return m_selection.made ? m_selection.tile : thumbs::kNoTile;
 }
 
-int ThumbNailList::tilesShown() const
+std::span<const int> ThumbNailList::tiles() const
 {
-    return std::min(m_state.ThumbTable.firstUnfilledRow(), m_files.count());
+    const std::vector<int>& rows = m_state.ThumbTable.tiles();
+    return {rows.begin(), std::lower_bound(rows.begin(), rows.end(), m_files.count())};
 }
 
 // No further than it takes; a tile taller than the viewport shows its top.

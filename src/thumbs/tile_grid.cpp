@@ -2,7 +2,7 @@
 
 #include "base/numbers.h"
 
-#include <limits>
+#include <algorithm>
 
 namespace thumbs {
 
@@ -43,6 +43,17 @@ TileBox tileBox(const TileGrid& grid, int column, int row)
     const int left = grid.left + column * (kTileGap + grid.cellWidth);
     const int top = grid.top + row * (kTileGap + grid.cellHeight);
     return {left, top, left + grid.cellWidth, top + grid.cellHeight};
+}
+
+TilePlace tilePlace(const TileGrid& grid, int file)
+{
+    const int perPage = grid.tilesPerPage();
+    if (perPage <= 0) {
+        return {file + 1, 0, 0};
+    }
+    const int onPage = file % perPage;
+    const int columns = std::max(1, grid.columns);
+    return {file / perPage, onPage % columns, onPage / columns};
 }
 
 ViewportMeasure measureViewport(QSize viewport, int pictureSize)

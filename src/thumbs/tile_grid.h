@@ -53,6 +53,15 @@ struct TileBox {
 // Column and row from 0.
 [[nodiscard]] TileBox tileBox(const TileGrid& grid, int column, int row);
 
+// Where a file's tile stands, all from 0. On a page that holds no tile at all every file turns the
+// page first.
+struct TilePlace {
+    int page = 0;
+    int column = 0;
+    int row = 0;
+};
+[[nodiscard]] TilePlace tilePlace(const TileGrid& grid, int file);
+
 // What the public measures tell: they look at the viewport instead of the page and know no extras.
 struct ViewportMeasure {
     int cellSize = 0;

@@ -14,16 +14,17 @@ constexpr std::array kMoves{Qt::Key_Left,   Qt::Key_Right,    Qt::Key_Up,   Qt::
 // A last line that is shorter than the others takes the way down, too.
 int below(int selected, const TileShelf& shelf)
 {
-    const int last = shelf.tiles - 1;
+    const int last = shelf.tiles.back();
     const bool isOnLastLine = selected / shelf.columns >= last / shelf.columns;
     return isOnLastLine ? selected : std::min(selected + shelf.columns, last);
 }
 
-// Left and Right go on from line to line, as the eye does. May lie before the first tile and behind
-// the last one.
-int wantedTile(int key, int selected, const TileShelf& shelf)
+// Left and Right go on from line to line, as the eye does. May lie before the first tile, behind
+// the last one and where there is none.
+int wantedPlace(int key, int selected, const TileShelf& shelf)
 {
-    const int last = shelf.tiles - 1;
+    const int first = shelf.tiles.front();
+    const int last = shelf.tiles.back();
     switch (key) {
     case Qt::Key_Left:
         return selected - 1;
@@ -34,14 +35,30 @@ int wantedTile(int key, int selected, const TileShelf& shelf)
     case Qt::Key_Down:
         return below(selected, shelf);
     case Qt::Key_PageUp:
-        return std::max(selected - shelf.tilesPerPage, 0);
+        return std::max(selected - shelf.tilesPerPage, first);
     case Qt::Key_PageDown:
         return std::min(selected + shelf.tilesPerPage, last);
     case Qt::Key_Home:
-        return 0;
+        return first;
     default:
         return last;
     }
+}
+
+bool leadsBack(int key)
+{
+    return key == Qt::Key_Left || key == Qt::Key_Up || key == Qt::Key_PageUp;
+}
+
+// The first tile from a place on, in one direction.
+std::optional<int> tileFrom(int place, bool back, std::span<const int> tiles)
+{
+    if (back) {
+        const auto behind = std::upper_bound(tiles.begin(), tiles.end(), place);
+        return behind == tiles.begin() ? std::nullopt : std::optional(*(behind - 1));
+    }
+    const auto found = std::lower_bound(tiles.begin(), tiles.end(), place);
+    return found == tiles.end() ? std::nullopt : std::optional(*found);
 }
 
 } // namespace
@@ -49,16 +66,14 @@ int wantedTile(int key, int selected, const TileShelf& shelf)
 std::optional<int> tileAfterKey(int key, int selected, const TileShelf& shelf)
 {
     const bool isMove = std::find(kMoves.begin(), kMoves.end(), key) != kMoves.end();
-    if (!isMove || shelf.tiles <= 0 || shelf.columns <= 0 || shelf.tilesPerPage <= 0) {
+    if (!isMove || shelf.tiles.empty() || shelf.columns <= 0 || shelf.tilesPerPage <= 0) {
         return std::nullopt;
     }
-    const int last = shelf.tiles - 1;
-    if (selected < 0 || selected > last) {
-        return key == Qt::Key_End ? last : 0;
+    if (selected < 0 || selected > shelf.tiles.back()) {
+        return key == Qt::Key_End ? shelf.tiles.back() : shelf.tiles.front();
     }
-    const int wanted = wantedTile(key, selected, shelf);
-    const bool leads = wanted >= 0 && wanted <= last && wanted != selected;
-    return leads ? std::optional(wanted) : std::nullopt;
+    const auto tile = tileFrom(wantedPlace(key, selected, shelf), leadsBack(key), shelf.tiles);
+    return tile == selected ? std::nullopt : tile;
 }
 
 } // namespace thumbs

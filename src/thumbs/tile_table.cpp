@@ -7,20 +7,19 @@ namespace thumbs {
 void TileTable::resize(int files)
 {
     m_rows.assign(static_cast<std::size_t>(std::max(0, files)) + 1, TileRow{});
+    m_tiles.clear();
 }
 
 void TileTable::fill(int row, const TileBox& box, const QString& path, int page)
 {
-    if (row >= 0 && row < rows()) {
-        m_rows[static_cast<std::size_t>(row)] = {box, path, page, true};
+    if (row < 0 || row >= rows()) {
+        return;
     }
-}
-
-int TileTable::firstUnfilledRow() const
-{
-    const auto unfilled =
-        std::find_if(m_rows.begin(), m_rows.end(), [](const TileRow& row) { return !row.filled; });
-    return static_cast<int>(unfilled - m_rows.begin());
+    TileRow& target = m_rows[static_cast<std::size_t>(row)];
+    if (!target.filled) {
+        m_tiles.insert(std::lower_bound(m_tiles.begin(), m_tiles.end(), row), row);
+    }
+    target = {box, path, page, true};
 }
 
 const TileRow* TileTable::filledRow(int row) const

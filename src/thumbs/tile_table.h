@@ -24,17 +24,22 @@ public:
     void resize(int files);
 
     [[nodiscard]] int rows() const { return static_cast<int>(m_rows.size()); }
-    [[nodiscard]] int firstUnfilledRow() const; // what rows() says when all are filled
+    // False for the spare row and outside.
+    [[nodiscard]] bool hasRow(int row) const { return row >= 0 && row < rows() - 1; }
     void fill(int row, const TileBox& box, const QString& path, int page);
 
     // The row if its file got a tile, else null.
     [[nodiscard]] const TileRow* filledRow(int row) const;
+
+    // The rows whose files got a tile, ascending.
+    [[nodiscard]] const std::vector<int>& tiles() const { return m_tiles; }
 
     // The first of the rows 0 to files - 1 whose tile holds the point of the page, edges included.
     [[nodiscard]] std::optional<int> rowAt(int page, int x, int y, int files) const;
 
 private:
     std::vector<TileRow> m_rows = std::vector<TileRow>(1);
+    std::vector<int> m_tiles;
 };
 
 // What was clicked last. A press between tiles leaves all of it.

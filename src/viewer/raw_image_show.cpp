@@ -28,10 +28,12 @@ void ShowRawImage(platform::PictureBox& box, const RawImage& image)
 
 namespace viewer {
 
-bool decodeToBox(const QString& path, platform::PictureBox& box)
+namespace {
+
+// False, with the box empty at the size that it had, for a record without a size.
+bool drawRecord(platform::PictureBox& box)
 {
-    RawImage& record = core::state().rawImage;
-    OpenRawImage(platform::toNative(path), record);
+    const RawImage& record = core::state().rawImage;
     const bool resized = box.resize(record.Width, record.Height);
     box.setPicture({});
     if (!resized) {
@@ -39,6 +41,20 @@ bool decodeToBox(const QString& path, platform::PictureBox& box)
     }
     ShowRawImage(box, record);
     return true;
+}
+
+} // namespace
+
+bool decodeToBox(const QString& path, platform::PictureBox& box)
+{
+    OpenRawImage(platform::toNative(path), core::state().rawImage);
+    return drawRecord(box);
+}
+
+bool decodeAcceptedToBox(const QString& path, platform::PictureBox& box)
+{
+    return formats::readPicture(platform::toNative(path), core::state().rawImage) &&
+           drawRecord(box);
 }
 
 } // namespace viewer

@@ -19,4 +19,8 @@ namespace viewer {
 // (nothing was ever decoded).
 [[nodiscard]] bool decodeToBox(const QString& path, platform::PictureBox& box);
 
+// The same for a file that a reader accepts. False also for a refused one: nothing is drawn then,
+// and the box stays as it is.
+[[nodiscard]] bool decodeAcceptedToBox(const QString& path, platform::PictureBox& box);
+
 } // namespace viewer

@@ -1,4 +1,5 @@
 #include "core/state.h"
+#include "formats/hooks.h"
 #include "gallery_fixture.h"
 #include "platform/pointer.h"
 #include "platform/pump.h"
@@ -6,7 +7,83 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <array>
+#include <map>
 #include <memory>
+#include <new>
+
+namespace {
+
+// A picture of its own colour for every file, so that a tile tells which file it was made of.
+class ChangingGalleryTest : public GalleryTest {
+protected:
+    ChangingGalleryTest() { m_list.setAutoUpdateOnPathchange(true); }
+
+    // The names are the same in every folder.
+    void addPictures(const std::string& folder, unsigned count, base::Colour kind)
+    {
+        m_tree.add({folder + "/"});
+        for (unsigned k = 0; k < count; ++k) {
+            const std::string name = folder + "/p" + std::to_string(100 + k) + ".bmp";
+            const base::Colour colour = kind + base::rgb(0, k, 0);
+            addPicture(name, colour);
+            m_colours[m_tree.path(name)] = colour;
+        }
+    }
+
+    void chooseFolder(const std::string& folder) { m_list.setPath(m_tree.path(folder)); }
+
+    void expectTilesOf(const std::string& folder, int count)
+    {
+        EXPECT_EQ(m_list.path(), m_tree.path(folder));
+        EXPECT_EQ(filledRows(), count);
+        for (int k = 0; k < count; ++k) {
+            ASSERT_NE(row(k), nullptr) << k;
+            EXPECT_EQ(row(k)->path, m_tree.path(folder + "/p" + std::to_string(100 + k) + ".bmp"));
+            const QPoint middle = row(k)->box.rect().center();
+            EXPECT_EQ(at(middle.x(), middle.y(), row(k)->page), m_colours[row(k)->path]) << k;
+        }
+    }
+
+    std::map<QString, base::Colour> m_colours;
+};
+
+// A Photoshop file of 4 x 4 whose planes are missing: its reader tells so in a box and goes on with
+// a black picture.
+std::string psdWithoutPlanes()
+{
+    std::string file("8BPS\0\1\0\0\0\0\0\0\0\3\0\0\0\4\0\0\0\4\0\10\0\3", 26);
+    return file + std::string(14, '\0');
+}
+
+// 4 x 4 pixels, all blue.
+std::string blueTga()
+{
+    std::string file(18, '\0');
+    file[2] = 2;
+    file[12] = 4;
+    file[14] = 4;
+    file[16] = 24;
+    for (int pixel = 0; pixel < 16; ++pixel) {
+        file += std::string("\xFF\0\0", 3);
+    }
+    return file;
+}
+
+class ScopedReport {
+public:
+    explicit ScopedReport(std::function<void()> report)
+    {
+        formats::Hooks hooks;
+        hooks.report = [report = std::move(report)](const char* /*text*/) { report(); };
+        formats::setHooks(std::move(hooks));
+    }
+    ~ScopedReport() { formats::setHooks({}); }
+    ScopedReport(const ScopedReport&) = delete;
+    ScopedReport& operator=(const ScopedReport&) = delete;
+};
+
+} // namespace
 
 TEST_F(GalleryTest, PaintsRingFillPictureAndBadge)
 {
@@ -134,20 +211,26 @@ TEST_F(GalleryTest, GivesANeutralBadgeInTheFrameComposer)
 
 TEST_F(GalleryTest, DecodesForeignFormatsByWayOfTheWorkingFile)
 {
-    // 4 x 4 pixels, blue green red, top row last.
-    std::string tga(18, '\0');
-    tga[2] = 2;
-    tga[12] = 4;
-    tga[14] = 4;
-    tga[16] = 24;
-    for (int pixel = 0; pixel < 16; ++pixel) {
-        tga += std::string("\xFF\0\0", 3);
-    }
-    m_tree.add({"pics/a.tga", tga});
+    m_tree.add({"pics/a.tga", blueTga()});
     runFolder();
     EXPECT_EQ(at(18 + 35, 35), kBlue);
     EXPECT_EQ(m_list.P_load().naturalSize, QSize(4, 4));
     EXPECT_TRUE(m_tree.exists("app/temp.bmp"));
+}
+
+TEST_F(GalleryTest, ShowsThePictureBeforeForARefusedForeignFile)
+{
+    m_tree.add({"pics/a.tga", blueTga()});
+    addPicture("pics/b.bmp", kGreen);
+    m_tree.add({"pics/c.psd", "no picture"});
+    m_tree.add({"pics/d.pcx", std::string("\n\5\1\10", 4)}); // begins well and is cut short
+    runFolder();
+    EXPECT_EQ(at(18 + 35, 35), kBlue);
+    EXPECT_EQ(at(93 + 35, 35), kGreen);
+    EXPECT_EQ(at(168 + 35, 35), kGreen);
+    EXPECT_EQ(at(18 + 35, 75 + 35), kGreen);
+    ASSERT_NE(row(2), nullptr);
+    EXPECT_EQ(row(2)->path, m_tree.path("pics/c.psd"));
 }
 
 TEST_F(GalleryTest, StartsTheNextPageAtTheFirstTileTooMany)
@@ -256,11 +339,12 @@ TEST_F(GalleryTest, GoesOnAgainstTheNewPagesAfterANestedRun)
         }
     });
     runFolder();
-    // The outer run went on at its fourth file, in its own folder with the other's names.
-    ASSERT_NE(row(3), nullptr);
-    EXPECT_EQ(row(2)->path, m_tree.path("other/p102.bmp"));
-    EXPECT_EQ(row(3)->path, m_tree.path("pics/p103.bmp"));
-    EXPECT_EQ(row(10)->path, m_tree.path("other/p110.bmp"));
+    // The outer run went on at its fourth file, with the other's folder and names.
+    for (int k = 0; k < 12; ++k) {
+        ASSERT_NE(row(k), nullptr) << k;
+        EXPECT_EQ(row(k)->path, m_tree.path("other/p" + std::to_string(100 + k) + ".bmp"));
+        EXPECT_EQ(at(row(k)->box.left + 35, row(k)->box.top + 35), kGreen) << k;
+    }
     EXPECT_EQ(m_list.infoText(), " Pagina: 0 Afbeelding: 11 van: 10  Tijd:  ThumbSize:60 x 60");
 }
 
@@ -280,6 +364,194 @@ TEST_F(GalleryTest, EndsAtOnceAfterANestedRunOverFewerFiles)
     EXPECT_EQ(filledRows(), 2);
     EXPECT_EQ(m_list.pages().pages(), 1);
     EXPECT_EQ(m_list.infoText(), " Pagina: 1 Afbeelding: 31 van: 60  Tijd:  ThumbSize:60 x 60");
+}
+
+TEST_F(ChangingGalleryTest, ShowsTheLastFolderAfterQuickChanges)
+{
+    const std::vector<std::string> folders{"one", "two", "three", "four", "five", "six"};
+    for (unsigned k = 0; k < folders.size(); ++k) {
+        addPictures(folders[k], 60, base::rgb(40 * k, 0, 200));
+    }
+    std::size_t next = 1;
+    int yields = 0;
+    atEveryYield([&] {
+        if (++yields % 7 == 0 && next < folders.size()) {
+            chooseFolder(folders[next++]);
+        }
+    });
+    chooseFolder(folders[0]);
+    EXPECT_EQ(next, folders.size());
+    expectTilesOf("six", 60);
+    EXPECT_EQ(m_list.pages().pages(), 3);
+}
+
+// The first run stands on its second page when the others have come and gone.
+TEST_F(ChangingGalleryTest, MakesNoPageTwice)
+{
+    addPictures("one", 60, base::rgb(10, 0, 0));
+    addPictures("two", 60, base::rgb(200, 0, 0));
+    bool chosen = false;
+    atEveryYield([&] {
+        if (!chosen && filledRows() == 40) {
+            chosen = true;
+            chooseFolder("two");
+        }
+    });
+    chooseFolder("one");
+    EXPECT_TRUE(chosen);
+    expectTilesOf("two", 60);
+    EXPECT_EQ(m_list.pages().pages(), 3);
+    EXPECT_EQ(m_list.V_Scroll().maximum(), 1840 - 620 - 5);
+}
+
+TEST_F(ChangingGalleryTest, GoesOnInTheTilesOfAnotherSize)
+{
+    addPictures("one", 60, base::rgb(10, 0, 0));
+    bool changed = false;
+    atEveryYield([&] {
+        if (!changed && filledRows() == 40) {
+            changed = true;
+            m_list.setThumbNailSize(100);
+            m_list.Makegallery();
+        }
+    });
+    chooseFolder("one");
+    EXPECT_TRUE(changed);
+    expectTilesOf("one", 60);
+}
+
+// A list that changes without a run of its own.
+TEST_F(ChangingGalleryTest, TakesEveryFileFromTheListAsItStands)
+{
+    addPictures("one", 10, base::rgb(10, 0, 0));
+    addPictures("two", 10, base::rgb(200, 0, 0));
+    atEveryYield([&] {
+        if (filledRows() == 4) {
+            m_list.setAutoUpdateOnPathchange(false);
+            chooseFolder("two");
+        }
+    });
+    chooseFolder("one");
+    for (int k = 0; k < 10; ++k) {
+        ASSERT_NE(row(k), nullptr) << k;
+        const std::string folder = k < 4 ? "one/p" : "two/p";
+        EXPECT_EQ(row(k)->path, m_tree.path(folder + std::to_string(100 + k) + ".bmp"));
+        const QPoint middle = row(k)->box.rect().center();
+        EXPECT_EQ(at(middle.x(), middle.y()), m_colours[row(k)->path]) << k;
+    }
+}
+
+TEST_F(ChangingGalleryTest, KeepsTheHighlightWhenAnEarlierRunGoesOn)
+{
+    addPictures("one", 20, base::rgb(10, 0, 0));
+    addPictures("two", 20, base::rgb(200, 0, 0));
+    bool chosen = false;
+    atEveryYield([&] {
+        if (!chosen && filledRows() == 4) {
+            chosen = true;
+            chooseFolder("two");
+            m_list.pressTile(10);
+        }
+    });
+    chooseFolder("one");
+    EXPECT_EQ(m_list.selectedTile(), 10);
+    const thumbs::TileBox ring = row(10)->box.grown(1);
+    EXPECT_EQ(at(ring.left, ring.top), kGreen);
+}
+
+TEST_F(ChangingGalleryTest, ShowsThatItRunsUntilTheLastRunHasEnded)
+{
+    addPictures("one", 10, base::rgb(10, 0, 0));
+    addPictures("two", 10, base::rgb(200, 0, 0));
+    bool chosen = false;
+    bool nestedEnded = false;
+    int yieldsAfter = 0;
+    atEveryYield([&] {
+        if (nestedEnded) {
+            ++yieldsAfter;
+            // The first yield after it is the one that it ended in.
+            EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
+            EXPECT_TRUE(m_list.state().IsLoading);
+            EXPECT_TRUE(m_main.gradient.shown);
+        }
+        if (!chosen && filledRows() == 3) {
+            chosen = true;
+            chooseFolder("two");
+            nestedEnded = true;
+        }
+    });
+    chooseFolder("one");
+    EXPECT_GT(yieldsAfter, 0);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+    EXPECT_FALSE(m_list.state().IsLoading);
+    EXPECT_FALSE(m_main.gradient.shown);
+}
+
+TEST_F(ChangingGalleryTest, EndsWhenAnotherFolderWasRefusedMeanwhile)
+{
+    addPictures("one", 30, base::rgb(10, 0, 0));
+    addFiles("many", 72);
+    m_list.setMaxThumbnailpages(2);
+    bool chosen = false;
+    atEveryYield([&] {
+        if (!chosen && filledRows() == 3) {
+            chosen = true;
+            chooseFolder("many");
+        }
+    });
+    chooseFolder("one");
+    EXPECT_EQ(m_dialogs.messages.size(), 1U);
+    EXPECT_EQ(filledRows(), 0);
+    EXPECT_EQ(m_list.pages().bitmap(0), nullptr);
+}
+
+TEST_F(ChangingGalleryTest, KeepsTheFolderThatWasChosenUnderTheReport)
+{
+    addPictures("one", 10, base::rgb(10, 0, 0));
+    addFiles("many", 72);
+    m_list.setMaxThumbnailpages(2);
+    m_dialogs.whileOpen = [this] { chooseFolder("one"); };
+    chooseFolder("many");
+    expectTilesOf("one", 10);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(ChangingGalleryTest, KeepsTheFolderThatWasChosenUnderABoxOfAReader)
+{
+    m_tree.add({"pics/p100.psd", psdWithoutPlanes()});
+    addPictures("one", 10, base::rgb(10, 0, 0));
+    bool chosen = false;
+    const ScopedReport report([&] {
+        if (!chosen) {
+            chosen = true;
+            chooseFolder("one");
+        }
+    });
+    chooseFolder("pics");
+    EXPECT_TRUE(chosen);
+    expectTilesOf("one", 10);
+}
+
+// What is left of the list is marked, so that whoever writes to it afterwards is seen.
+TEST_F(GalleryTest, SurvivesTheEndOfItsListUnderABoxOfAReader)
+{
+    constexpr std::byte kMark{0x5A};
+    m_tree.add({"pics/p100.psd", psdWithoutPlanes()});
+    addPicture("pics/p101.bmp", kRed);
+    alignas(ThumbNailList) std::array<std::byte, sizeof(ThumbNailList)> room{};
+    auto* const list = new (room.data()) ThumbNailList;
+    list->resize(300, 650);
+    list->setPath(m_tree.path("pics"));
+    bool ended = false;
+    const ScopedReport report([&] {
+        ended = true;
+        list->~ThumbNailList();
+        room.fill(kMark);
+    });
+    list->Makegallery();
+    ASSERT_TRUE(ended);
+    EXPECT_EQ(std::count(room.begin(), room.end(), kMark), static_cast<long>(room.size()));
+    platform::setPointer(platform::Pointer::Default);
 }
 
 TEST_F(GalleryTest, ShowsProgressInTheMainWindow)
@@ -343,6 +615,22 @@ TEST_F(GalleryTest, RefusesInSilenceWithoutALanguage)
     EXPECT_TRUE(m_dialogs.messages.empty());
     EXPECT_TRUE(m_list.state().IsLoading);
     EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
+    platform::setPointer(platform::Pointer::Default);
+}
+
+TEST_F(GalleryTest, LeavesNoTileOfTheFolderBeforeARefusedOne)
+{
+    addFiles("pics", 72);
+    addFiles("few", 3);
+    m_list.setMaxThumbnailpages(2);
+    runFolder("few");
+    const QPoint place = m_list.viewport().tilePlace(0, row(0)->box).center();
+    QSignalSpy clicks(&m_list, &ThumbNailList::ThumbClick);
+    runFolder("pics");
+    QTest::mouseClick(&m_list.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(&m_list.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(clicks.count(), 0);
+    EXPECT_EQ(m_list.state().ThumbTable.rows(), 1);
     platform::setPointer(platform::Pointer::Default);
 }
 

@@ -20,7 +20,7 @@ protected:
             m_tree.add({"pics/d" + std::to_string(1000 + k) + ".swf", "x"});
         }
         start();
-        ASSERT_EQ(list().tilesShown(), 123);
+        ASSERT_EQ(list().tiles().size(), 123U);
         ASSERT_GT(list().V_Scroll().maximum(), 0);
     }
 
@@ -94,6 +94,44 @@ TEST_F(PaneKeysTest, DoesNothingInAnEmptyFolder)
     }
     EXPECT_EQ(clicks.count(), 0);
     EXPECT_EQ(doubleClicks.count(), 0);
+}
+
+// Nothing is left of a line of dots at the size of a tile.
+TEST_F(PaneKeysTest, PassOverAFileWithoutATile)
+{
+    for (const char* name : {"0", "aa", "bb", "d"}) {
+        QImage(10000, 10, QImage::Format_RGB32)
+            .save(m_tree.path(std::string("pics/") + name + ".bmp"));
+    }
+    start();
+    QStringList shown;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right,
+                              Qt::Key_Left, Qt::Key_Home, Qt::Key_End}) {
+        pressOn(list(), key);
+        shown.append(m_main.Xiala().mid(m_tree.path("pics/").size()));
+    }
+    EXPECT_EQ(shown, (QStringList{"a.bmp", "b.bmp", "c.bmp", "c.bmp", "b.bmp", "a.bmp", "c.bmp"}));
+}
+
+TEST_F(PaneKeysTest, ReadersPassOverAFileWithoutATile)
+{
+    QImage(10000, 10, QImage::Format_RGB32).save(m_tree.path("pics/aa.bmp"));
+    start();
+    QStringList names;
+    for (int k = 0; k < reader()->childCount(); ++k) {
+        QAccessibleInterface* child = reader()->child(k);
+        ASSERT_NE(child, nullptr) << k;
+        if (child->role() == QAccessible::ListItem) {
+            names.append(child->text(QAccessible::Name));
+            EXPECT_EQ(reader()->indexOfChild(child), k);
+        }
+    }
+    EXPECT_EQ(names, (QStringList{"a.bmp", "b.bmp", "c.bmp"}));
+    reader()
+        ->child(reader()->childCount() - 1)
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(m_main.Xiala(), m_tree.path("pics/c.bmp"));
 }
 
 TEST_F(PaneKeysTest, PagesTurnAndTheTileStaysInSight)

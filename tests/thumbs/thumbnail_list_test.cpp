@@ -201,6 +201,7 @@ TEST_F(ThumbnailListTest, ResetsWhatARunLeft)
     EXPECT_TRUE(m_list.state().IsLoading);
     EXPECT_FALSE(m_list.state().CancelLoading);
     EXPECT_EQ(m_list.state().PagesLoaded, 1);
+    EXPECT_EQ(filledRows(), 0);
 }
 
 TEST_F(ThumbnailListTest, ShowsTheBarWhereASmallerWindowHidesTiles)

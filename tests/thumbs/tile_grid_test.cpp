@@ -82,3 +82,33 @@ TEST(ViewportMeasure, LooksAtTheViewportAlone)
     EXPECT_EQ(thumbs::measureViewport({300, 620}, 60).tilesPerPage, 32);
     EXPECT_EQ(thumbs::measureViewport({20, 20}, 60).tilesPerPage, 0);
 }
+
+TEST(TileGrid, PlacesTilesLineByLineAndPageByPage)
+{
+    thumbs::TileGrid grid;
+    grid.columns = 3;
+    grid.rows = 8;
+    const struct {
+        int file;
+        int page;
+        int column;
+        int row;
+    } places[] = {{0, 0, 0, 0},  {2, 0, 2, 0},  {3, 0, 0, 1},
+                  {23, 0, 2, 7}, {24, 1, 0, 0}, {50, 2, 2, 0}};
+    for (const auto& expected : places) {
+        const thumbs::TilePlace place = thumbs::tilePlace(grid, expected.file);
+        EXPECT_EQ(place.page, expected.page) << expected.file;
+        EXPECT_EQ(place.column, expected.column) << expected.file;
+        EXPECT_EQ(place.row, expected.row) << expected.file;
+    }
+}
+
+TEST(TileGrid, TurnsThePageForEveryFileWhereNoTileFits)
+{
+    for (const int file : {0, 1, 7}) {
+        const thumbs::TilePlace place = thumbs::tilePlace({}, file);
+        EXPECT_EQ(place.page, file + 1);
+        EXPECT_EQ(place.column, 0);
+        EXPECT_EQ(place.row, 0);
+    }
+}

@@ -32,6 +32,25 @@ TEST(TileTable, ForgetsItsRowsWhenItIsSizedAgain)
     TileTable table = tableOfThree();
     table.resize(3);
     EXPECT_EQ(table.filledRow(0), nullptr);
+    EXPECT_TRUE(table.tiles().empty());
+}
+
+TEST(TileTable, TellsWhichRowsHaveATile)
+{
+    TileTable table = tableOfThree();
+    EXPECT_EQ(table.tiles(), (std::vector<int>{0, 2}));
+    table.fill(1, {18, 0, 88, 70}, "/p/b.jpg", 0);
+    table.fill(2, {18, 0, 88, 70}, "/p/d.jpg", 1);
+    EXPECT_EQ(table.tiles(), (std::vector<int>{0, 1, 2}));
+}
+
+TEST(TileTable, HasARowForEveryFile)
+{
+    const TileTable table = tableOfThree();
+    EXPECT_TRUE(table.hasRow(0));
+    EXPECT_TRUE(table.hasRow(2));
+    EXPECT_FALSE(table.hasRow(3));
+    EXPECT_FALSE(table.hasRow(-1));
 }
 
 TEST(TileTable, FindsTilesOfTheirOwnPageOnly)
