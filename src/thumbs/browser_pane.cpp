@@ -54,9 +54,10 @@ frmThumbnaillist::frmThumbnaillist(QWidget* parent)
     thumbs::installAccessibleParts(); // before any part gets a name, which readers are told of
     setObjectName("frmThumbnaillist");
     setAccessibleName(tr("Browser"));
-    // The viewer reaches in under the pane; what it repaints there is nothing to the pane.
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_files.setPattern(core::kPicturePattern);
+    // Where the files stay when the folder to start with is missing.
+    m_files.setPath(platform::appPath());
     m_files.onPathChange([this] { File1_PathChange(); });
     makeParts();
     resize(pixelsFromTwips(thumbs::kPaneDefaultWidth), height());
@@ -115,24 +116,38 @@ void frmThumbnaillist::PathChange()
         }
     }
     m_pathKnown = true;
+    m_tileChosen = false;
+    const core::MainWindow* before = core::services().mainWindow;
+    const QString shownBefore = before == nullptr ? QString() : before->Xiala();
     const QPointer<frmThumbnaillist> alive = this;
-    m_files.setPath(folder);
+    followFolder(folder);
     if (alive == nullptr) {
         return;
     }
-    if (core::MainWindow* window = core::services().mainWindow) {
+    // A file that was shown while the pages were made stays in the field: commands act on it.
+    core::MainWindow* window = core::services().mainWindow;
+    if (window != nullptr && !m_tileChosen && window->Xiala() == shownBefore) {
         window->setXiala(m_files.path());
     }
     startWhenReady();
+}
+
+// The folder that the files stand on at first is no change for them when it is chosen.
+void frmThumbnaillist::followFolder(const QString& folder)
+{
+    const QPointer<frmThumbnaillist> alive = this;
+    const bool isReadable = m_files.setPath(folder);
+    if (alive != nullptr && isReadable && m_list->path() != m_files.path()) {
+        File1_PathChange();
+    }
 }
 
 void frmThumbnaillist::File1_PathChange()
 {
     core::state().FirstActivate = true;
     enableButtons(false);
-    const QString folder = m_files.path();
     if (core::MainWindow* window = core::services().mainWindow) {
-        window->setDir2(folder);
+        window->setDir2(m_files.path());
     }
     // Nobody waits for tiles in a hidden pane; they are made when it is shown.
     const bool putOff = !isVisible() && m_list->AutoUpdateOnPathchange();
@@ -146,6 +161,8 @@ void frmThumbnaillist::File1_PathChange()
         return;
     }
     m_list->setAutoUpdateOnPathchange(true);
+    // The folder that holds now: another one may have been chosen while the pages were made.
+    const QString folder = m_files.path();
     platform::saveSetting("Locations", "drive", platform::drivePrefix(folder));
     platform::saveSetting("Locations", "Path", folder);
     enableButtons(true);
@@ -173,6 +190,7 @@ void frmThumbnaillist::serveFirstActivation()
     m_firstFolderShown = true;
     m_runWhenShown = false;
     const QPointer<frmThumbnaillist> alive = this;
+    m_list->setAutoUpdateOnPathchange(true); // still off where the folder to start with is missing
     m_list->setPath(folder);
     if (alive == nullptr) {
         return;

@@ -83,6 +83,7 @@ private:
     void placeTree();
     void changeWidth(int pixels);
 
+    void followFolder(const QString& folder);
     void File1_PathChange();
     void serveFirstActivation();
     void startWhenReady();
@@ -107,6 +108,7 @@ private:
     platform::FileList m_files;
     QString m_startFolder;
     bool m_pathKnown = false;         // the first PathChange is done
+    bool m_tileChosen = false;        // since the last PathChange began
     bool m_activationPending = false; // the first activation waits to be served
     bool m_activationServed = false;
     bool m_firstFolderShown = false; // or being shown

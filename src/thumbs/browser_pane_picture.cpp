@@ -43,9 +43,11 @@ bool frmThumbnaillist::handleTileKey(const QKeyEvent& event)
 void frmThumbnaillist::showTilesFile(int index, const QString& path)
 {
     core::MainWindow* window = core::services().mainWindow;
+    m_tileChosen = true;
     if (window == nullptr) {
         return;
     }
+    const QPointer<frmThumbnaillist> alive = this;
     const platform::PointerGuard hourGlass;
     window->Image1().setPicture({});
     core::state().CurrentFile = path;
@@ -55,7 +57,10 @@ void frmThumbnaillist::showTilesFile(int index, const QString& path)
         window->Image1().setPicture(*picture);
     }
     if (files::isOwnFormat(path)) {
-        window->openPsd(path);
+        window->openPsd(path); // may show a box
+        if (alive == nullptr || core::services().mainWindow == nullptr) {
+            return;
+        }
         window->showNameAndSize(path);
     } else {
         window->showFileFacts(path);
@@ -70,6 +75,7 @@ void frmThumbnaillist::showTilesFile(int index, const QString& path)
 
 void frmThumbnaillist::openTilesFile(int /*index*/, const QString& path)
 {
+    m_tileChosen = true;
     if (core::MainWindow* window = core::services().mainWindow) {
         window->routePath(path);
         window->setXiala(path);

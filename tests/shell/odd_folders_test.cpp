@@ -6,6 +6,7 @@
 #include "platform/profile.h"
 #include "shell/running_program.h"
 #include "support/ordinary_user.h"
+#include "thumbs/thumbnail_list.h"
 #include "viewer/picture_viewer.h"
 
 #include <QAction>
@@ -79,10 +80,14 @@ TEST_F(OddFoldersTest, FallsBackToTheHomeFolderWhenTheStartFolderIsMissing)
     program.run([this](Form1& form) {
         EXPECT_EQ(platform::folderTree().selected(), program.tree.path("home"));
         EXPECT_EQ(core::state().CurrentFolder, program.tree.path("home"));
-        EXPECT_EQ(RunningProgram::File1().path(), QString()); // kept what it had
-        EXPECT_EQ(form.Xiala(), QString());
+        EXPECT_EQ(RunningProgram::File1().path(), program.tree.path("app")); // kept what it had
+        EXPECT_EQ(form.Xiala(), program.tree.path("app"));
         platform::folderTree().select(program.tree.path("pics"));
         EXPECT_EQ(RunningProgram::File1().count(), 3);
+        auto* list = form.findChild<ThumbNailList*>(QStringLiteral("ThumbNailList1"));
+        for (int k = 0; k < 3; ++k) {
+            EXPECT_NE(list->state().ThumbTable.filledRow(k), nullptr) << k;
+        }
     });
     EXPECT_TRUE(program.dialogs.boxes.empty());
 }

@@ -103,8 +103,35 @@ TEST_F(PaneTest, KeepsItsFilesWhereTheStoredFolderIsMissing)
     m_config.values["SpeciFolder"] = m_tree.path("nowhere");
     load();
     m_pane->treeSelected(m_tree.path("pics"));
-    EXPECT_EQ(m_pane->File1().path(), "");
-    EXPECT_EQ(m_main.xiala, "");
+    EXPECT_EQ(m_pane->File1().path(), m_tree.path("app"));
+    EXPECT_EQ(m_main.xiala, m_tree.path("app"));
+}
+
+TEST_F(PaneTest, MakesThePagesOfTheFirstFolderAfterAMissingOne)
+{
+    m_config.values["SpeciFolder"] = m_tree.path("nowhere");
+    start();
+    EXPECT_TRUE(m_pane->isFirstFolderShown());
+    m_pane->treeSelected(m_tree.path("pics"));
+    letEventsRun();
+    EXPECT_EQ(m_pane->File1().path(), m_tree.path("pics"));
+    for (int k = 0; k < 3; ++k) {
+        ASSERT_NE(list().state().ThumbTable.filledRow(k), nullptr) << k;
+    }
+    clickTile(2);
+    EXPECT_EQ(m_main.xiala, m_tree.path("pics/c.bmp"));
+}
+
+// The folder that the files stand on before the first choice is as good as any other.
+TEST_F(PaneTest, ShowsTheFolderOfTheProgramWhenItIsChosenFirst)
+{
+    m_tree.add({"app/own.swf", "x"});
+    m_config.values["SpeciFolder"] = m_tree.path("app");
+    start();
+    EXPECT_EQ(m_runs, 1);
+    EXPECT_EQ(list().path(), m_tree.path("app"));
+    EXPECT_EQ(platform::getSetting("Locations", "Path"), m_tree.path("app"));
+    EXPECT_NE(list().state().ThumbTable.filledRow(0), nullptr);
 }
 
 TEST_F(PaneTest, RunsOnceByTheEndOfTheStart)
@@ -200,6 +227,91 @@ TEST_F(PaneTest, TellsOthersAboutANewPath)
     for (int k = 0; k < frmThumbnaillist::kButtons; ++k) {
         EXPECT_TRUE(m_pane->Tbmenub(k).isEnabled()) << k;
     }
+}
+
+// A folder that loads while other things happen.
+class BusyPaneTest : public PaneTest {
+protected:
+    BusyPaneTest()
+    {
+        for (int k = 0; k < 20; ++k) {
+            m_tree.add({"many/f" + std::to_string(100 + k) + ".swf", "x"});
+            m_tree.add({"more/f" + std::to_string(100 + k) + ".swf", "x"});
+        }
+    }
+
+    // Chooses a folder and does something once a number of its tiles are there.
+    void whileLoading(const char* folder, int tiles, const std::function<void()>& action)
+    {
+        bool done = false;
+        QTimer yield;
+        QObject::connect(&yield, &QTimer::timeout, &yield, [&] {
+            if (!done && list().state().ThumbTable.filledRow(tiles - 1) != nullptr) {
+                done = true;
+                action();
+            }
+        });
+        yield.start(0);
+        m_pane->treeSelected(m_tree.path(folder));
+        EXPECT_TRUE(done);
+    }
+};
+
+TEST_F(BusyPaneTest, LeavesTheTileThatWasChosenInTheField)
+{
+    start();
+    m_dialogs.answer = true;
+    whileLoading("many", 5, [this] { clickTile(1); });
+    EXPECT_EQ(m_main.xiala, m_tree.path("many/f101.swf"));
+    m_main.fakeViewer.pictureExists = true;
+    press(4);
+    EXPECT_EQ(m_desktop.trashed, (QStringList{m_tree.path("many/f101.swf")}));
+    m_pane->treeSelected(m_tree.path("pics"));
+    EXPECT_EQ(m_main.xiala, m_tree.path("pics"));
+}
+
+// Stepping, a favourite and the Open dialog write their file there, too.
+TEST_F(BusyPaneTest, LeavesAnyFileThatWasShownInTheField)
+{
+    start();
+    whileLoading("many", 5, [this] { m_main.setXiala(m_tree.path("pics/b.bmp")); });
+    EXPECT_EQ(m_main.xiala, m_tree.path("pics/b.bmp"));
+}
+
+TEST_F(BusyPaneTest, TellsTheLastFolderToAll)
+{
+    start();
+    whileLoading("many", 5, [this] { m_pane->treeSelected(m_tree.path("more")); });
+    EXPECT_EQ(m_main.xiala, m_tree.path("more"));
+    EXPECT_EQ(m_main.dir2, m_tree.path("more"));
+    EXPECT_EQ(platform::getSetting("Locations", "Path"), m_tree.path("more"));
+    EXPECT_EQ(platform::getSetting("Locations", "drive"),
+              platform::drivePrefix(m_tree.path("more")));
+    EXPECT_EQ(list().path(), m_tree.path("more"));
+    clickTile(19);
+    EXPECT_EQ(m_main.xiala, m_tree.path("more/f119.swf"));
+}
+
+TEST_F(BusyPaneTest, LeavesTheTileChosenInTheLastFolderInTheField)
+{
+    start();
+    whileLoading("many", 5, [this] {
+        m_pane->treeSelected(m_tree.path("more"));
+        clickTile(7);
+    });
+    EXPECT_EQ(m_main.xiala, m_tree.path("more/f107.swf"));
+}
+
+TEST_F(BusyPaneTest, AClickLeavesThePointerOfTheRun)
+{
+    start();
+    platform::Pointer after = platform::Pointer::Default;
+    whileLoading("many", 5, [this, &after] {
+        clickTile(1);
+        after = platform::pointer();
+    });
+    EXPECT_EQ(after, platform::Pointer::ArrowHourGlass);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
 
 TEST_F(PaneTest, StoresTheDriveOfTheHomeFolder)
