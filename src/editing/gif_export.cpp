@@ -35,6 +35,8 @@ bool SaveGIF(const platform::Picture& picture, const QString& fileName)
         return false;
     }
     return platform::writeFileWhole(
-        fileName, QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                          static_cast<qsizetype>(bytes.size())));
+        fileName,
+        QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                static_cast<qsizetype>(bytes.size())),
+        platform::Flush::ToDisk);
 }

@@ -25,7 +25,8 @@ enum SaveFormat { kBmp = 1, kGif = 2, kJpeg = 3 };
 void saveBmp(core::MainWindow& form, const QString& path)
 {
     form.Image1().setPicture(form.viewer().Picture());
-    static_cast<void>(platform::savePicture(form.Image1().picture(), path));
+    static_cast<void>(
+        platform::savePicture(form.Image1().picture(), path, platform::Flush::ToDisk));
 }
 
 void saveGif(core::MainWindow& form, const QString& path)

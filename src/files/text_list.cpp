@@ -170,7 +170,8 @@ void renameEntry(const TextList& list, const NamedPath& entry, const QString& ne
 void rewrite(const TextList& list, const QString& text)
 {
     // A list that can't be written stays as it was; the program goes on without a word.
-    static_cast<void>(platform::writeFileWhole(pathOf(list), bytesOf(text)));
+    static_cast<void>(
+        platform::writeFileWhole(pathOf(list), bytesOf(text), platform::Flush::ToDisk));
 }
 
 } // namespace files

@@ -29,7 +29,7 @@ void copyMissing(const QString& source, const QString& target)
     if (isRegularFile(source)) {
         if (!isRegularFile(target)) {
             // A file that can't be copied is missing later, which every reader copes with.
-            static_cast<void>(copyFile(source, target));
+            static_cast<void>(copyFile(source, target, Flush::No));
         }
         return;
     }

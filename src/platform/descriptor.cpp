@@ -1,7 +1,9 @@
 #include "platform/descriptor.h"
 
+#include "platform/disk.h"
 #include "platform/paths.h"
 
+#include <QByteArray>
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
@@ -22,7 +24,7 @@ Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
 void Descriptor::reset()
 {
     if (m_descriptor >= 0) {
-        ::close(m_descriptor);
+        disk().close(m_descriptor);
         m_descriptor = -1;
     }
 }
@@ -36,7 +38,7 @@ Descriptor openDescriptor(const QString& path, int flags, mode_t mode)
     const std::string native = toNative(path);
     int descriptor = -1;
     do {
-        descriptor = ::open(native.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
+        descriptor = disk().open(native, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
     } while (descriptor < 0 && errno == EINTR);
     return Descriptor(descriptor);
 }
@@ -58,7 +60,7 @@ bool writeAll(int descriptor, const char* bytes, qsizetype size)
     constexpr qsizetype kMostAtOnce = qsizetype(1) << 30;
     while (size > 0) {
         const ssize_t written =
-            ::write(descriptor, bytes, static_cast<std::size_t>(std::min(size, kMostAtOnce)));
+            disk().write(descriptor, bytes, static_cast<std::size_t>(std::min(size, kMostAtOnce)));
         if (written < 0 && errno == EINTR) {
             continue;
         }
@@ -69,6 +71,57 @@ bool writeAll(int descriptor, const char* bytes, qsizetype size)
         size -= written;
     }
     return true;
+}
+
+bool copyBytes(int from, int to)
+{
+    constexpr std::size_t kBlock = std::size_t(1) << 20;
+    QByteArray block(static_cast<qsizetype>(kBlock), Qt::Uninitialized);
+    while (true) {
+        const ssize_t got = ::read(from, block.data(), kBlock);
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got <= 0) {
+            return got == 0;
+        }
+        if (!writeAll(to, block.constData(), got)) {
+            return false;
+        }
+    }
+}
+
+bool flushToDisk(int descriptor)
+{
+    int result = -1;
+    do {
+        result = disk().sync(descriptor);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP;
+}
+
+bool closesWell(int descriptor)
+{
+    // A file system hands in late failures whenever one of a file's descriptors is closed.
+    const int copy = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+    return copy >= 0 && (disk().close(copy) == 0 || errno == EINTR);
+}
+
+void flushFolder(const std::string& folder)
+{
+    const Descriptor opened(disk().open(folder.empty() ? "." : folder,
+                                        O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK, 0));
+    if (opened.isOpen()) {
+        static_cast<void>(flushToDisk(opened.get()));
+    }
+}
+
+bool isStillNamed(int descriptor, const std::string& name)
+{
+    struct stat opened = {};
+    struct stat named = {};
+    return ::fstat(descriptor, &opened) == 0 && ::lstat(name.c_str(), &named) == 0 &&
+           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
 } // namespace platform

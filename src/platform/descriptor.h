@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 #include <sys/types.h>
 #include <utility>
 
@@ -39,5 +40,21 @@ private:
 
 // All of the bytes, or false.
 [[nodiscard]] bool writeAll(int descriptor, const char* bytes, qsizetype size);
+
+// Writes what the one file has from where it stands to the other one.
+[[nodiscard]] bool copyBytes(int from, int to);
+
+// Waits until the bytes of a file are on the disk, as far as its file system knows of waiting.
+[[nodiscard]] bool flushToDisk(int descriptor);
+
+// Whether closing a file brings no late failure; the file stays open, and so does its lock.
+[[nodiscard]] bool closesWell(int descriptor);
+
+// Waits until the names in a folder ("" for the current one) are on the disk. Some file systems
+// can't, and the bytes are safe by then.
+void flushFolder(const std::string& folder);
+
+// Whether a name leads to the open file, and not to another one or a link.
+[[nodiscard]] bool isStillNamed(int descriptor, const std::string& name);
 
 } // namespace platform

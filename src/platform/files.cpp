@@ -1,7 +1,9 @@
 #include "platform/files.h"
 
 #include "platform/descriptor.h"
+#include "platform/disk.h"
 #include "platform/folder_reader.h"
+#include "platform/lock_file.h"
 #include "platform/paths.h"
 #include "platform/replacement_file.h"
 
@@ -57,35 +59,6 @@ std::optional<QByteArray> readToEnd(int descriptor, qint64 expected, qint64 maxB
     return bytes;
 }
 
-bool copyBytes(int from, int to)
-{
-    constexpr std::size_t kBlock = std::size_t(1) << 20;
-    QByteArray block(static_cast<qsizetype>(kBlock), Qt::Uninitialized);
-    while (true) {
-        const ssize_t got = ::read(from, block.data(), kBlock);
-        if (got < 0 && errno == EINTR) {
-            continue;
-        }
-        if (got <= 0) {
-            return got == 0;
-        }
-        if (!writeAll(to, block.constData(), got)) {
-            return false;
-        }
-    }
-}
-
-// So that the new name itself survives a loss of power. Some file systems can't; then it doesn't.
-void flushFolderOf(const QString& path)
-{
-    const QString folder = folderOf(path);
-    const Descriptor descriptor =
-        openDescriptor(folder.isEmpty() ? QStringLiteral(".") : folder, O_RDONLY | O_DIRECTORY);
-    if (descriptor.isOpen()) {
-        ::fsync(descriptor.get());
-    }
-}
-
 } // namespace
 
 std::unique_ptr<QFile> openForReading(const QString& path)
@@ -114,28 +87,31 @@ std::optional<QByteArray> readFile(const QString& path, qint64 maxBytes)
 bool writeFileWhole(const QString& path, const QByteArray& bytes, Flush flush)
 {
     ReplacementFile file(path);
-    if (!file.isOpen() || !writeAll(file.descriptor(), bytes.constData(), bytes.size())) {
-        return false;
-    }
-    if (flush == Flush::ToDisk && !file.flush()) {
-        return false;
-    }
-    if (!file.commit()) {
-        return false;
-    }
-    if (flush == Flush::ToDisk) {
-        flushFolderOf(path);
-    }
-    return true;
+    return file.isOpen() && writeAll(file.descriptor(), bytes.constData(), bytes.size()) &&
+           file.commit(flush);
 }
 
 bool appendToFile(const QString& path, const QByteArray& bytes)
 {
+    const Descriptor lock = lockFor("append", path);
     const Descriptor file = openRegular(path, O_WRONLY | O_APPEND | O_CREAT);
-    return file.isOpen() && writeAll(file.get(), bytes.constData(), bytes.size());
+    struct stat before = {};
+    if (!file.isOpen() || ::fstat(file.get(), &before) != 0) {
+        return false;
+    }
+    if (!writeAll(file.get(), bytes.constData(), bytes.size()) || !flushToDisk(file.get()) ||
+        !closesWell(file.get())) {
+        // Half a record would become the beginning of the next one.
+        static_cast<void>(disk().truncate(file.get(), before.st_size));
+        return false;
+    }
+    if (before.st_size == 0) {
+        flushFolder(folderPart(toNative(canonicalPath(path).value_or(path))));
+    }
+    return true;
 }
 
-bool copyFile(const QString& from, const QString& to)
+bool copyFile(const QString& from, const QString& to, Flush flush)
 {
     const Descriptor source = openRegular(from, O_RDONLY);
     struct stat facts = {};
@@ -155,7 +131,7 @@ bool copyFile(const QString& from, const QString& to)
     if (!copy.replaces()) {
         ::fchmod(copy.descriptor(), facts.st_mode & 0777U);
     }
-    return copy.commit();
+    return copy.commit(flush);
 }
 
 bool renameFile(const QString& from, const QString& to)

@@ -29,13 +29,13 @@ bool areSameFile(const QString& left, const QString& right)
            leftFacts.st_dev == rightFacts.st_dev && leftFacts.st_ino == rightFacts.st_ino;
 }
 
-bool save(const JpegEncoder& encoder, const QString& path)
+bool save(const JpegEncoder& encoder, const QString& path, Flush flush)
 {
     const std::span<const std::byte> bytes = encoder.bytes();
     // Only lends the bytes: the encoder outlives the write.
     const auto lent = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                               static_cast<qsizetype>(bytes.size()));
-    return writeFileWhole(path, lent);
+    return writeFileWhole(path, lent, flush);
 }
 
 } // namespace
@@ -66,8 +66,10 @@ const QImage& BitmapSource::image()
     return m_image;
 }
 
-JpegConversion::JpegConversion(BitmapSource& source, const QString& target, int quality)
+JpegConversion::JpegConversion(BitmapSource& source, const QString& target, int quality,
+                               Flush flush)
     : m_target(target)
+    , m_flush(flush)
     , m_encoder(source.image(), quality)
     , m_result(source.image().isNull() ? kNoSource : kNotEncoded)
 {
@@ -102,7 +104,7 @@ JpegConversion::Progress JpegConversion::work(std::chrono::milliseconds time)
 
 JpegConversion::Progress JpegConversion::finish()
 {
-    m_result = save(m_encoder, m_target) ? kConverted : kNotWritten;
+    m_result = save(m_encoder, m_target, m_flush) ? kConverted : kNotWritten;
     return m_result == kConverted ? Progress::Converted : Progress::Failed;
 }
 
@@ -111,7 +113,7 @@ JpegConversion::Progress JpegConversion::finish()
 int BMPToJPG(const QString& sourceBmpPath, const QString& targetJpgPath, int quality)
 {
     platform::BitmapSource source(sourceBmpPath);
-    platform::JpegConversion conversion(source, targetJpgPath, quality);
+    platform::JpegConversion conversion(source, targetJpgPath, quality, platform::Flush::ToDisk);
     while (conversion.work(std::chrono::hours(1)) == platform::JpegConversion::Progress::Working) {
     }
     return conversion.result();

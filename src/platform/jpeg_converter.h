@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/files.h"
 #include "platform/jpeg_encoder.h"
 
 #include <QImage>
@@ -10,8 +11,9 @@
 #include <optional>
 
 // Reads a bitmap file and writes it as a JPEG file of the given quality, 1 to 100. The low 16 bits
-// of the result are 0 on success. Otherwise the target is what it was before: a source that can't
-// be read, a side beyond 65500 pixels, a target that can't be written or that is the source itself.
+// of the result are 0 on success, and the file is on the disk then. Otherwise the target is what it
+// was before: a source that can't be read, a side beyond 65500 pixels, a target that can't be
+// written or that is the source itself.
 [[nodiscard]] int BMPToJPG(const QString& sourceBmpPath, const QString& targetJpgPath, int quality);
 
 namespace platform {
@@ -44,7 +46,8 @@ class JpegConversion {
 public:
     enum class Progress { Working, Converted, Failed };
 
-    JpegConversion(BitmapSource& source, const QString& target, int quality);
+    JpegConversion(BitmapSource& source, const QString& target, int quality,
+                   Flush flush = Flush::No);
 
     // Works for about this long. The file is written in the call that gives Converted.
     [[nodiscard]] Progress work(std::chrono::milliseconds time);
@@ -56,6 +59,7 @@ private:
     Progress finish();
 
     QString m_target;
+    Flush m_flush;
     JpegEncoder m_encoder;
     int m_result;
 };

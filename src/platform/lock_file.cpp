@@ -3,8 +3,10 @@
 #include "platform/paths.h"
 
 #include <QCryptographicHash>
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,7 +22,9 @@ bool isPrivateFolder(const std::string& folder)
            facts.st_uid == ::getuid() && (facts.st_mode & 0077U) == 0;
 }
 
-std::string lockFolder()
+} // namespace
+
+std::string privateFolder()
 {
     const char* const runtime = std::getenv("XDG_RUNTIME_DIR");
     if (runtime != nullptr && runtime[0] == '/') {
@@ -34,6 +38,8 @@ std::string lockFolder()
     ::mkdir(folder.c_str(), 0700);
     return isPrivateFolder(folder) ? folder : std::string();
 }
+
+namespace {
 
 // Every way to write a path leads to one text, also while its last part doesn't exist.
 QString identity(const QString& path)
@@ -49,7 +55,7 @@ QString identity(const QString& path)
 
 Descriptor openLockFile(const char* purpose, const QString& path)
 {
-    const std::string folder = lockFolder();
+    const std::string folder = privateFolder();
     if (folder.empty()) {
         return {};
     }
@@ -59,6 +65,17 @@ Descriptor openLockFile(const char* purpose, const QString& path)
             .toHex();
     const std::string name = folder + "/" + purpose + "-" + hash.toStdString() + ".lock";
     return openDescriptor(fromNative(name), O_RDWR | O_CREAT | O_NOFOLLOW, 0600);
+}
+
+Descriptor lockFor(const char* purpose, const QString& path)
+{
+    Descriptor file = openLockFile(purpose, path);
+    while (file.isOpen() && ::flock(file.get(), LOCK_EX) != 0) {
+        if (errno != EINTR) {
+            return {};
+        }
+    }
+    return file;
 }
 
 } // namespace platform

@@ -110,6 +110,12 @@ QString fileNameOf(const QString& path)
     return path.mid(path.lastIndexOf(kSeparator) + 1);
 }
 
+std::string folderPart(const std::string& path)
+{
+    const std::size_t separator = path.rfind('/');
+    return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
+}
+
 QString folderOf(const QString& path)
 {
     const qsizetype separator = path.lastIndexOf(kSeparator);

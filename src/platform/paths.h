@@ -29,6 +29,7 @@ std::optional<QString> canonicalPath(const QString& path);
 // The text behind the last separator, and the text before it ("/" for a name in the root, "" for a
 // bare name).
 QString fileNameOf(const QString& path);
+std::string folderPart(const std::string& path); // of native bytes, with its separator; or ""
 QString folderOf(const QString& path);
 
 // Decides where the program's data lives: the environment variable VISTARA_HOME, else the

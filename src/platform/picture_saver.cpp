@@ -87,7 +87,7 @@ bool writeRows(ReplacementFile& file, const QImage& image)
 
 } // namespace
 
-bool savePicture(const Picture& picture, const QString& path)
+bool savePicture(const Picture& picture, const QString& path, Flush flush)
 {
     const QImage image = picture.flattened();
     if (image.isNull() || kHeaderBytes + strideOf(image) * image.height() > kMaxFileBytes) {
@@ -95,7 +95,7 @@ bool savePicture(const Picture& picture, const QString& path)
     }
     ReplacementFile file(path);
     return file.isOpen() && writeBytes(file, headerOf(image), kHeaderBytes) &&
-           writeRows(file, image) && file.commit();
+           writeRows(file, image) && file.commit(flush);
 }
 
 } // namespace platform

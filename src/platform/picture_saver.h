@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/files.h"
 #include "platform/picture.h"
 
 #include <QString>
@@ -9,6 +10,7 @@ namespace platform {
 // Saves a picture as a BMP file: 24 bits a pixel, bottom row first, over white where it is
 // transparent. Complete on disk or not there at all; false when it couldn't be written or the
 // picture is Nothing.
-[[nodiscard]] bool savePicture(const Picture& picture, const QString& path);
+[[nodiscard]] bool savePicture(const Picture& picture, const QString& path,
+                               Flush flush = Flush::No);
 
 } // namespace platform

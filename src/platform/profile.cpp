@@ -6,8 +6,6 @@
 #include "platform/profile_text.h"
 
 #include <cerrno>
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace platform {
@@ -51,13 +49,6 @@ bool isWritable(const QString& section, const QString& key)
            !section.contains(u']') && !hasLineEnd(section);
 }
 
-void lock(const Descriptor& file)
-{
-    // Without a lock file the write is still whole; only a write of another process may be lost.
-    while (file.isOpen() && ::flock(file.get(), LOCK_EX) != 0 && errno == EINTR) {
-    }
-}
-
 // The text of the file, empty for one that doesn't exist yet; nothing where it can't be read, which
 // must never be taken for empty.
 std::optional<QByteArray> textToChange(const QString& file)
@@ -95,8 +86,8 @@ bool writeProfile(const QString& file, const QString& section, const QString& ke
     if (!isWritable(section, key)) {
         return false;
     }
-    const Descriptor lockFile = openLockFile("profile", file);
-    lock(lockFile);
+    // Without it the write is still whole; only a write of another process may be lost.
+    const Descriptor lock = lockFor("profile", file);
     const auto text = textToChange(file);
     if (!text) {
         return false;

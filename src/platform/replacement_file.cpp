@@ -1,14 +1,19 @@
 #include "platform/replacement_file.h"
 
+#include "platform/disk.h"
+#include "platform/file_rights.h"
+#include "platform/in_place_write.h"
 #include "platform/paths.h"
 
+#include <QCryptographicHash>
+#include <QRandomGenerator>
+#include <QSysInfo>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdio>
 #include <fcntl.h>
 #include <optional>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,14 +21,12 @@ namespace platform {
 
 namespace {
 
-constexpr int kMostNames = 100;
 constexpr int kMostLinks = 40; // as many as the system follows
 
-std::string folderPart(const std::string& path)
-{
-    const std::size_t separator = path.rfind('/');
-    return separator == std::string::npos ? std::string() : path.substr(0, separator + 1);
-}
+// The first names are the same ones each time, so that what a dead writer left under them is found
+// without a look through the folder. Where they are all taken, further ones are made up.
+constexpr int kFixedNames = 8;
+constexpr int kMostNames = 200;
 
 // The path that a link tells, seen from where the link stands; nothing for what is no link.
 std::optional<std::string> linkTarget(const std::string& link)
@@ -51,26 +54,53 @@ std::string resolved(std::string path)
     return {};
 }
 
-bool isStillNamed(int descriptor, const std::string& name)
+// A lock on a shared folder may count on one machine only, so each keeps to names of its own.
+const std::string& nameStart()
 {
-    struct stat opened = {};
-    struct stat named = {};
-    return ::fstat(descriptor, &opened) == 0 && ::lstat(name.c_str(), &named) == 0 &&
-           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+    static const std::string start = [] {
+        QByteArray machine = QSysInfo::machineUniqueId();
+        if (machine.isEmpty()) {
+            machine = QSysInfo::machineHostName().toUtf8();
+        }
+        const QByteArray hash =
+            QCryptographicHash::hash("vistara" + machine, QCryptographicHash::Sha1);
+        return ".vistara-new-" + hash.toHex().left(8).toStdString() + "-";
+    }();
+    return start;
 }
 
-// Where a file system knows no locks, everybody has the lock.
-bool lockNow(int descriptor)
+std::string temporaryName(int number)
 {
-    return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+    if (number < kFixedNames) {
+        return nameStart() + std::to_string(number);
+    }
+    return nameStart() + std::to_string(::getpid()) + "-" +
+           std::to_string(QRandomGenerator::global()->generate());
 }
 
-// Removes a temporary file whose writer has died. One that is being written is locked.
+// Removes a temporary file whose writer has died: one of this user's that nobody has locked. Where
+// the file system knows no locks that can't be told, and it stays.
 bool removeLeftover(const std::string& name)
 {
-    const Descriptor leftover(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
-    return leftover.isOpen() && lockNow(leftover.get()) && isStillNamed(leftover.get(), name) &&
-           ::unlink(name.c_str()) == 0;
+    const Descriptor leftover(
+        disk().open(name, O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY, 0));
+    struct stat facts = {};
+    return leftover.isOpen() && ::fstat(leftover.get(), &facts) == 0 && S_ISREG(facts.st_mode) &&
+           facts.st_uid == ::geteuid() && disk().lock(leftover.get()) == 0 &&
+           isStillNamed(leftover.get(), name) && ::unlink(name.c_str()) == 0;
+}
+
+// The file itself may well be written where its folder refuses this.
+bool isFoldersRefusal(int error)
+{
+    return error == EACCES || error == EPERM || error == EROFS || error == EBUSY;
+}
+
+// Without this folder a file that has no name can't be given one.
+bool canNameOpenFiles()
+{
+    static const bool can = ::access("/proc/self/fd", X_OK) == 0;
+    return can;
 }
 
 } // namespace
@@ -93,71 +123,130 @@ ReplacementFile::ReplacementFile(const QString& target)
         }
         m_replaces = true;
     }
-    openTemporary();
+    openBeside();
     if (isOpen() && m_replaces) {
-        takePermissions();
+        takeRights(m_file.get(), m_target);
+    } else if (m_replaces && isFoldersRefusal(errno)) {
+        openElsewhere();
     }
 }
 
 ReplacementFile::~ReplacementFile()
 {
-    if (isOpen()) {
+    if (isOpen() && !m_temporary.empty() && isStillNamed(m_file.get(), m_temporary)) {
         ::unlink(m_temporary.c_str());
     }
 }
 
+void ReplacementFile::openBeside()
+{
+    const std::string folder = folderPart(m_target);
+    if (!openUnnamed(folder) && !isFoldersRefusal(errno)) {
+        static_cast<void>(openNamed(folder));
+    }
+}
+
+void ReplacementFile::openElsewhere()
+{
+    const std::string folder = toNative(withSeparator(appPath()));
+    m_isElsewhere = openUnnamed(folder) || openNamed(folder);
+}
+
+// What has no name leaves nothing when its writer dies.
+bool ReplacementFile::openUnnamed(const std::string& folder)
+{
+    errno = EOPNOTSUPP;
+    if (canNameOpenFiles()) {
+        m_file = Descriptor(disk().open(folder.empty() ? "." : folder,
+                                        O_TMPFILE | O_RDWR | O_CLOEXEC, m_replaces ? 0600 : 0666));
+    }
+    return m_file.isOpen();
+}
+
+bool ReplacementFile::openNamed(const std::string& folder)
+{
+    return takeFreeName(folder, [this](const std::string& name) { return tryName(name); });
+}
+
 bool ReplacementFile::tryName(const std::string& name)
 {
-    Descriptor file(::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    // Another process may take the new file for a leftover until it is locked.
-    if (!file.isOpen() || !lockNow(file.get()) || !isStillNamed(file.get(), name)) {
+    Descriptor file(disk().open(name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY,
+                                m_replaces ? 0600 : 0666));
+    if (!file.isOpen()) {
+        return false;
+    }
+    // Until it is locked another process may take it for a leftover. Where there are no locks,
+    // nobody does.
+    const bool isLost = disk().lock(file.get()) != 0 && errno == EWOULDBLOCK;
+    if (isLost || !isStillNamed(file.get(), name)) {
+        errno = EEXIST;
         return false;
     }
     m_file = std::move(file);
-    m_temporary = name;
     return true;
 }
 
-void ReplacementFile::openTemporary()
+// Takes one name after the other until one was free; errno tells why none could be had.
+bool ReplacementFile::takeFreeName(const std::string& folder,
+                                   const std::function<bool(const std::string&)>& take)
 {
-    const std::string folder = folderPart(m_target);
     for (int number = 0; number < kMostNames; ++number) {
-        const std::string name = folder + ".vistara-new-" + std::to_string(number);
-        if (tryName(name)) {
-            return;
+        const std::string name = folder + temporaryName(number);
+        bool isTaken = take(name);
+        if (!isTaken && errno != EEXIST) {
+            return false;
         }
-        if (errno == EEXIST && removeLeftover(name) && tryName(name)) {
-            return;
-        }
-        if (errno == EACCES || errno == EROFS || errno == ENOENT || errno == ENOTDIR) {
-            return;
+        if (isTaken || (removeLeftover(name) && take(name))) {
+            m_temporary = name;
+            return true;
         }
     }
+    errno = EEXIST;
+    return false;
 }
 
-void ReplacementFile::takePermissions()
+bool ReplacementFile::commit(Flush flush)
 {
-    struct stat facts = {};
-    if (::stat(m_target.c_str(), &facts) != 0) {
-        return;
-    }
-    // The owner can be kept by the superuser only; for everybody else it is the same one anyway.
-    // The owner comes first, because changing it takes some permission bits away.
-    static_cast<void>(::fchown(m_file.get(), facts.st_uid, facts.st_gid) == 0);
-    static_cast<void>(::fchmod(m_file.get(), facts.st_mode & 07777U));
-}
-
-bool ReplacementFile::flush()
-{
-    return ::fsync(m_file.get()) == 0;
-}
-
-bool ReplacementFile::commit()
-{
-    if (std::rename(m_temporary.c_str(), m_target.c_str()) != 0) {
+    if (!m_isElsewhere && flush == Flush::ToDisk && !flushToDisk(m_file.get())) {
         return false;
     }
-    m_file.reset();
+    if (!closesWell(m_file.get())) {
+        return false;
+    }
+    if (m_isElsewhere) {
+        return writeInPlace(m_file.get(), m_target);
+    }
+    if (rename()) {
+        if (flush == Flush::ToDisk) {
+            flushFolder(folderPart(m_target));
+        }
+        return true;
+    }
+    return m_replaces && isFoldersRefusal(errno) && writeInPlace(m_file.get(), m_target);
+}
+
+bool ReplacementFile::rename()
+{
+    if (m_temporary.empty()) {
+        if (!m_replaces && disk().link(m_file.get(), m_target) == 0) {
+            return true;
+        }
+        // Locked before it has a name, so that nobody takes it for a leftover.
+        static_cast<void>(disk().lock(m_file.get()));
+        if (!takeFreeName(folderPart(m_target), [this](const std::string& name) {
+                return disk().link(m_file.get(), name) == 0;
+            })) {
+            return false;
+        }
+    }
+    if (!isStillNamed(m_file.get(), m_temporary)) {
+        errno = ENOENT;
+        return false;
+    }
+    if (disk().rename(m_temporary, m_target) != 0) {
+        return false;
+    }
+    m_temporary.clear();
     return true;
 }
 

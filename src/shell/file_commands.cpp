@@ -36,8 +36,8 @@ void copyIntoOpenTemp(const QStringList& chosen)
     platform::makeFolder(folder);
     for (const QString& file : chosen) {
         // A file that can't be copied is left out.
-        static_cast<void>(
-            platform::copyFile(file, platform::joinPath(folder, platform::fileNameOf(file))));
+        static_cast<void>(platform::copyFile(
+            file, platform::joinPath(folder, platform::fileNameOf(file)), platform::Flush::No));
     }
 }
 
@@ -73,7 +73,8 @@ void fileInLibrary(Form1& form, const QString& chosen)
     for (const char* folder : {"Lib", "Lib/pLib"}) {
         const QString path = platform::appFile(QString::fromLatin1(folder));
         platform::makeFolder(path);
-        static_cast<void>(platform::savePicture(picture, platform::joinPath(path, name)));
+        static_cast<void>(platform::savePicture(picture, platform::joinPath(path, name),
+                                                platform::Flush::ToDisk));
     }
     form.LibImport = false;
 }

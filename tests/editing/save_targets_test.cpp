@@ -3,6 +3,7 @@
 #include "editing/edit_fixture.h"
 #include "support/full_disk.h"
 #include "support/ordinary_user.h"
+#include "support/unruly_disk.h"
 
 #include <QPushButton>
 #include <QTimer>
@@ -79,7 +80,8 @@ protected:
     }
 
     // Few colours, so that GIF keeps them.
-    QImage m_image = test::imageOf(40, 20, [](int x, int y) { return qRgb(6 * x, 80 * (y % 4), 99); });
+    QImage m_image =
+        test::imageOf(40, 20, [](int x, int y) { return qRgb(6 * x, 80 * (y % 4), 99); });
 };
 
 std::string nameOf(const testing::TestParamInfo<Format>& row)
@@ -135,6 +137,42 @@ TEST_P(SaveTargets, StayWhenTheDiskIsFull)
     disk.reset();
     EXPECT_EQ(tree.content("out/old"), "kept");
     EXPECT_EQ(entriesIn("out"), 1U);
+}
+
+// Everything was taken, and what is lost is told only when the bytes are asked to be on the disk or
+// when the file is closed.
+TEST_P(SaveTargets, StayWhenTheDiskFailsLate)
+{
+    const std::string old(300000, 'x');
+    tree.add({"out/old", old});
+    for (int support::UnrulyDisk::*const call :
+         {&support::UnrulyDisk::syncError, &support::UnrulyDisk::closeError}) {
+        support::UnrulyDisk disk;
+        dialogs.whileOpen = [&] { disk.*call = ENOSPC; };
+        saveTo(tree.path("out/old"));
+        saveTo(tree.path("out/new"));
+        EXPECT_TRUE(tree.content("out/old") == old);
+        EXPECT_EQ(entriesIn("out"), 1U);
+    }
+    dialogs.whileOpen = {};
+    saveTo(tree.path("out/old"));
+    expectSaved("out/old");
+}
+
+TEST_P(SaveTargets, AreWrittenWhereTheyStandInAReadOnlyFolder)
+{
+    tree.add({"out/old", std::string(300000, 'x')});
+    ::chmod(tree.native("out/old").c_str(), 0666);
+    ::chmod(tree.native("out").c_str(), 0555);
+    const std::size_t filesOfTheProgram = entriesIn("app");
+    {
+        const support::OrdinaryUser user;
+        saveTo(tree.path("out/old"));
+    }
+    expectSaved("out/old");
+    EXPECT_EQ(entriesIn("out"), 1U);
+    // What a save leaves there anyway.
+    EXPECT_LE(entriesIn("app"), filesOfTheProgram + (GetParam() == kJpeg ? 2 : 1));
 }
 
 TEST_P(SaveTargets, AreNeverFoldersPipesOrDevices)

@@ -1,6 +1,8 @@
 #include "files/text_list.h"
 #include "support/fake_main_window.h"
+#include "support/full_disk.h"
 #include "support/temp_tree.h"
+#include "support/unruly_disk.h"
 
 #include <gtest/gtest.h>
 
@@ -171,4 +173,30 @@ TEST_F(TextListTest, EmptiesAListByWritingItAnew)
     store(files::kRecentPaths, "/a;", "1");
     rewrite(files::kRecentPaths, QString());
     EXPECT_EQ(bytesOf(files::kRecentPaths), "");
+}
+
+TEST_F(TextListTest, KeepsRecordsWholeOnAFullDisk)
+{
+    addNamed(files::kFavourites, kFirst, config);
+    {
+        const support::FullDisk disk(8);
+        addNamed(files::kFavourites, kSecond, config);
+    }
+    EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;");
+    EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("1"));
+    addNamed(files::kFavourites, kSecond, config);
+    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, kSecond}));
+}
+
+TEST_F(TextListTest, StaysOnADiskThatFailsLate)
+{
+    addNamed(files::kFavourites, kFirst, config);
+    support::UnrulyDisk disk;
+    disk.syncError = ENOSPC;
+    renameEntry(files::kFavourites, kFirst, QStringLiteral("other"));
+    EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;");
+    disk.losesBytes = false;
+    addNamed(files::kFavourites, kSecond, config);
+    EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;");
+    EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("1"));
 }
