@@ -1,8 +1,11 @@
 #include "platform/registry.h"
 
 #include "platform/paths.h"
+#include "support/ordinary_user.h"
 #include "support/temp_tree.h"
+#include "support/unruly_disk.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 using support::TempTree;
@@ -55,6 +58,67 @@ TEST(Hive, SurvivesAFolderThatCantBeWritten)
     platform::setRegistryValue(kKeyPath, "Brelmark", "1");
     platform::deleteRegistryValue(kKeyPath, "Brelmark");
     EXPECT_FALSE(platform::isFolder("/proc/vistara"));
+}
+
+TEST(Hive, KeepsItsValuesOnADiskThatFailsLate)
+{
+    const TempTree tree;
+    platform::saveSetting("Thumbnail", "Size", "80");
+    const std::string before = tree.content("config/vistara/settings.ini");
+    {
+        support::UnrulyDisk disk;
+        disk.syncError = ENOSPC;
+        platform::saveSetting("Thumbnail", "Size", "120");
+    }
+    EXPECT_EQ(tree.content("config/vistara/settings.ini"), before);
+    EXPECT_EQ(platform::getSetting("Thumbnail", "Size"), "80");
+    platform::saveSetting("Thumbnail", "Size", "120");
+    EXPECT_EQ(platform::getSetting("Thumbnail", "Size"), "120");
+}
+
+TEST(Hive, IsPrivateAndLeavesNothingBeside)
+{
+    const TempTree tree;
+    platform::saveSetting("Thumbnail", "Size", "80");
+    platform::saveSetting("Thumbnail", "Size", "120");
+    const std::filesystem::path folder = tree.native("config/vistara");
+    EXPECT_EQ(std::filesystem::status(folder / "settings.ini").permissions(),
+              std::filesystem::perms(0600));
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        EXPECT_EQ(entry.path().filename(), "settings.ini");
+    }
+}
+
+TEST(Hive, TakesValuesAgainAfterItWasDamaged)
+{
+    const TempTree tree({{"config/vistara/settings.ini", "]garbage\x01[\nno value\n"}});
+    platform::saveSetting("Thumbnail", "Size", "80");
+    EXPECT_EQ(platform::getSetting("Thumbnail", "Size"), "80");
+}
+
+TEST(Hive, SeesEveryChangeHoweverFast)
+{
+    const TempTree tree;
+    for (int i = 10; i < 60; ++i) {
+        platform::saveSetting("Thumbnail", "Size", QString::number(i));
+        ASSERT_EQ(platform::getSetting("Thumbnail", "Size"), QString::number(i));
+    }
+}
+
+TEST(Hive, NeverTakesAnUnreadableFileForAnEmptyOne)
+{
+    const TempTree tree({{"config/vistara/settings.ini", "[Thumbnail]\nSize=80\n"}});
+    std::filesystem::permissions(tree.native("."), std::filesystem::perms::all);
+    std::filesystem::permissions(tree.native("config/vistara"), std::filesystem::perms::all);
+    std::filesystem::permissions(tree.native("config/vistara/settings.ini"),
+                                 std::filesystem::perms(0222));
+    {
+        const support::OrdinaryUser user;
+        platform::saveSetting("Thumbnail", "Color", "1");
+    }
+    std::filesystem::permissions(tree.native("config/vistara/settings.ini"),
+                                 std::filesystem::perms(0666));
+    EXPECT_EQ(platform::getSetting("Thumbnail", "Size"), "80");
 }
 
 TEST(Registry, SetsAndDeletesOnDiskAtOnce)
