@@ -9,7 +9,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
+#include <array>
+#include <filesystem>
 
+namespace fs = std::filesystem;
 using test::expectPixels;
 using test::numbered;
 
@@ -200,12 +203,20 @@ TEST_F(ImageCommands, StandAReadOnlyFolder)
 {
     const QImage image = numbered(20, 10);
     showInViewer(image);
+    // Anybody may look into the folders, and nobody may write there.
+    const std::array folders{tree.native(""), tree.native("app/Images"), tree.native("app")};
+    for (const std::string& folder : folders) {
+        fs::permissions(folder, fs::perms(0555));
+    }
     {
         const support::OrdinaryUser user;
         for (const int entry : {0, 2, 3, 4}) {
             editing::optImage(form, entry);
         }
         editing::undo(form);
+    }
+    for (const std::string& folder : folders) {
+        fs::permissions(folder, fs::perms(0755)); // so that it can be removed
     }
     EXPECT_TRUE(dialogs.boxes.empty());
     EXPECT_FALSE(exists("Frametemp.bmp"));

@@ -346,6 +346,7 @@ TEST_P(SaveTargets, AreNotAskedForWhereOnlyAnEarlierPictureIsAtHand)
         const support::OrdinaryUser user;
         editing::save(form, editing::SaveSource::Picture);
     }
+    ::chmod(tree.native("app").c_str(), 0755); // so that it can be removed
     EXPECT_TRUE(form.log.isEmpty());
     EXPECT_EQ(dialogs.fileRequests.size(), dialogsBefore);
     expectFile("saveTemp.bmp", m_image);
