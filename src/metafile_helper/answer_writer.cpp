@@ -52,16 +52,20 @@ std::optional<QByteArray> readAll(int descriptor, qint64 most)
 
 bool writeAnswer(int descriptor, const QImage& image)
 {
-    const QImage pixels = image.convertToFormat(QImage::Format_RGBA8888);
     QByteArray head(platform::kMetafileAnswerMagic.data(), platform::kMetafileAnswerMagic.size());
-    for (const int side : {pixels.width(), pixels.height()}) {
+    for (const int side : {image.width(), image.height()}) {
         const quint32 number = qToLittleEndian(quint32(side));
         head.append(reinterpret_cast<const char*>(&number), sizeof number);
     }
     bool written = writeBytes(descriptor, head.constData(), head.size());
-    for (int y = 0; written && y < pixels.height(); ++y) {
-        written = writeBytes(descriptor, reinterpret_cast<const char*>(pixels.constScanLine(y)),
-                             qint64(pixels.width()) * 4);
+    // Row by row, because a whole image would be converted by threads, which wait for each other
+    // without end where there is no memory for one of them.
+    for (int y = 0; written && y < image.height(); ++y) {
+        const QImage row(image.constScanLine(y), image.width(), 1, image.format());
+        const QImage pixels = row.convertToFormat(QImage::Format_RGBA8888);
+        written = !pixels.isNull() &&
+                  writeBytes(descriptor, reinterpret_cast<const char*>(pixels.constBits()),
+                             qint64(image.width()) * 4);
     }
     return written;
 }

@@ -9,7 +9,7 @@
 #include "platform/metafile_answer.h"
 
 #include <QGuiApplication>
-#include <QtEndian>
+#include <cstdlib>
 #include <unistd.h>
 
 namespace {
@@ -25,11 +25,11 @@ bool isEnhanced(const QByteArray& file)
 int main(int count, char** arguments)
 {
     if (!metafile_helper::limitProcess()) {
-        return 1;
+        return EXIT_FAILURE;
     }
     const auto file = metafile_helper::readAll(STDIN_FILENO, platform::kLargestMetafile);
     if (!file) {
-        return 1;
+        return platform::kMetafileRefused;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(count, arguments);
@@ -37,5 +37,5 @@ int main(int count, char** arguments)
         isEnhanced(*file) ? metafile_helper::drawEmf(*file) : metafile_helper::drawWmf(*file);
     const bool answered = !image.isNull() && metafile_helper::writeAnswer(STDOUT_FILENO, image);
     // Leaves without tidying up after the libraries, which is where damaged files hurt last.
-    ::_exit(answered ? 0 : 1);
+    ::_exit(answered ? EXIT_SUCCESS : platform::kMetafileRefused);
 }

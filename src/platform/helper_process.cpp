@@ -8,12 +8,14 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace platform {
 
@@ -50,8 +52,8 @@ public:
     Child& operator=(const Child&) = delete;
 
     [[nodiscard]] bool isStarted() const { return m_pid > 0; }
-    // Whether it ended with success before the moment.
-    [[nodiscard]] bool succeedsBefore(Clock::time_point end);
+    // Its status, if it ends before the moment.
+    [[nodiscard]] std::optional<int> statusBefore(Clock::time_point end);
 
 private:
     void start(const QString& program, int input, int output);
@@ -95,15 +97,15 @@ std::optional<int> Child::waitFor(int options)
     return ended > 0 ? status : kLost;
 }
 
-bool Child::succeedsBefore(Clock::time_point end)
+std::optional<int> Child::statusBefore(Clock::time_point end)
 {
     constexpr std::chrono::milliseconds kPause(1);
     while (true) {
         if (const auto status = waitFor(WNOHANG)) {
-            return WIFEXITED(*status) && WEXITSTATUS(*status) == 0;
+            return status;
         }
         if (Clock::now() >= end) {
-            return false;
+            return std::nullopt;
         }
         std::this_thread::sleep_for(kPause);
     }
@@ -129,48 +131,62 @@ bool isReadableBefore(int descriptor, Clock::time_point end)
     }
 }
 
-std::optional<QByteArray> readToEnd(int descriptor, qint64 most, Clock::time_point end)
+// Reads until everybody has closed the other end. TooLong or TooMuch where that doesn't come.
+HelperEnd readToEnd(int descriptor, const HelperCall& call, Clock::time_point end,
+                    QByteArray& bytes)
 {
     constexpr qint64 kStep = qint64(1) << 16;
-    QByteArray bytes;
     while (isReadableBefore(descriptor, end)) {
         const qint64 before = bytes.size();
         bytes.resize(before + kStep);
         const ssize_t got = ::read(descriptor, bytes.data() + before, std::size_t(kStep));
         if (got < 0 && errno != EINTR) {
-            return std::nullopt;
+            break;
         }
         bytes.resize(before + std::max<qint64>(got, 0));
         if (got == 0) {
-            return bytes;
+            return HelperEnd::Answered;
         }
-        if (bytes.size() > most) {
-            return std::nullopt;
+        if (bytes.size() > call.mostOutput) {
+            return HelperEnd::TooMuch;
         }
     }
-    return std::nullopt;
+    return HelperEnd::TooLong;
+}
+
+HelperAnswer ended(int status, QByteArray output)
+{
+    if (!WIFEXITED(status)) {
+        return {HelperEnd::Crashed, WIFSIGNALED(status) ? WTERMSIG(status) : 0, {}};
+    }
+    if (WEXITSTATUS(status) != 0) {
+        return {HelperEnd::Refused, WEXITSTATUS(status), {}};
+    }
+    return {HelperEnd::Answered, 0, std::move(output)};
 }
 
 } // namespace
 
-std::optional<QByteArray> helperOutput(const HelperCall& call)
+HelperAnswer helperAnswer(const HelperCall& call)
 {
     const auto end = Clock::now() + call.patience;
     Pipe output = makePipe();
     if (!output.reading.isOpen() || call.program.contains(QChar(u'\0'))) {
-        return std::nullopt;
+        return {};
     }
     Child child(call.program, call.input, output.writing.get());
     // Only the helper's end may keep the pipe open.
     output.writing.reset();
     if (!child.isStarted()) {
-        return std::nullopt;
+        return {};
     }
-    auto bytes = readToEnd(output.reading.get(), call.mostOutput, end);
-    if (!bytes || !child.succeedsBefore(end)) {
-        return std::nullopt;
+    QByteArray bytes;
+    const HelperEnd reading = readToEnd(output.reading.get(), call, end, bytes);
+    if (reading != HelperEnd::Answered) {
+        return {reading, 0, {}};
     }
-    return bytes;
+    const std::optional<int> status = child.statusBefore(end);
+    return status ? ended(*status, std::move(bytes)) : HelperAnswer{HelperEnd::TooLong, 0, {}};
 }
 
 } // namespace platform

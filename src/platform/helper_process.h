@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QString>
 #include <chrono>
-#include <optional>
 
 namespace platform {
 
@@ -14,9 +13,22 @@ struct HelperCall {
     std::chrono::milliseconds patience{0};
 };
 
-// Runs a helper program and gives what it wrote on its standard output. Nothing when it can't be
-// started, ends other than with success, writes more than mostOutput, or isn't done in time; it is
-// killed then. Events don't run meanwhile.
-[[nodiscard]] std::optional<QByteArray> helperOutput(const HelperCall& call);
+enum class HelperEnd {
+    Answered,   // ended with success; what it wrote is its answer
+    Refused,    // ended by itself, with another exit code
+    Crashed,    // a signal ended it, one of the system's limits perhaps
+    TooLong,    // wasn't done in time and was killed
+    TooMuch,    // wrote more than mostOutput and was killed
+    NotStarted, // there is no such program, or the system has no room for it
+};
+
+struct HelperAnswer {
+    HelperEnd end = HelperEnd::NotStarted;
+    int code = 0;      // the exit code of one that refused, the signal of one that crashed
+    QByteArray output; // of one that answered
+};
+
+// Runs a helper program and gives what it wrote on its standard output. Events don't run meanwhile.
+[[nodiscard]] HelperAnswer helperAnswer(const HelperCall& call);
 
 } // namespace platform

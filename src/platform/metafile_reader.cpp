@@ -1,6 +1,5 @@
 #include "platform/metafile_reader.h"
 
-#include "platform/helper_process.h"
 #include "platform/metafile_answer.h"
 #include "platform/paths.h"
 
@@ -41,14 +40,15 @@ QString metafileHelper()
     return joinPath(programFolder(), QStringLiteral("vistara-metafile"));
 }
 
-QImage readMetafile(QFile& file, const QString& helper, std::chrono::milliseconds patience)
+DrawnMetafile readMetafile(QFile& file, const QString& helper, std::chrono::milliseconds patience)
 {
     // The helper shares the descriptor and with it the place in the file.
     if (file.size() > kLargestMetafile || ::lseek(file.handle(), 0, SEEK_SET) != 0) {
         return {};
     }
-    const auto answer = helperOutput({helper, file.handle(), kLongestMetafileAnswer, patience});
-    return answer ? imageOf(*answer) : QImage();
+    const HelperAnswer answer =
+        helperAnswer({helper, file.handle(), kLongestMetafileAnswer, patience});
+    return {imageOf(answer.output), answer.end};
 }
 
 } // namespace platform

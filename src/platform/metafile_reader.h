@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/helper_process.h"
+
 #include <QImage>
 #include <QString>
 #include <chrono>
@@ -11,9 +13,14 @@ namespace platform {
 // The helper program that draws metafiles, in the program's folder.
 [[nodiscard]] QString metafileHelper();
 
-// Has the helper draw an open file, whatever of it has been read. Null when the helper refuses the
-// file, crashes on it, isn't done in time or answers nonsense.
-[[nodiscard]] QImage readMetafile(QFile& file, const QString& helper,
-                                  std::chrono::milliseconds patience = std::chrono::seconds(5));
+struct DrawnMetafile {
+    QImage image; // null unless the helper answered, and with sense
+    HelperEnd end = HelperEnd::NotStarted;
+};
+
+// Has the helper draw an open file, whatever of it has been read.
+[[nodiscard]] DrawnMetafile
+readMetafile(QFile& file, const QString& helper,
+             std::chrono::milliseconds patience = std::chrono::seconds(5));
 
 } // namespace platform

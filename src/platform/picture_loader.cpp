@@ -124,7 +124,7 @@ QImage readWhole(const OpenPicture& picture)
         return readIcon(*picture.file);
     case PictureKind::Metafile:
     case PictureKind::EnhancedMetafile:
-        return readMetafile(*picture.file, metafileHelper());
+        return readMetafile(*picture.file, metafileHelper()).image;
     default:
         return {};
     }

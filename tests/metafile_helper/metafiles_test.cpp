@@ -3,6 +3,7 @@
 #include "platform/picture_loader.h"
 #include "support/temp_tree.h"
 
+#include <QFile>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -20,6 +21,18 @@ std::optional<platform::Picture> loaded(const QByteArray& bytes, const char* nam
 {
     const support::TempTree tree({{std::string("files/") + name, bytes.toStdString()}});
     return loadPicture(tree.path(std::string("files/") + name));
+}
+
+// Whether the helper came to an end by itself, with a drawing or without one.
+bool isAnswered(const QByteArray& bytes)
+{
+    const support::TempTree tree({{"file", bytes.toStdString()}});
+    QFile file(tree.path("file"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const platform::DrawnMetafile drawn =
+        platform::readMetafile(file, platform::metafileHelper(), std::chrono::seconds(60));
+    EXPECT_EQ(drawn.end == platform::HelperEnd::Answered, !drawn.image.isNull());
+    return drawn.end == platform::HelperEnd::Answered || drawn.end == platform::HelperEnd::Refused;
 }
 
 WmfFile smallWmf()
@@ -122,8 +135,7 @@ TEST(Metafiles, TruncatedFilesAreAnswered)
     for (const QByteArray& bytes : {emf.bytes(), wmf.bytes()}) {
         EXPECT_FALSE(loaded(bytes.left(8)));
         for (const int part : {2, 3, 5}) {
-            const auto picture = loaded(bytes.left(bytes.size() * (part - 1) / part));
-            EXPECT_TRUE(!picture || !picture->isNothing());
+            EXPECT_TRUE(isAnswered(bytes.left(bytes.size() * (part - 1) / part))) << part;
         }
     }
 }
@@ -147,8 +159,7 @@ TEST(Metafiles, RecordsThatLieAboutTheirLengthAreAnswered)
         for (int i = 0; i < 4; ++i) {
             bytes[kFirstRecord + i] = char(length >> (8 * i) & 255);
         }
-        const auto picture = loaded(bytes);
-        EXPECT_TRUE(!picture || !picture->isNothing());
+        EXPECT_TRUE(isAnswered(bytes)) << length;
     }
     for (const qint64 length : {qint64(0), qint64(4), qint64(0x7FFFFFFC)}) {
         EmfFile file({20, 20});
@@ -158,8 +169,7 @@ TEST(Metafiles, RecordsThatLieAboutTheirLengthAreAnswered)
         for (int i = 0; i < 4; ++i) {
             bytes[kFirstRecord + 4 + i] = char(length >> (8 * i) & 255);
         }
-        const auto picture = loaded(bytes);
-        EXPECT_TRUE(!picture || !picture->isNothing());
+        EXPECT_TRUE(isAnswered(bytes)) << length;
     }
 }
 
@@ -179,8 +189,7 @@ TEST(Metafiles, DamagedFilesAreAnswered)
             for (int change = 0; change < 3; ++change) {
                 bytes[qsizetype(random() % std::uint32_t(bytes.size()))] = char(random());
             }
-            const auto picture = loaded(bytes);
-            EXPECT_TRUE(!picture || !picture->isNothing());
+            EXPECT_TRUE(isAnswered(bytes)) << i;
         }
     }
 }

@@ -3,10 +3,12 @@
 #include "support/temp_tree.h"
 
 #include <QFile>
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+using platform::HelperEnd;
 using platform::readMetafile;
 using support::TempTree;
 
@@ -29,7 +31,20 @@ public:
 
     QImage read(std::chrono::milliseconds patience = std::chrono::seconds(20))
     {
-        return readMetafile(m_file, m_tree.path("helper"), patience);
+        const platform::DrawnMetafile drawn = readMetafile(m_file, m_tree.path("helper"), patience);
+        EXPECT_TRUE(drawn.image.isNull() || drawn.end == HelperEnd::Answered);
+        m_end = drawn.end;
+        return drawn.image;
+    }
+
+    // How the helper ended that read() started.
+    [[nodiscard]] HelperEnd end() const { return m_end; }
+
+    platform::HelperAnswer answer()
+    {
+        constexpr qint64 kMost = 1000;
+        return platform::helperAnswer(
+            {m_tree.path("helper"), m_file.handle(), kMost, std::chrono::seconds(20)});
     }
 
     [[nodiscard]] const TempTree& tree() const { return m_tree; }
@@ -38,6 +53,7 @@ public:
 private:
     TempTree m_tree;
     QFile m_file;
+    HelperEnd m_end = HelperEnd::NotStarted;
 };
 
 std::string printed(const std::string& what)
@@ -80,6 +96,7 @@ TEST(ReadMetafile, RefusesAnswersThatAreNotComplete)
           std::string("VMetaf1\\n\\377\\377\\377\\377\\377\\377\\377\\377")}) {
         Helper helper(printed(answer));
         EXPECT_TRUE(helper.read().isNull()) << answer;
+        EXPECT_EQ(helper.end(), HelperEnd::Answered) << answer;
     }
 }
 
@@ -87,14 +104,33 @@ TEST(ReadMetafile, RefusesTheAnswerOfAHelperThatFails)
 {
     const std::string answer = printed(kHead + std::string("12345678"));
     EXPECT_FALSE(Helper(answer).read().isNull());
-    EXPECT_TRUE(Helper(answer + "; exit 3").read().isNull());
-    EXPECT_TRUE(Helper(answer + "; kill -SEGV $$").read().isNull());
+    Helper refusing(answer + "; exit 3");
+    EXPECT_TRUE(refusing.read().isNull());
+    EXPECT_EQ(refusing.end(), HelperEnd::Refused);
+    Helper crashing(answer + "; kill -SEGV $$");
+    EXPECT_TRUE(crashing.read().isNull());
+    EXPECT_EQ(crashing.end(), HelperEnd::Crashed);
+}
+
+TEST(ReadMetafile, TellsARefusalFromACrash)
+{
+    const platform::HelperAnswer answered = Helper(printed("words")).answer();
+    EXPECT_EQ(answered.end, HelperEnd::Answered);
+    EXPECT_EQ(answered.output, "words");
+    const platform::HelperAnswer refused = Helper(printed("words") + "; exit 3").answer();
+    EXPECT_EQ(refused.end, HelperEnd::Refused);
+    EXPECT_EQ(refused.code, 3);
+    EXPECT_EQ(refused.output, "");
+    const platform::HelperAnswer crashed = Helper("kill -SEGV $$").answer();
+    EXPECT_EQ(crashed.end, HelperEnd::Crashed);
+    EXPECT_EQ(crashed.code, SIGSEGV);
 }
 
 TEST(ReadMetafile, KillsAHelperThatTakesTooLong)
 {
     Helper helper("echo $$ > \"$(dirname \"$0\")/pid\"; exec sleep 1000");
     EXPECT_TRUE(helper.read(std::chrono::seconds(1)).isNull());
+    EXPECT_EQ(helper.end(), HelperEnd::TooLong);
     const std::string pid = helper.tree().content("pid");
     ASSERT_FALSE(pid.empty());
     EXPECT_FALSE(isRunning(pid.substr(0, pid.size() - 1)));
@@ -105,6 +141,7 @@ TEST(ReadMetafile, KillsAHelperThatAnswersAndStays)
     Helper helper(printed(kHead + std::string("12345678")) +
                   "; echo $$ > \"$(dirname \"$0\")/pid\"; exec sleep 1000 >&-");
     EXPECT_TRUE(helper.read(std::chrono::seconds(1)).isNull());
+    EXPECT_EQ(helper.end(), HelperEnd::TooLong);
     const std::string pid = helper.tree().content("pid");
     ASSERT_FALSE(pid.empty());
     EXPECT_FALSE(isRunning(pid.substr(0, pid.size() - 1)));
@@ -114,6 +151,7 @@ TEST(ReadMetafile, KillsAHelperThatAnswersWithoutEnd)
 {
     Helper helper("echo $$ > \"$(dirname \"$0\")/pid\"; exec cat /dev/zero");
     EXPECT_TRUE(helper.read().isNull());
+    EXPECT_EQ(helper.end(), HelperEnd::TooMuch);
     const std::string pid = helper.tree().content("pid");
     ASSERT_FALSE(pid.empty());
     EXPECT_FALSE(isRunning(pid.substr(0, pid.size() - 1)));
@@ -124,7 +162,9 @@ TEST(ReadMetafile, FailsWithoutAHelper)
     const TempTree tree({{"file", "the file"}});
     QFile file(tree.path("file"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(readMetafile(file, tree.path("missing")).isNull());
-    EXPECT_TRUE(readMetafile(file, tree.path("file")).isNull());
-    EXPECT_TRUE(readMetafile(file, tree.root()).isNull());
+    for (const QString& helper : {tree.path("missing"), tree.path("file"), tree.root()}) {
+        const platform::DrawnMetafile drawn = readMetafile(file, helper);
+        EXPECT_TRUE(drawn.image.isNull());
+        EXPECT_EQ(drawn.end, HelperEnd::NotStarted);
+    }
 }
