@@ -71,4 +71,14 @@ void undo(core::MainWindow& form)
     form.rebuildSizeText();
 }
 
+void removeWorkingFiles()
+{
+    for (const WorkingFile file :
+         {WorkingFile::BeforeEdit, WorkingFile::Picture, WorkingFile::Transform}) {
+        platform::removeFile(workingFile(file));
+    }
+    // Written by nobody here, but taken along where it lies.
+    platform::removeFile(platform::appFile(QStringLiteral("Temp2.bmp")));
+}
+
 } // namespace editing

@@ -41,4 +41,8 @@ void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& 
 // the viewer keeps its picture.
 void undo(core::MainWindow& form);
 
+// Removes the working files that don't outlive the program: when it ends, and when it starts after
+// it couldn't end.
+void removeWorkingFiles();
+
 } // namespace editing

@@ -7,6 +7,10 @@ void cancelModalDialogs()
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr) {
         return;
     }
+    // A menu of a dialog's field keeps the dialog from ending.
+    while (QWidget* const popup = QApplication::activePopupWidget()) {
+        popup->hide();
+    }
     QList<QPointer<QDialog>> shown;
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         auto* const dialog = qobject_cast<QDialog*>(window);

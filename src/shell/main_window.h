@@ -151,7 +151,6 @@ private:
     void refillEditors();
     void startAnimation();
     void writePresenceMarker();
-    void removeWorkingFiles();
     void resizeForm();
     void placeParts();
     void placeStrips();

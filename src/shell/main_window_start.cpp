@@ -6,6 +6,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "editing/working_files.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -128,7 +129,9 @@ void Form1::load()
         m_viewer->setBackColor(*colour);
     }
     startAnimation();
-    writePresenceMarker();
+    if (!m_unloaded) {
+        writePresenceMarker();
+    }
     // The switch inverts what stands here, so the stored state is what the window ends up in.
     m_bestFitToggle = numberOf(config, "BestFit") == 0;
     toggleBestFit();
@@ -204,15 +207,8 @@ void Form1::unload()
     stopPlayer();
     platform::removeFilesIn(platform::appFile(QStringLiteral("openTemp")));
     platform::deleteRegistryValue(kMarkerKey, kMarkerName);
-    removeWorkingFiles();
+    editing::removeWorkingFiles();
     platform::setPointer(platform::Pointer::Default);
-}
-
-void Form1::removeWorkingFiles()
-{
-    for (const char* name : {"Frametemp.bmp", "temp.bmp", "Temp2.bmp"}) {
-        platform::removeFile(platform::appFile(QString::fromLatin1(name)));
-    }
 }
 
 void Form1::closeEvent(QCloseEvent* event)

@@ -5,11 +5,13 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "editing/windows.h"
+#include "editing/working_files.h"
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
 #include "formats/hooks.h"
 #include "platform/delivered_icon.h"
 #include "platform/dialogs.h"
+#include "platform/end_requests.h"
 #include "platform/folder_tree.h"
 #include "platform/paths.h"
 #include "platform/pump.h"
@@ -102,6 +104,25 @@ void showSelectedFolder(const QString& folder)
     }
 }
 
+// The end may come at any of these steps; what is left of them does nothing then.
+void showWindows(Form1& form, const StepWatcher& watcher)
+{
+    form.load();
+    tell(watcher, "main window loaded");
+    core::windows().show(kMain);
+    core::windows().show(kPane);
+    tell(watcher, "pane shown");
+    if (Form1* alive = mainWindow()) {
+        alive->watchPane(pane(), [] {
+            if (frmThumbnaillist* open = pane()) {
+                open->activated();
+            }
+        });
+        alive->SetLoad();
+        tell(watcher, "modes restored");
+    }
+}
+
 void openFolderTree(const StepWatcher& watcher)
 {
     frmThumbnaillist* browser = pane();
@@ -130,6 +151,15 @@ void registerWindows()
     editing::registerWindows();
 }
 
+void endProgram()
+{
+    if (Form1* form = mainWindow()) {
+        form->exitProgram();
+    } else {
+        platform::beginClosing();
+    }
+}
+
 void runProgram(const StepWatcher& watcher)
 {
     static FileConfigStore config;
@@ -142,25 +172,12 @@ void runProgram(const StepWatcher& watcher)
     }
     tell(watcher, "welcome shown");
     letEventsRun();
-    auto* form = qobject_cast<Form1*>(core::windows().load(kMain));
-    if (form == nullptr) {
-        return;
+    if (auto* form = qobject_cast<Form1*>(core::windows().load(kMain))) {
+        showWindows(*form, watcher);
+        openFolderTree(watcher);
+    } else {
+        core::windows().unload(kWelcome);
     }
-    form->load();
-    tell(watcher, "main window loaded");
-    core::windows().show(kMain);
-    core::windows().show(kPane);
-    tell(watcher, "pane shown");
-    if (Form1* alive = mainWindow()) {
-        alive->watchPane(pane(), [] {
-            if (frmThumbnaillist* open = pane()) {
-                open->activated();
-            }
-        });
-        alive->SetLoad();
-        tell(watcher, "modes restored");
-    }
-    openFolderTree(watcher);
     letEventsRun();
     core::windows().deleteForgotten();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -170,16 +187,19 @@ void runProgram(const StepWatcher& watcher)
 
 int enterProgram(int argc, char** argv)
 {
+    platform::EndRequests endRequests;
     platform::locateAppPath();
     platform::SingleInstance instance;
     if (!instance.acquire()) {
         return 0;
     }
     platform::prepareAppPath();
+    editing::removeWorkingFiles();
     QApplication application(argc, argv);
     QApplication::setApplicationName(core::kProgramName);
     QApplication::setQuitOnLastWindowClosed(false);
     showProgramIcon();
+    endRequests.deliverTo(&endProgram);
     const ScreenshotRequest screenshot;
     runProgram();
     return 0;

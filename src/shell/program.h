@@ -15,6 +15,10 @@ void registerWindows();
 // instance runs. Comes back when the folder tree has been closed.
 void runProgram(const StepWatcher& watcher = {});
 
+// Ends the program as the Exit command does, whatever it is doing. Where the main window isn't
+// there yet, it doesn't come.
+void endProgram();
+
 // The entry procedure: paths, second instance, application, program. The exit code.
 int enterProgram(int argc, char** argv);
 

@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -151,6 +152,25 @@ TEST(Dialogs, EndWhenTheProgramCloses)
     // From now on none is shown at all.
     dialogs.showMessage("Late", "", BoxIcon::None);
     EXPECT_FALSE(dialogs.saveFile({}));
+    platform::resetClosing();
+}
+
+TEST(Dialogs, EndWithTheirMenusWhenTheProgramCloses)
+{
+    QtDialogs dialogs;
+    bool menuEnded = false;
+    whenOpen<QMessageBox>([&menuEnded](QMessageBox& box) {
+        QMenu menu(&box);
+        menu.addAction("Copy");
+        QTimer::singleShot(0, qApp, [] {
+            EXPECT_NE(QApplication::activePopupWidget(), nullptr);
+            platform::beginClosing();
+        });
+        menu.exec();
+        menuEnded = true;
+    });
+    EXPECT_FALSE(dialogs.askYesNo("Delete?", ""));
+    EXPECT_TRUE(menuEnded);
     platform::resetClosing();
 }
 

@@ -1,15 +1,19 @@
 #include "core/services.h"
 #include "core/state.h"
+#include "platform/end_requests.h"
 #include "platform/folder_tree.h"
 #include "platform/pump.h"
 #include "platform/registry.h"
+#include "shell/program.h"
 #include "shell/running_program.h"
 #include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QTimer>
+#include <csignal>
 #include <gtest/gtest.h>
 
 namespace {
@@ -220,4 +224,59 @@ TEST_F(ClosingTest, PassesOverFilesThatAreMissingOrInTheWay)
     EXPECT_FALSE(program.tree.exists("app/Temp2.bmp"));
     expectClosed();
     EXPECT_TRUE(program.dialogs.boxes.empty());
+}
+
+TEST_F(ClosingTest, ComesWhenASignalAsksForIt)
+{
+    fillFolder();
+    platform::EndRequests requests;
+    requests.deliverTo(&shell::endProgram);
+    program.run([](Form1&) {
+        std::raise(SIGTERM);
+        core::services().browserPane->rebuildThumbnails();
+        EXPECT_TRUE(platform::isClosing());
+    });
+    expectClosed();
+}
+
+TEST_F(ClosingTest, ComesWhenTheSessionEnds)
+{
+    QStringList order;
+    program.stubWindow("MpegForm");
+    platform::EndRequests requests;
+    requests.deliverTo(&shell::endProgram);
+    program.run([&](Form1&) {
+        core::windows().show(QStringLiteral("MpegForm"));
+        core::services().stopPlayer = [&] {
+            const bool open = core::windows().isLoaded(QStringLiteral("MpegForm"));
+            order.append(open ? QStringLiteral("with window") : QStringLiteral("without window"));
+        };
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+        EXPECT_TRUE(platform::isClosing());
+    });
+    EXPECT_EQ(order,
+              (QStringList{QStringLiteral("with window"), QStringLiteral("without window")}));
+    expectClosed();
+}
+
+TEST_F(ClosingTest, LeavesNoTraceOfAStartThatASignalEnds)
+{
+    for (const char* last : {"welcome shown", "main window loaded", "pane shown"}) {
+        const RunningProgram again;
+        platform::resetClosing();
+        platform::EndRequests requests;
+        requests.deliverTo(&shell::endProgram);
+        shell::runProgram([last](const QString& step) {
+            if (step == QLatin1String(last)) {
+                std::raise(SIGTERM);
+            }
+        });
+        EXPECT_TRUE(platform::isClosing()) << last;
+        EXPECT_FALSE(platform::folderTree().isOpen()) << last;
+        EXPECT_FALSE(platform::registryValue(kMarkerKey, kMarkerName)) << last;
+        for (const char* window : {"frmWelcome", "Form1", "frmThumbnaillist"}) {
+            EXPECT_FALSE(core::windows().isLoaded(QLatin1String(window))) << last << window;
+        }
+    }
 }

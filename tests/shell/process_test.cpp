@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QThread>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -73,6 +74,19 @@ protected:
         return ended && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
 
+    [[nodiscard]] static bool ignores(qint64 process, int signal)
+    {
+        std::ifstream file("/proc/" + std::to_string(process) + "/status");
+        const std::string label = "SigIgn:";
+        for (std::string line; std::getline(file, line);) {
+            if (line.starts_with(label)) {
+                const auto ignored = std::stoull(line.substr(label.size()), nullptr, 16);
+                return (ignored >> (signal - 1) & 1U) != 0;
+            }
+        }
+        return false;
+    }
+
     // Every file below the test's folder with its bytes. The lock of somebody who is writing comes
     // and goes.
     [[nodiscard]] std::map<std::string, std::string> everything() const
@@ -128,4 +142,56 @@ TEST_F(ProcessTest, LeavesItsMarkWhenItIsKilledUntilTheNextCleanEnd)
     EXPECT_EQ(runToItsEnd(), 0);
     EXPECT_FALSE(isMarked());
     EXPECT_FALSE(tree.exists("app/openTemp/left.jpg"));
+}
+
+TEST_F(ProcessTest, EndsAsTheExitCommandDoesWhenASignalAsksForIt)
+{
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        tree.setVariable("XDG_CONFIG_HOME", tree.native("config" + std::to_string(signal)));
+        QProcess process;
+        start(process);
+        ASSERT_TRUE(waitFor([this] { return isUp(); }));
+        tree.add({"app/openTemp/left.jpg", "x"});
+        tree.add({"app/Frametemp.bmp", "x"});
+        ::kill(static_cast<pid_t>(process.processId()), signal);
+        ASSERT_TRUE(process.waitForFinished(kPatience));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << signal;
+        EXPECT_EQ(process.exitCode(), 0) << signal;
+        EXPECT_FALSE(isMarked());
+        EXPECT_FALSE(tree.exists("app/openTemp/left.jpg"));
+        EXPECT_FALSE(tree.exists("app/Frametemp.bmp"));
+    }
+}
+
+TEST_F(ProcessTest, GoesOnWhereASignalIsIgnored)
+{
+    QProcess process;
+    process.setChildProcessModifier([] { std::signal(SIGHUP, SIG_IGN); });
+    start(process);
+    ASSERT_TRUE(waitFor([this] { return isUp(); }));
+    EXPECT_TRUE(ignores(process.processId(), SIGHUP));
+    EXPECT_FALSE(ignores(process.processId(), SIGTERM));
+    ::kill(static_cast<pid_t>(process.processId()), SIGTERM);
+    ASSERT_TRUE(process.waitForFinished(kPatience));
+    EXPECT_EQ(process.exitCode(), 0);
+}
+
+TEST_F(ProcessTest, RemovesTheWorkingFilesOfACrashBeforeItsFirstWindow)
+{
+    for (const char* name : {"app/temp.bmp", "app/Frametemp.bmp", "app/Temp2.bmp",
+                             "app/Images/Temp.bmp", "app/saveTemp.bmp", "app/openTemp/left.jpg"}) {
+        tree.add({name, "left"});
+    }
+    // Without a display the program gets no further.
+    tree.setVariable("QT_QPA_PLATFORM", "none");
+    QProcess process;
+    start(process);
+    ASSERT_TRUE(process.waitForFinished(kPatience));
+    EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+    for (const char* name :
+         {"app/temp.bmp", "app/Frametemp.bmp", "app/Temp2.bmp", "app/Images/Temp.bmp"}) {
+        EXPECT_FALSE(tree.exists(name)) << name;
+    }
+    EXPECT_EQ(tree.content("app/saveTemp.bmp"), "left");
+    EXPECT_EQ(tree.content("app/openTemp/left.jpg"), "left");
 }

@@ -3,6 +3,7 @@
 #include "smoke/screen.h"
 
 #include <QRegularExpression>
+#include <csignal>
 
 namespace smoke {
 
@@ -175,6 +176,17 @@ void DesktopSession::keys(const QStringList& names) const
 int DesktopSession::close()
 {
     key(QStringLiteral("alt+F4"));
+    return exitCode();
+}
+
+int DesktopSession::endBySignal(int signal)
+{
+    ::kill(static_cast<pid_t>(processId()), signal);
+    return exitCode();
+}
+
+int DesktopSession::exitCode()
+{
     if (!m_program.waitForFinished(kPatience)) {
         return -1;
     }

@@ -46,10 +46,14 @@ public:
     // Closes the main window as its user does and waits for the end; the exit code, -1 when it
     // doesn't end or crashes.
     int close();
+    // Sends it a signal and waits for the end; the exit code, -1 when it doesn't end or the signal
+    // itself ends it.
+    int endBySignal(int signal);
     // Ends the program as the kernel does when memory runs out.
     void kill();
 
 private:
+    int exitCode();
     [[nodiscard]] bool isMainFocused() const;
     [[nodiscard]] QStringList visibleWindows() const;
 

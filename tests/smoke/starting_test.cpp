@@ -39,7 +39,7 @@ TEST_F(Starting, LeavesNoTraceOfASecondStart)
     EXPECT_EQ(session.close(), 0);
 }
 
-TEST_F(Starting, ClearsWhatACrashLeftAtTheNextEnd)
+TEST_F(Starting, ClearsWhatACrashLeft)
 {
     const QString marker = QStringLiteral("Software\\Corvane\\Qlink");
     const QString name = QStringLiteral("Brelmark");
@@ -49,15 +49,19 @@ TEST_F(Starting, ClearsWhatACrashLeftAtTheNextEnd)
         openByPath(session, tree.path("pics/c.pcx"));
         EXPECT_TRUE(waitUntil([this] { return tree.exists("app/temp.bmp"); }));
         tree.add({"app/openTemp/left.jpg", "opened"});
+        session.key(QStringLiteral("v"));
+        EXPECT_TRUE(waitUntil([this] { return tree.exists("app/Frametemp.bmp"); }));
         session.kill();
     }
     EXPECT_EQ(platform::registryValue(marker, name), QStringLiteral("1"));
     EXPECT_TRUE(tree.exists("app/openTemp/left.jpg"));
     EXPECT_TRUE(tree.exists("app/temp.bmp"));
+    EXPECT_TRUE(tree.exists("app/Frametemp.bmp"));
 
     DesktopSession session;
     ASSERT_TRUE(session.isUp());
     EXPECT_TRUE(tree.exists("app/openTemp/left.jpg"));
+    EXPECT_FALSE(tree.exists("app/Frametemp.bmp"));
     EXPECT_EQ(session.close(), 0);
     EXPECT_EQ(platform::registryValue(marker, name), std::nullopt);
     EXPECT_FALSE(tree.exists("app/openTemp/left.jpg"));
