@@ -12,10 +12,9 @@ namespace editing {
 
 namespace {
 
-void putOnClipboard(core::MainWindow& form)
+bool putOnClipboard(core::MainWindow& form)
 {
-    platform::clearClipboard();
-    platform::setClipboardPicture(form.viewer().Picture());
+    return platform::setClipboardPicture(form.viewer().Picture());
 }
 
 } // namespace
@@ -23,14 +22,13 @@ void putOnClipboard(core::MainWindow& form)
 void copyPicture(core::MainWindow& form)
 {
     if (hasPicture(form)) {
-        putOnClipboard(form);
+        static_cast<void>(putOnClipboard(form));
     }
 }
 
 void cutPicture(core::MainWindow& form)
 {
-    if (hasPicture(form)) {
-        putOnClipboard(form);
+    if (hasPicture(form) && putOnClipboard(form)) {
         form.viewer().Clear();
     }
 }

@@ -4,6 +4,7 @@
 #include "platform/colour_reduction.h"
 #include "platform/files.h"
 
+#include <new>
 #include <vector>
 
 namespace {
@@ -22,6 +23,16 @@ formats::GifBitmapInfo infoOf(const platform::IndexedPicture& picture)
     return info;
 }
 
+// Nobody knows how long the file becomes before it is coded, so it takes memory as it grows.
+bool encode(const platform::IndexedPicture& picture, std::vector<std::byte>& file)
+{
+    try {
+        return WriteGifFile(infoOf(picture), picture.bits, file);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 } // namespace
 
 bool SaveGIF(const platform::Picture& picture, const QString& fileName)
@@ -31,7 +42,7 @@ bool SaveGIF(const platform::Picture& picture, const QString& fileName)
     }
     const auto reduced = platform::reduceColours(picture.flattened());
     std::vector<std::byte> bytes;
-    if (!reduced || !WriteGifFile(infoOf(*reduced), reduced->bits, bytes)) {
+    if (!reduced || !encode(*reduced, bytes)) {
         return false;
     }
     return platform::writeFileWhole(

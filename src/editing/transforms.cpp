@@ -10,6 +10,14 @@ namespace editing {
 namespace {
 
 constexpr qint64 kMostPixels = qint64(512) * 1024 * 1024 / 4;
+// The viewer counts its sides in 16 bits.
+constexpr int kLongestSide = 32767;
+
+bool isPossibleSize(QSize size)
+{
+    return !size.isEmpty() && size.width() <= kLongestSide && size.height() <= kLongestSide &&
+           qint64(size.width()) * size.height() <= kMostPixels;
+}
 
 QImage copiedFrom(const QImage& image, platform::Area source)
 {
@@ -49,15 +57,17 @@ QImage mirrored(const QImage& image, Half kept)
     const int otherLeft = kept == Half::Left ? keptWidth : 0;
     // The outermost column of the kept half is the one that the other half ends with.
     const int outermost = kept == Half::Left ? half - 1 : image.width() - 1;
-    platform::BitBlt(result, keptLeft, 0, keptWidth, height, image, keptLeft, 0);
-    platform::StretchBlt(result, {otherLeft, 0, half, height}, image,
-                         {outermost, 0, -half, height});
-    return result;
+    if (!platform::BitBlt(result, keptLeft, 0, keptWidth, height, image, keptLeft, 0)) {
+        return {};
+    }
+    const bool isWhole = half == 0 || platform::StretchBlt(result, {otherLeft, 0, half, height},
+                                                           image, {outermost, 0, -half, height});
+    return isWhole ? result : QImage();
 }
 
 QImage scaledTo(const QImage& image, QSize size)
 {
-    if (image.isNull() || size.isEmpty() || qint64(size.width()) * size.height() > kMostPixels) {
+    if (image.isNull() || !isPossibleSize(size)) {
         return {};
     }
     QImage result = platform::unsetImage(size, image.format());

@@ -3,8 +3,8 @@
 #include <QImage>
 #include <QSize>
 
-// What the edits do to pixels. Images are 32 bits a pixel and come back in their own format; a null
-// image gives a null one.
+// What the edits do to pixels. Images are 32 bits a pixel and come back in their own format. Null
+// where there is no memory for the result; a null image gives a null one.
 namespace editing {
 
 [[nodiscard]] QImage flippedTopToBottom(const QImage& image);
@@ -15,8 +15,8 @@ namespace editing {
 enum class Half { Left, Right };
 [[nodiscard]] QImage mirrored(const QImage& image, Half kept);
 
-// The picture at another size: pixels are averaged where it shrinks. Null for an empty size or one
-// beyond the memory that a picture may take.
+// The picture at another size: pixels are averaged where it shrinks. Null for an empty size, one
+// beyond the memory that a picture may take, and sides longer than the viewer counts.
 [[nodiscard]] QImage scaledTo(const QImage& image, QSize size);
 
 } // namespace editing

@@ -7,7 +7,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <vector>
+#include <memory>
+#include <new>
 
 namespace platform {
 
@@ -120,17 +121,21 @@ bool readPlainRows(QImage& image, QIODevice& file, const BmpHeader& header)
 {
     const qint64 stride = header.stride();
     const qint64 rowsAtOnce = std::clamp<qint64>(kBufferBytes / stride, 1, header.height);
-    std::vector<uchar> buffer(std::size_t(rowsAtOnce * stride + kSpareBytes));
+    const std::unique_ptr<uchar[]> buffer(
+        new (std::nothrow) uchar[std::size_t(rowsAtOnce * stride + kSpareBytes)]());
+    if (buffer == nullptr) {
+        return false;
+    }
     const Expand expand = expandFor(header);
     for (qint64 stored = 0; stored < header.height; stored += rowsAtOnce) {
         const qint64 rows = std::min(rowsAtOnce, header.height - stored);
-        const qint64 got = file.read(reinterpret_cast<char*>(buffer.data()), rows * stride);
+        const qint64 got = file.read(reinterpret_cast<char*>(buffer.get()), rows * stride);
         // The very last row may come without its padding.
         if (got < (rows - 1) * stride + header.rowBytes()) {
             return false;
         }
         for (qint64 i = 0; i < rows; ++i) {
-            expand(rowOf(image, header, stored + i), buffer.data() + i * stride, header);
+            expand(rowOf(image, header, stored + i), buffer.get() + i * stride, header);
         }
     }
     return true;

@@ -18,12 +18,17 @@ void clearClipboard()
     QGuiApplication::clipboard()->clear();
 }
 
-void setClipboardPicture(const Picture& picture)
+bool setClipboardPicture(const Picture& picture)
 {
-    clearClipboard();
-    if (!picture.isNothing()) {
-        QGuiApplication::clipboard()->setImage(picture.flattened());
+    const QImage flat = picture.flattened();
+    if (flat.isNull() && !picture.isNothing()) {
+        return false;
     }
+    clearClipboard();
+    if (!flat.isNull()) {
+        QGuiApplication::clipboard()->setImage(flat);
+    }
+    return true;
 }
 
 void setClipboardText(const QString& text)

@@ -8,7 +8,9 @@
 namespace platform {
 
 void clearClipboard();
-void setClipboardPicture(const Picture& picture); // over white; Nothing only clears
+// The picture over white; Nothing only clears. False where there is no memory for it: the clipboard
+// then holds what it held.
+bool setClipboardPicture(const Picture& picture);
 void setClipboardText(const QString& text);
 
 // The bitmap on the clipboard; nothing when it holds none or one beyond 512 MB.

@@ -270,11 +270,11 @@ std::optional<IndexedPicture> reduceColours(const QImage& image)
     picture.stride = (static_cast<std::size_t>(picture.width) + 3) / 4 * 4;
     try {
         picture.bits.resize(picture.stride * static_cast<std::size_t>(picture.height));
+        if (!numberExactly(pixels, picture)) {
+            numberNearest(pixels, picture);
+        }
     } catch (const std::bad_alloc&) {
         return std::nullopt;
-    }
-    if (!numberExactly(pixels, picture)) {
-        numberNearest(pixels, picture);
     }
     return picture;
 }

@@ -110,9 +110,12 @@ void PictureBox::setBackColor(base::Colour colour)
 void PictureBox::setPicture(const Picture& picture)
 {
     m_picture = picture;
-    if (!picture.isNothing() && m_surface.size() != picture.image().size() &&
+    const QImage& image = m_picture.image();
+    if (!picture.isNothing() && m_surface.size() != image.size() &&
         isPossibleSize(picture.width(), picture.height())) {
-        m_surface = QImage(picture.width(), picture.height(), QImage::Format_RGB32);
+        m_surface = image.format() == QImage::Format_RGB32
+                        ? image
+                        : QImage(image.size(), QImage::Format_RGB32);
     }
     cls();
 }

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
+#include <new>
 #include <vector>
 
 namespace platform {
@@ -62,9 +64,9 @@ void packRow(uchar* target, const uchar* source, int width)
     }
 }
 
-bool writeBytes(ReplacementFile& file, const std::vector<uchar>& bytes, qint64 count)
+bool writeBytes(ReplacementFile& file, const uchar* bytes, qint64 count)
 {
-    return writeAll(file.descriptor(), reinterpret_cast<const char*>(bytes.data()), count);
+    return writeAll(file.descriptor(), reinterpret_cast<const char*>(bytes), count);
 }
 
 // Bottom row first, as many rows at a time as the buffer holds.
@@ -72,13 +74,17 @@ bool writeRows(ReplacementFile& file, const QImage& image)
 {
     const qint64 stride = strideOf(image);
     const qint64 rowsAtOnce = std::clamp<qint64>(kBufferBytes / stride, 1, image.height());
-    std::vector<uchar> buffer(std::size_t(rowsAtOnce * stride), 0);
+    const std::unique_ptr<uchar[]> buffer(new (std::nothrow)
+                                              uchar[std::size_t(rowsAtOnce * stride)]());
+    if (buffer == nullptr) {
+        return false;
+    }
     for (qint64 bottom = image.height(); bottom > 0;) {
         const qint64 rows = std::min(rowsAtOnce, bottom);
         for (qint64 i = 0; i < rows; ++i) {
-            packRow(buffer.data() + i * stride, image.constScanLine(int(--bottom)), image.width());
+            packRow(buffer.get() + i * stride, image.constScanLine(int(--bottom)), image.width());
         }
-        if (!writeBytes(file, buffer, rows * stride)) {
+        if (!writeBytes(file, buffer.get(), rows * stride)) {
             return false;
         }
     }
@@ -94,7 +100,7 @@ bool savePicture(const Picture& picture, const QString& path, Flush flush)
         return false;
     }
     ReplacementFile file(path);
-    return file.isOpen() && writeBytes(file, headerOf(image), kHeaderBytes) &&
+    return file.isOpen() && writeBytes(file, headerOf(image).data(), kHeaderBytes) &&
            writeRows(file, image) && file.commit(flush);
 }
 

@@ -41,6 +41,10 @@ struct StretchAxis {
     std::vector<StretchSpan> spans;
 };
 
+// The longest side that a transfer takes: it notes down every column and row, which of a picture
+// that is nothing but long takes more memory than the pixels.
+constexpr int kLongestStretchSide = 1 << 22; // pixels
+
 [[nodiscard]] StretchAxis mapAxis(StretchSide target, StretchSide source, AxisMethod method);
 
 } // namespace platform

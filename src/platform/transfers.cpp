@@ -5,6 +5,7 @@
 #include "platform/stretch_axis.h"
 #include "platform/stretch_kernels.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -51,6 +52,21 @@ bool isEmpty(const Area& area)
     return area.width == 0 || area.height == 0;
 }
 
+bool isBlend(const Methods& methods)
+{
+    return methods.horizontal != AxisMethod::Nearest || methods.vertical != AxisMethod::Nearest;
+}
+
+// A blend notes down the columns of the source as well.
+bool isTooLong(const QImage& target, const QImage& source, const Area& sourceArea,
+               const Methods& methods)
+{
+    const qint64 sourceColumns =
+        std::min<qint64>(std::abs(qint64(sourceArea.width)), source.width());
+    return target.width() > kLongestStretchSide || target.height() > kLongestStretchSide ||
+           (isBlend(methods) && sourceColumns > kLongestStretchSide);
+}
+
 bool covers(const StretchAxis& columns, const StretchAxis& rows, const QImage& target)
 {
     return columns.spans.size() == std::size_t(target.width()) &&
@@ -60,10 +76,10 @@ bool covers(const StretchAxis& columns, const StretchAxis& rows, const QImage& t
 void transfer(QImage& target, const StretchAxis& columns, const QImage& source,
               const StretchAxis& rows, const Methods& methods)
 {
-    if (methods.horizontal == AxisMethod::Nearest && methods.vertical == AxisMethod::Nearest) {
-        copyPixels(target, columns, source, rows);
-    } else {
+    if (isBlend(methods)) {
         blendPixels(target, columns, source, rows);
+    } else {
+        copyPixels(target, columns, source, rows);
     }
 }
 
@@ -87,6 +103,9 @@ bool StretchBlt(QImage& target, Area targetArea, const QImage& source, Area sour
                             ? Picture(source).flattened()
                             : source;
     const Methods methods = methodsFor(targetArea, sourceArea, mode);
+    if (from.isNull() || isTooLong(target, from, sourceArea, methods)) {
+        return false;
+    }
     const StretchAxis columns =
         mapAxis({targetArea.x, targetArea.width, target.width()},
                 {sourceArea.x, sourceArea.width, from.width()}, methods.horizontal);

@@ -34,7 +34,8 @@ bool BitBlt(QImage& target, int x, int y, int width, int height, const QImage& s
             int sourceY);
 
 // Copies scaled. 1:1 is a plain copy of bytes; a mirrored 1:1 is exact. False when either area is
-// empty, or a surface is null or hasn't 32 bits a pixel. The target may be the source itself. A
+// empty, a surface is null or hasn't 32 bits a pixel, or there is no memory for it; a surface of
+// more than four million columns or rows counts as that. The target may be the source itself. A
 // source with transparency lands over white on a target without.
 bool StretchBlt(QImage& target, Area targetArea, const QImage& source, Area sourceArea,
                 StretchMode mode = StretchMode::HalfTone);

@@ -151,9 +151,12 @@ TEST(Transforms, KeepTheBrightestRowsWhenTheyAverage)
 TEST(Transforms, RefuseSizesThatNoPictureHas)
 {
     const QImage image = numbered(10, 10);
-    for (const QSize size : {QSize(0, 5), QSize(5, 0), QSize(-5, 5), QSize(100000, 100000)}) {
+    for (const QSize size :
+         {QSize(0, 5), QSize(5, 0), QSize(-5, 5), QSize(100000, 100000), QSize(67000000, 1),
+          QSize(1, 67000000), QSize(32768, 1), QSize(1, 32768)}) {
         EXPECT_TRUE(editing::scaledTo(image, size).isNull());
     }
+    EXPECT_EQ(editing::scaledTo(image, QSize(32767, 1)).size(), QSize(32767, 1));
 }
 
 TEST(Transforms, GiveANullImageForANullOne)

@@ -239,3 +239,20 @@ TEST(Stretched, MakesAnAveragedCopyOfItsSize)
     EXPECT_TRUE(platform::stretched(source, wholeOf(source), {0, 1}).isNull());
     EXPECT_TRUE(platform::stretched(QImage(), {0, 0, 1, 1}, {1, 1}).isNull());
 }
+
+TEST(StretchBlt, RefusesSidesThatTakeMoreMemoryThanTheirPixels)
+{
+    constexpr int kLong = (1 << 22) + 1;
+    for (const QSize size : {QSize(kLong, 1), QSize(1, kLong)}) {
+        const QImage source = filled(size.width(), size.height(), qRgb(1, 2, 3));
+        QImage target = filled(size.width(), size.height(), qRgb(4, 5, 6));
+        const Area all{0, 0, size.width(), size.height()};
+        EXPECT_FALSE(StretchBlt(target, all, source, all));
+        EXPECT_EQ(target.pixel(0, 0), qRgb(4, 5, 6));
+    }
+    const QImage source = filled(kLong, 1, qRgb(1, 2, 3));
+    QImage target = filled(60, 1, qRgb(4, 5, 6));
+    EXPECT_FALSE(StretchBlt(target, {0, 0, 60, 1}, source, {0, 0, kLong, 1}));
+    EXPECT_TRUE(StretchBlt(target, {0, 0, 60, 1}, source, {0, 0, 60, 1}));
+    EXPECT_EQ(target.pixel(59, 0), qRgb(1, 2, 3));
+}
