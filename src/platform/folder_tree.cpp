@@ -27,7 +27,8 @@ FolderTree::~FolderTree()
     }
 }
 
-void FolderTree::open(QWidget& host, const QString& start, SelectionHandler selected)
+void FolderTree::open(QWidget& host, const QString& start, SelectionHandler selected,
+                      ShownTest isShown)
 {
     if (isOpen()) {
         return;
@@ -38,7 +39,7 @@ void FolderTree::open(QWidget& host, const QString& start, SelectionHandler sele
     QObject::connect(m_state->widget, &QObject::destroyed, &loop, &QEventLoop::quit);
     m_state->widget->setGeometry(host.rect());
     m_state->widget->show();
-    m_state->widget->onSelected(std::move(selected));
+    m_state->widget->onSelected(std::move(selected), std::move(isShown));
     for (const QString& folder : {start, homeFolder(), QStringLiteral("/")}) {
         if (!isOpen() || m_state->widget->selectFolder(folder)) {
             break;
@@ -56,7 +57,7 @@ void FolderTree::close()
     if (m_state->widget != nullptr) {
         FolderTreeWidget* const widget = m_state->widget;
         m_state->widget = nullptr;
-        widget->onSelected({});
+        widget->onSelected({}, {});
         widget->hide();
         widget->setParent(nullptr);
         widget->deleteLater();

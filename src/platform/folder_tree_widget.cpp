@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QEvent>
 #include <QHeaderView>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
@@ -65,8 +66,7 @@ QIcon iconOr(const char* delivered, const QStyle& style, QStyle::StandardPixmap 
 
 } // namespace
 
-// A change of items that may move the selection. What is told of it waits for the end, because the
-// one who is told may open and close branches, or the tree, while items are held here.
+// A change of items that may move the selection more than once. Only where it ends is a choice.
 class FolderTreeWidget::Change {
 public:
     explicit Change(FolderTreeWidget& tree)
@@ -78,7 +78,7 @@ public:
     ~Change()
     {
         if (--m_tree.m_changes == 0 && m_tree.selectedFolder() != m_before) {
-            m_tree.tellSelection();
+            m_tree.choose();
         }
     }
     Change(const Change&) = delete;
@@ -112,9 +112,11 @@ FolderTreeWidget::FolderTreeWidget(QWidget* parent)
             [this](QTreeWidgetItem* item) { refreshBranch(*item); });
     connect(this, &QTreeWidget::currentItemChanged, this, [this] {
         if (m_changes == 0) {
-            tellSelection();
+            choose();
         }
     });
+    connect(this, &QTreeWidget::itemPressed, this, &FolderTreeWidget::chooseUnlessShown);
+    connect(this, &QTreeWidget::itemActivated, this, &FolderTreeWidget::chooseUnlessShown);
     refreshRoots();
 }
 
@@ -124,12 +126,45 @@ FolderTreeWidget::~FolderTreeWidget()
     disconnect(this, nullptr, this, nullptr);
 }
 
-void FolderTreeWidget::tellSelection()
+// The choice is told by an event of its own. Within a press or a key that this is called from, the
+// highlight follows the current item later, and what the handler lets happen would come in between.
+void FolderTreeWidget::choose()
 {
+    if (currentItem() != nullptr) {
+        m_untold.push_back(selectedFolder());
+        QMetaObject::invokeMethod(this, &FolderTreeWidget::tellNext, Qt::QueuedConnection);
+    }
+}
+
+// A choice that isn't told yet is the current folder, and will be shown.
+void FolderTreeWidget::chooseUnlessShown()
+{
+    if (m_untold.empty() && m_isShown && !m_isShown(selectedFolder())) {
+        choose();
+    }
+}
+
+void FolderTreeWidget::tellNext()
+{
+    // A selection from code has told what was chosen before it too.
+    if (m_untold.empty()) {
+        return;
+    }
+    const QString folder = m_untold.front();
+    m_untold.pop_front();
     // A copy, because what it does may take the handler away.
-    const auto selected = m_selected;
-    if (currentItem() != nullptr && selected) {
-        selected(selectedFolder());
+    if (const auto selected = m_selected) {
+        // The handler may be at work for long before it lets anything be painted.
+        viewport()->repaint();
+        selected(folder);
+    }
+}
+
+void FolderTreeWidget::tellAll()
+{
+    const QPointer<FolderTreeWidget> alive = this;
+    while (alive != nullptr && !m_untold.empty()) {
+        tellNext();
     }
 }
 
@@ -140,6 +175,14 @@ bool FolderTreeWidget::event(QEvent* event)
         refreshRoots();
     }
     return QTreeWidget::event(event);
+}
+
+// The folder chosen keeps its highlight, whatever keys are held.
+QItemSelectionModel::SelectionFlags
+FolderTreeWidget::selectionCommand(const QModelIndex& index, const QEvent* /*event*/) const
+{
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                           : QItemSelectionModel::NoUpdate;
 }
 
 QTreeWidgetItem* FolderTreeWidget::makeItem(const QString& folder, const QString& name) const
@@ -292,15 +335,14 @@ QTreeWidgetItem* FolderTreeWidget::childOf(QTreeWidgetItem& branch, const QStrin
     return child;
 }
 
-bool FolderTreeWidget::selectFolder(const QString& folder)
+bool FolderTreeWidget::goTo(const QString& folder)
 {
-    const QString wanted = QDir::cleanPath(folder);
-    QTreeWidgetItem* item = isFolder(wanted) ? rootOf(wanted) : nullptr;
+    QTreeWidgetItem* item = isFolder(folder) ? rootOf(folder) : nullptr;
     if (item == nullptr) {
         return false;
     }
     const Change change(*this);
-    const QString below = wanted.mid(folderOfItem(*item).size());
+    const QString below = folder.mid(folderOfItem(*item).size());
     for (const QString& name : below.split(u'/', Qt::SkipEmptyParts)) {
         item->setExpanded(true);
         item = childOf(*item, name);
@@ -310,6 +352,16 @@ bool FolderTreeWidget::selectFolder(const QString& folder)
     }
     setCurrentItem(item);
     scrollToItem(item);
+    return true;
+}
+
+bool FolderTreeWidget::selectFolder(const QString& folder)
+{
+    if (!goTo(QDir::cleanPath(folder))) {
+        return false;
+    }
+    chooseUnlessShown();
+    tellAll();
     return true;
 }
 

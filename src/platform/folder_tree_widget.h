@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QString>
 #include <QTreeWidget>
+#include <deque>
 #include <functional>
 #include <set>
 #include <vector>
@@ -16,26 +17,37 @@ public:
     explicit FolderTreeWidget(QWidget* parent);
     ~FolderTreeWidget() override;
 
-    // Called with the folder after each change of the selection, when the tree is in order again.
-    // It may take the tree away.
-    void onSelected(std::function<void(const QString&)> handler)
+    // The handler is called with the folder once for each selection, when what made it (a press, a
+    // key) is wholly done with and the highlight is painted. It may let events run, select another
+    // folder, and take the tree away. The test says whether a folder is the one that the handler's
+    // side shows; choosing the current folder selects it anew where it isn't.
+    void onSelected(std::function<void(const QString&)> handler,
+                    std::function<bool(const QString&)> isShown)
     {
         m_selected = std::move(handler);
+        m_isShown = std::move(isShown);
     }
 
-    // Opens the branches on the way to a folder and selects it. False, and nothing changes, when
-    // the folder doesn't exist. A hidden folder gets an item, because it was named.
+    // Opens the branches on the way to a folder and selects it; the handler has been called when
+    // this comes back. False, and nothing changes, when the folder doesn't exist. A hidden folder
+    // gets an item, because it was named.
     bool selectFolder(const QString& folder);
 
     [[nodiscard]] QString selectedFolder() const;
 
 protected:
     bool event(QEvent* event) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags
+    selectionCommand(const QModelIndex& index, const QEvent* event) const override;
 
 private:
     class Change;
 
-    void tellSelection();
+    void choose();
+    void chooseUnlessShown();
+    void tellNext();
+    void tellAll();
+    bool goTo(const QString& folder);
     void refreshRoots();
     void addRoot(int position, const QString& folder, const QString& text, const QIcon& icon);
     void refreshBranch(QTreeWidgetItem& branch);
@@ -49,7 +61,9 @@ private:
     QIcon m_folderIcon;
     QIcon m_driveIcon;
     std::function<void(const QString&)> m_selected;
-    int m_changes = 0; // changes under way, which tell of the selection at their end
+    std::function<bool(const QString&)> m_isShown;
+    std::deque<QString> m_untold; // chosen, oldest first
+    int m_changes = 0;            // changes under way, at whose end one folder is chosen
 };
 
 } // namespace platform

@@ -123,6 +123,13 @@ void showWindows(Form1& form, const StepWatcher& watcher)
     }
 }
 
+// Files that were opened by name are shown from a folder that isn't chosen in the tree.
+bool isFolderShown(const QString& folder)
+{
+    frmThumbnaillist* open = pane();
+    return open == nullptr || open->File1().path() == folder;
+}
+
 void openFolderTree(const StepWatcher& watcher)
 {
     frmThumbnaillist* browser = pane();
@@ -132,7 +139,7 @@ void openFolderTree(const StepWatcher& watcher)
     const QString folder = startFolder(*core::services().config);
     browser->setStartFolder(folder);
     tell(watcher, "folder tree opened");
-    platform::folderTree().open(browser->treeHost(), folder, &showSelectedFolder);
+    platform::folderTree().open(browser->treeHost(), folder, &showSelectedFolder, &isFolderShown);
 }
 
 } // namespace

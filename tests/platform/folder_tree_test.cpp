@@ -3,10 +3,12 @@
 #include "platform/subfolders.h"
 #include "support/temp_tree.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QMouseEvent>
 #include <QTimer>
 #include <QTreeWidget>
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -29,10 +31,42 @@ public:
     {
         QTimer::singleShot(0, &m_context, [&, steps] {
             steps();
+            load();
             tree.close();
         });
-        tree.open(host, m_files.path(start),
-                  [this](const QString& folder) { selections.append(folder); });
+        tree.open(
+            host, m_files.path(start),
+            [this](const QString& folder) {
+                selections.append(folder);
+                highlights.append(highlighted());
+                if (whileTold) {
+                    whileTold(folder);
+                }
+            },
+            isShown);
+    }
+
+    // The name in the row that has the highlight, if that is the current one.
+    [[nodiscard]] QString highlighted() const
+    {
+        const QList<QTreeWidgetItem*> rows = widget().selectedItems();
+        return rows == QList{widget().currentItem()} ? rows.first()->text(0) : QString();
+    }
+
+    // Lets events run as often as the loading of a few files does.
+    static void load()
+    {
+        constexpr int kFiles = 5;
+        for (int i = 0; i < kFiles; ++i) {
+            QApplication::processEvents();
+        }
+    }
+
+    // Loads while the user does something.
+    template<typename Input> void meanwhile(Input input)
+    {
+        QTimer::singleShot(0, &m_context, input);
+        load();
     }
 
     [[nodiscard]] QTreeWidget& widget() const { return *static_cast<QTreeWidget*>(tree.widget()); }
@@ -53,32 +87,89 @@ public:
         return item->childIndicatorPolicy() == QTreeWidgetItem::ShowIndicator;
     }
 
-    void click(QTreeWidgetItem* item) const
+    void click(QTreeWidgetItem* item, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {
         widget().scrollToItem(item);
-        const QPointF place = widget().visualItemRect(item).center();
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, place, widget().viewport()->mapToGlobal(place), Qt::LeftButton,
-                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                              Qt::NoModifier);
-            QApplication::sendEvent(widget().viewport(), &event);
-        }
+        mouse(QEvent::MouseButtonPress, item, modifiers);
+        mouse(QEvent::MouseButtonRelease, item, modifiers);
     }
 
-    void press(int key) const
+    void mouse(QEvent::Type type, QTreeWidgetItem* item,
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        const QPointF place = widget().visualItemRect(item).center();
+        const bool isMove = type == QEvent::MouseMove;
+        const bool isUp = type == QEvent::MouseButtonRelease;
+        QMouseEvent event(type, place, widget().viewport()->mapToGlobal(place),
+                          isMove ? Qt::NoButton : Qt::LeftButton,
+                          isUp ? Qt::NoButton : Qt::LeftButton, modifiers);
+        QApplication::sendEvent(widget().viewport(), &event);
+    }
+
+    void press(int key, const QString& text = {}) const
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
         QApplication::sendEvent(tree.widget(), &event);
     }
 
     QWidget host;
     FolderTree tree;
     QStringList selections;
+    QStringList highlights; // when each of them was told
+    std::function<void(const QString&)> whileTold;
+    FolderTree::ShownTest isShown;
 
 private:
     const TempTree& m_files;
     QObject m_context;
 };
+
+// Writes down what has the highlight whenever the tree is painted.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(const OpenTree& open)
+        : m_open(open)
+    {
+        open.widget().viewport()->installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            painted = m_open.highlighted();
+        }
+        return false;
+    }
+
+    QString painted;
+
+private:
+    const OpenTree& m_open;
+};
+
+// The rows that a screen reader finds in a state.
+struct Announced {
+    QStringList current;
+    QStringList selected;
+};
+
+Announced announced(QTreeWidget& tree)
+{
+    Announced rows;
+    const QAccessibleInterface* view = QAccessible::queryAccessibleInterface(&tree);
+    for (int i = 0; i < view->childCount(); ++i) {
+        const QAccessibleInterface* row = view->child(i);
+        if (row == nullptr || row->role() != QAccessible::TreeItem) {
+            continue;
+        }
+        if (row->state().focused) {
+            rows.current.append(row->text(QAccessible::Name));
+        }
+        if (row->state().selected) {
+            rows.selected.append(row->text(QAccessible::Name));
+        }
+    }
+    return rows;
+}
 
 } // namespace
 
@@ -384,4 +475,263 @@ TEST(FolderTree, IsWalkedByKeys)
     });
     EXPECT_EQ(open.selections, QStringList({files.path("home"), files.path("home/a"),
                                             files.path("home/b"), files.path("home")}));
+}
+
+TEST(FolderTree, HighlightsAFolderBeforeItIsTold)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}});
+    OpenTree open(files);
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        open.click(open.home()->child(0));
+        OpenTree::load();
+        open.click(open.home()->child(1));
+        OpenTree::load();
+        open.press(Qt::Key_Home);
+    });
+    EXPECT_EQ(open.highlights, QStringList({"Home", "a", "b", "Home"}));
+}
+
+TEST(FolderTree, PaintsTheHighlightBeforeItIsTold)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}});
+    OpenTree open(files);
+    open.run("home", [&] {
+        const PaintWatch watch(open);
+        QStringList painted;
+        open.whileTold = [&](const QString&) { painted.append(watch.painted); };
+        open.home()->setExpanded(true);
+        OpenTree::load();
+        open.click(open.home()->child(1));
+        OpenTree::load();
+        open.press(Qt::Key_Up);
+        OpenTree::load();
+        open.tree.select(files.path("home"));
+        EXPECT_EQ(painted, QStringList({"b", "a", "Home"}));
+        open.whileTold = nullptr;
+    });
+}
+
+TEST(FolderTree, HighlightsTheFolderChosenWhileAnotherLoads)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}, {"home/c/", ""}});
+    OpenTree open(files);
+    open.whileTold = [&](const QString& folder) {
+        if (folder == files.path("home/a")) {
+            open.meanwhile([&] { open.click(open.home()->child(2)); });
+            open.meanwhile([&] { open.click(open.home()->child(1)); });
+        }
+    };
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        for (int i = 0; i < 2; ++i) {
+            open.click(open.home()->child(0));
+            OpenTree::load();
+            EXPECT_EQ(open.highlighted(), "b");
+        }
+    });
+    EXPECT_EQ(open.highlights, QStringList({"Home", "a", "c", "b", "a", "c", "b"}));
+    EXPECT_EQ(open.selections.last(), files.path("home/b"));
+}
+
+TEST(FolderTree, TellsAFolderWhileTheOneBeforeItLoads)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}});
+    OpenTree open(files);
+    QStringList order;
+    open.whileTold = [&](const QString& folder) {
+        order.append(folder);
+        if (folder == files.path("home/a")) {
+            open.meanwhile([&] { open.press(Qt::Key_Down); });
+        }
+        order.append("end of " + folder);
+    };
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        open.press(Qt::Key_Down);
+    });
+    const QString home = files.path("home");
+    const QString a = files.path("home/a");
+    const QString b = files.path("home/b");
+    EXPECT_EQ(order, QStringList({home, "end of " + home, a, b, "end of " + b, "end of " + a}));
+}
+
+TEST(FolderTree, EndsOnTheLastFolderOfManyThatAreGoneThrough)
+{
+    constexpr int kFolders = 40;
+    const TempTree files;
+    for (int i = 0; i < kFolders; ++i) {
+        files.add({"home/" + std::to_string(100 + i) + "/", ""});
+    }
+    OpenTree open(files);
+    open.whileTold = [&](const QString&) {
+        open.meanwhile([&] {
+            for (int i = 0; i < 2; ++i) {
+                if (open.widget().currentItem() != open.home()->child(kFolders - 1)) {
+                    open.press(Qt::Key_Down);
+                }
+            }
+        });
+    };
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        open.press(Qt::Key_Down);
+        OpenTree::load();
+        EXPECT_EQ(open.highlighted(), "139");
+    });
+    QStringList all = {"Home"};
+    for (int i = 0; i < kFolders; ++i) {
+        all.append(QString::number(100 + i));
+    }
+    QStringList told = open.selections;
+    std::transform(told.begin(), told.end(), told.begin(), &platform::fileNameOf);
+    told.first() = "Home";
+    EXPECT_EQ(told, all);
+    EXPECT_EQ(open.highlights.last(), "139");
+}
+
+TEST(FolderTree, TellsASelectionFromCodeBehindWhatWasChosenBefore)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}});
+    OpenTree open(files);
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        open.click(open.home()->child(0));
+        open.tree.select(files.path("home/b"));
+        EXPECT_EQ(open.selections,
+                  QStringList({files.path("home"), files.path("home/a"), files.path("home/b")}));
+        EXPECT_EQ(open.highlighted(), "b");
+    });
+    EXPECT_EQ(open.selections.size(), 3);
+}
+
+TEST(FolderTree, TellsTheSelectedFolderAgainWhileAnotherIsShown)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}});
+    OpenTree open(files);
+    QString shown;
+    open.isShown = [&](const QString& folder) { return folder == shown; };
+    open.whileTold = [&](const QString& folder) { shown = folder; };
+    open.run("home/a", [&] {
+        QTreeWidgetItem* const a = open.home()->child(0);
+        const std::function<void()> choices[] = {
+            [&] { open.click(a); },
+            [&] { open.press(Qt::Key_Return); },
+            [&] { open.press(Qt::Key_Enter); },
+            [&] { open.tree.select(files.path("home/a")); },
+        };
+        for (const auto& choose : choices) {
+            open.selections.clear();
+            choose();
+            OpenTree::load();
+            EXPECT_TRUE(open.selections.isEmpty());
+            shown = files.path("elsewhere");
+            choose();
+            choose();
+            OpenTree::load();
+            EXPECT_EQ(open.selections, QStringList{files.path("home/a")});
+            EXPECT_EQ(open.highlighted(), "a");
+        }
+        shown = files.path("elsewhere");
+        a->setExpanded(true);
+        open.click(open.home()->child(1));
+        OpenTree::load();
+        EXPECT_EQ(open.selections.last(), files.path("home/b"));
+        EXPECT_EQ(open.selections.size(), 2);
+    });
+}
+
+TEST(FolderTree, KeepsTheHighlightWhateverKeysAreHeld)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}});
+    OpenTree open(files);
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        open.click(open.home()->child(0), Qt::ControlModifier);
+        open.click(open.home()->child(0), Qt::ControlModifier);
+        EXPECT_EQ(open.highlighted(), "a");
+        QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::ControlModifier, " ");
+        QApplication::sendEvent(&open.widget(), &space);
+        EXPECT_EQ(open.highlighted(), "a");
+    });
+}
+
+TEST(FolderTree, HighlightsWhatIsDraggedOver)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}, {"home/c/", ""}});
+    OpenTree open(files);
+    open.whileTold = [](const QString&) { OpenTree::load(); };
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        open.mouse(QEvent::MouseButtonPress, open.home()->child(0));
+        OpenTree::load();
+        open.mouse(QEvent::MouseMove, open.home()->child(1));
+        OpenTree::load();
+        open.mouse(QEvent::MouseMove, open.home()->child(2));
+        open.mouse(QEvent::MouseButtonRelease, open.home()->child(2));
+        EXPECT_EQ(open.highlighted(), "c");
+    });
+    EXPECT_EQ(open.highlights, QStringList({"Home", "a", "b", "c"}));
+}
+
+TEST(FolderTree, EndsEachKeyOnTheFolderTold)
+{
+    const TempTree files({{"home/alps/", ""}, {"home/beach/", ""}, {"home/winter/x/", ""}});
+    const struct {
+        int key;
+        const char* text;
+        const char* folder;
+        const char* row;
+    } keys[] = {
+        {Qt::Key_Down, "", "home/alps", "alps"}, {Qt::Key_W, "w", "home/winter", "winter"},
+        {Qt::Key_Up, "", "home/beach", "beach"}, {Qt::Key_Home, "", "home", "Home"},
+        {Qt::Key_Down, "", "home/alps", "alps"}, {Qt::Key_Left, "", "home", "Home"},
+    };
+    OpenTree open(files);
+    open.whileTold = [](const QString&) { OpenTree::load(); };
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        for (const auto& key : keys) {
+            open.press(key.key, QString::fromLatin1(key.text));
+            OpenTree::load();
+            EXPECT_EQ(open.highlighted(), key.row);
+            EXPECT_EQ(open.highlights.last(), key.row);
+            EXPECT_EQ(open.selections.last(), files.path(key.folder));
+        }
+    });
+    EXPECT_EQ(open.selections.size(), 1 + int(std::size(keys)));
+}
+
+TEST(FolderTree, TellsScreenReadersTheFolderChosen)
+{
+    const TempTree files({{"home/a/", ""}, {"home/b/", ""}, {"home/c/", ""}});
+    OpenTree open(files);
+    QStringList expected;
+    const auto expectAnnounced = [&](const char* name) {
+        expected = {name};
+        EXPECT_EQ(announced(open.widget()).current, expected);
+        EXPECT_EQ(announced(open.widget()).selected, expected);
+    };
+    open.whileTold = [&](const QString& folder) {
+        if (folder == files.path("home/a")) {
+            expectAnnounced("a");
+            open.meanwhile([&] { open.click(open.home()->child(2)); });
+        }
+    };
+    open.run("home", [&] {
+        expectAnnounced("Home");
+        open.home()->setExpanded(true);
+        open.click(open.home()->child(0)); // and "c" while it loads
+        OpenTree::load();
+        expectAnnounced("c");
+        open.press(Qt::Key_Up);
+        expectAnnounced("b");
+        open.press(Qt::Key_Home);
+        expectAnnounced("Home");
+        open.press(Qt::Key_A, "a");
+        OpenTree::load();
+        expectAnnounced("c");
+        open.tree.select(files.path("home/b"));
+        expectAnnounced("b");
+    });
 }
