@@ -102,14 +102,20 @@ FolderTreeWidget::FolderTreeWidget(QWidget* parent)
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
-    // A pane narrower than the names scrolls; only the rows in sight are measured.
+    // A pane narrower than the names scrolls. All rows are measured, so that none is cut when it is
+    // scrolled into sight.
     header()->setStretchLastSection(false);
-    header()->setResizeContentsPrecision(0);
+    header()->setResizeContentsPrecision(-1);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setHorizontalScrollMode(ScrollPerPixel);
 
-    connect(this, &QTreeWidget::itemExpanded, this,
-            [this](QTreeWidgetItem* item) { refreshBranch(*item); });
+    connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) {
+        forgetWidth();
+        refreshBranch(*item);
+    });
+    connect(this, &QTreeWidget::itemCollapsed, this, &FolderTreeWidget::forgetWidth);
+    connect(model(), &QAbstractItemModel::rowsInserted, this, &FolderTreeWidget::forgetWidth);
+    connect(model(), &QAbstractItemModel::rowsRemoved, this, &FolderTreeWidget::forgetWidth);
     connect(this, &QTreeWidget::currentItemChanged, this, [this] {
         if (m_changes == 0) {
             choose();
@@ -168,13 +174,33 @@ void FolderTreeWidget::tellAll()
     }
 }
 
+void FolderTreeWidget::forgetWidth()
+{
+    m_isWidthKnown = false;
+    scheduleDelayedItemsLayout();
+}
+
 bool FolderTreeWidget::event(QEvent* event)
 {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        forgetWidth();
+    }
     // A stick may have come or gone while the user was elsewhere.
     if (event->type() == QEvent::WindowActivate) {
         refreshRoots();
     }
     return QTreeWidget::event(event);
+}
+
+int FolderTreeWidget::sizeHintForColumn(int column) const
+{
+    // Measuring thousands of names takes too long for each step of a pane that is made wider.
+    if (!m_isWidthKnown) {
+        const int width = QTreeWidget::sizeHintForColumn(column);
+        m_isWidthKnown = width >= 0; // else the rows aren't laid out yet
+        m_namesWidth = m_isWidthKnown ? width : m_namesWidth;
+    }
+    return std::max(m_namesWidth, viewport()->width());
 }
 
 // The folder chosen keeps its highlight, whatever keys are held.
@@ -183,6 +209,16 @@ FolderTreeWidget::selectionCommand(const QModelIndex& index, const QEvent* /*eve
 {
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::NoUpdate;
+}
+
+// Sideways the marker and the name count, not the whole row. Where they don't fit, the end is cut.
+void FolderTreeWidget::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    QTreeWidget::scrollTo(index, hint);
+    QScrollBar& bar = *horizontalScrollBar();
+    const int name = visualRect(index).left() + bar.value();
+    const int nameEnd = name + sizeHintForIndex(index).width();
+    bar.setValue(std::min(nameEnd - viewport()->width(), name - indentation()));
 }
 
 QTreeWidgetItem* FolderTreeWidget::makeItem(const QString& folder, const QString& name) const
@@ -351,7 +387,10 @@ bool FolderTreeWidget::goTo(const QString& folder)
         }
     }
     setCurrentItem(item);
-    scrollToItem(item);
+    // The branches just opened are measured in time for the scroll bars.
+    resizeColumnToContents(0);
+    updateGeometries();
+    scrollTo(indexFromItem(item));
     return true;
 }
 

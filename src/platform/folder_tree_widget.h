@@ -35,14 +35,19 @@ public:
 
     [[nodiscard]] QString selectedFolder() const;
 
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
 protected:
     bool event(QEvent* event) override;
+    // The row's width in pixels: that of the widest name with its indentation, or the view's.
+    [[nodiscard]] int sizeHintForColumn(int column) const override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags
     selectionCommand(const QModelIndex& index, const QEvent* event) const override;
 
 private:
     class Change;
 
+    void forgetWidth();
     void choose();
     void chooseUnlessShown();
     void tellNext();
@@ -63,7 +68,9 @@ private:
     std::function<void(const QString&)> m_selected;
     std::function<bool(const QString&)> m_isShown;
     std::deque<QString> m_untold; // chosen, oldest first
-    int m_changes = 0;            // changes under way, at whose end one folder is chosen
+    mutable int m_namesWidth = 0; // pixels, of the widest when they were measured last
+    mutable bool m_isWidthKnown = false;
+    int m_changes = 0; // changes under way, at whose end one folder is chosen
 };
 
 } // namespace platform

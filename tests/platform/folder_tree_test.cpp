@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTimer>
 #include <QTreeWidget>
 #include <algorithm>
@@ -683,8 +684,8 @@ TEST(FolderTree, EndsEachKeyOnTheFolderTold)
         const char* folder;
         const char* row;
     } keys[] = {
-        {Qt::Key_Down, "", "home/alps", "alps"}, {Qt::Key_W, "w", "home/winter", "winter"},
-        {Qt::Key_Up, "", "home/beach", "beach"}, {Qt::Key_Home, "", "home", "Home"},
+        {Qt::Key_Down, "", "home/alps", "alps"},         {Qt::Key_W, "w", "home/winter", "winter"},
+        {Qt::Key_Up, "", "home/beach", "beach"},         {Qt::Key_Home, "", "home", "Home"},
         {Qt::Key_Down, "", "home/alps", "alps"}, {Qt::Key_Left, "", "home", "Home"},
     };
     OpenTree open(files);
@@ -733,5 +734,82 @@ TEST(FolderTree, TellsScreenReadersTheFolderChosen)
         expectAnnounced("c");
         open.tree.select(files.path("home/b"));
         expectAnnounced("b");
+    });
+}
+
+TEST(FolderTree, HasRowsAsWideAsItIs)
+{
+    const TempTree files({{"home/a/b/", ""}});
+    OpenTree open(files);
+    open.run("home", [&] {
+        const auto rowsEnd = [&] { return open.widget().visualItemRect(open.home()).right() + 1; };
+        EXPECT_EQ(rowsEnd(), open.widget().viewport()->width());
+        for (const int width : {200, 280, 120}) {
+            open.tree.setGeometry(0, 0, width, 300);
+            OpenTree::load();
+            EXPECT_EQ(rowsEnd(), open.widget().viewport()->width());
+            EXPECT_EQ(open.widget().horizontalScrollBar()->maximum(), 0);
+        }
+    });
+}
+
+TEST(FolderTree, ShowsNamesWhole)
+{
+    const std::string longName = "a trip to the lake with the whole family and both of the dogs";
+    TempTree files;
+    for (int i = 0; i < 60; ++i) {
+        files.add({"home/folder " + std::to_string(100 + i) + "/", ""});
+    }
+    files.add({"home/z/" + longName + "/", ""});
+    OpenTree open(files);
+    open.run("home", [&] {
+        open.home()->setExpanded(true);
+        OpenTree::load();
+        EXPECT_EQ(open.widget().horizontalScrollBar()->maximum(), 0);
+        QTreeWidgetItem* const last = open.home()->child(60);
+        last->setExpanded(true);
+        open.widget().scrollToItem(open.home());
+        OpenTree::load();
+        const QModelIndex index = open.widget().currentIndex().model()->index(
+            0, 0, open.widget().model()->index(60, 0, open.widget().model()->index(0, 0)));
+        const int needed = open.widget().sizeHintForIndex(index).width();
+        EXPECT_GT(needed, open.widget().viewport()->width());
+        EXPECT_GE(open.widget().visualItemRect(last->child(0)).width(), needed);
+        open.widget().scrollToBottom();
+        OpenTree::load();
+        EXPECT_GE(open.widget().visualItemRect(last->child(0)).width(), needed);
+        QScrollBar& bar = *open.widget().horizontalScrollBar();
+        bar.setValue(bar.maximum());
+        EXPECT_EQ(open.widget().visualItemRect(last->child(0)).right() + 1,
+                  open.widget().viewport()->width());
+        last->setExpanded(false);
+        OpenTree::load();
+        EXPECT_EQ(bar.maximum(), 0);
+        last->setExpanded(true);
+        OpenTree::load();
+        EXPECT_GE(open.widget().visualItemRect(last->child(0)).width(), needed);
+        QFont larger = open.widget().font();
+        larger.setPixelSize(40);
+        open.widget().setFont(larger);
+        OpenTree::load();
+        EXPECT_GT(open.widget().sizeHintForIndex(index).width(), needed);
+        EXPECT_GE(open.widget().visualItemRect(last->child(0)).width(),
+                  open.widget().sizeHintForIndex(index).width());
+    });
+}
+
+TEST(FolderTree, BringsADeepFolderIntoSightSideways)
+{
+    const TempTree files({{"home/1/2/3/4/5/6/7/8/9/pictures/", ""}});
+    OpenTree open(files);
+    open.host.resize(170, 400);
+    open.run("home/1/2/3/4/5/6/7/8/9/pictures", [&] {
+        OpenTree::load();
+        const QRect row = open.widget().visualItemRect(open.widget().currentItem());
+        const int name = open.widget().sizeHintForIndex(open.widget().currentIndex()).width();
+        EXPECT_GE(row.left(), 0);
+        EXPECT_LE(row.left() + name, open.widget().viewport()->width());
+        open.press(Qt::Key_Home);
+        EXPECT_EQ(open.widget().horizontalScrollBar()->value(), 0);
     });
 }
