@@ -5,6 +5,7 @@
 #include "platform/file_list.h"
 #include "platform/files.h"
 #include "platform/paths.h"
+#include "platform/subfolders.h"
 
 namespace shell {
 
@@ -16,6 +17,14 @@ bool hasPictures(const QString& folder)
            platform::countFiles(folder, core::kPicturePattern) > 0;
 }
 
+// Pictures are mostly kept in folders. The home folder, which stands in for a picture folder that
+// is missing, has folders of all kinds.
+bool isWorthShowing(const QString& folder)
+{
+    const bool isHome = folder == platform::homeFolder();
+    return (!isHome && platform::hasVisibleSubfolder(folder)) || hasPictures(folder);
+}
+
 } // namespace
 
 QString startFolder(const core::ConfigStore& config)
@@ -25,7 +34,7 @@ QString startFolder(const core::ConfigStore& config)
         return stored;
     }
     const QString pictures = platform::picturesFolder();
-    return hasPictures(pictures) ? pictures : platform::appFile(QStringLiteral("Samples"));
+    return isWorthShowing(pictures) ? pictures : platform::appFile(QStringLiteral("Samples"));
 }
 
 } // namespace shell

@@ -149,3 +149,40 @@ TEST_F(FolderChoiceTest, LeavesAFolderThatIsShownAlone)
         EXPECT_EQ(runs, 0);
     });
 }
+
+TEST_F(FolderChoiceTest, StartsInThePictureFolderThatHoldsOnlyFolders)
+{
+    program.tree.add({"home/Pictures/Trip/a.bmp", program.tree.content("pics/a.bmp")});
+    program.tree.add({"app/Samples/b.bmp", program.tree.content("pics/b.bmp")});
+    program.config[QStringLiteral("SpeciFolder")].clear();
+    program.run([this](Form1& form) {
+        EXPECT_EQ(platform::folderTree().selected(), program.tree.path("home/Pictures"));
+        EXPECT_EQ(form.Xiala(), program.tree.path("home/Pictures"));
+    });
+}
+
+TEST_F(FolderChoiceTest, StartsInThePictureFolderThatHoldsPictures)
+{
+    program.tree.add({"home/Pictures/a.bmp", program.tree.content("pics/a.bmp")});
+    program.tree.add({"app/Samples/b.bmp", program.tree.content("pics/b.bmp")});
+    program.config[QStringLiteral("SpeciFolder")].clear();
+    program.run([this](Form1& form) {
+        EXPECT_EQ(tilePaths(), QStringList{program.tree.path("home/Pictures/a.bmp")});
+        EXPECT_EQ(form.Xiala(), program.tree.path("home/Pictures"));
+    });
+}
+
+TEST_F(FolderChoiceTest, StartsInTheSamplesWhereThePictureFolderShowsNothing)
+{
+    for (const char* nothing :
+         {"home/Documents/", "home/Pictures/.hidden/", "home/Pictures/notes"}) {
+        RunningProgram again;
+        again.tree.add({"app/Samples/b.bmp", again.tree.content("pics/b.bmp")});
+        again.tree.add({nothing});
+        again.config[QStringLiteral("SpeciFolder")].clear();
+        again.run([&](Form1& form) {
+            EXPECT_EQ(tilePaths(), QStringList{again.tree.path("app/Samples/b.bmp")}) << nothing;
+            EXPECT_EQ(form.Xiala(), again.tree.path("app/Samples"));
+        });
+    }
+}
