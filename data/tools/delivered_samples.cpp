@@ -40,7 +40,7 @@ bool deliverTrueColour(const fs::path& folder)
     return writeFile(folder / "City at night.psd", psdFile(cityAtNight())) &&
            writeFile(folder / "Ringed planet.tga", tgaFile(ringedPlanet())) &&
            writeFile(folder / "Northern lights.pcx", pcxFile(northernLights())) &&
-           writeFile(folder / "Paper hills.tif", tiffFile(paperHills()));
+           writeFile(folder / "Sunset over hills.tif", tiffFile(paperHills()));
 }
 
 bool deliverIndexed(const fs::path& folder)
@@ -74,7 +74,7 @@ bool deliverSamples(const Folders& folders)
     return deliverPhotographs(folders.samples) && deliverTrueColour(folders.samples) &&
            deliverIndexed(folders.samples) && deliverSymbols(folders.art, folders.samples) &&
            writeFile(folders.samples / "Sailing boat.wmf", wmfFile(sailingBoat())) &&
-           writeFile(folders.samples / "Hot air balloons.emf", emfFile(hotAirBalloons()));
+           writeFile(folders.samples / "Up in balloons.emf", emfFile(hotAirBalloons()));
 }
 
 } // namespace tools

@@ -44,7 +44,7 @@ TEST(MetafileSamples, TheOldMetafilesRecordsLeadToItsEnd)
 TEST(MetafileSamples, TheEnhancedMetafilesRecordsLeadToItsEnd)
 {
     constexpr std::uint32_t kEnd = 14;
-    const auto bytes = delivered::bytesOf(delivered::sample("Hot air balloons.emf"));
+    const auto bytes = delivered::bytesOf(delivered::sample("Up in balloons.emf"));
     const base::ByteReader reader(bytes);
     EXPECT_EQ(reader.little32At(0), 1U);
     EXPECT_EQ(reader.little32At(40), 0x464D4520U);

@@ -1,4 +1,6 @@
 #include "delivered_files.h"
+#include "platform/file_list.h"
+#include "platform/paths.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -42,6 +44,16 @@ TEST(Samples, ThePortraitPhotographLiesOnItsSideWithANote)
     ASSERT_EQ(upright.size(), QSize(1000, 1400));
     EXPECT_GT(upright.pixelColor(560, 400).lightnessF(), 0.6); // the moon
     EXPECT_LT(upright.pixelColor(20, 1380).lightnessF(), 0.3); // the sea at night
+}
+
+// Their tiles show a badge in place of the picture.
+TEST(Samples, ThoseWithoutAPictureOnTheirTileStandLast)
+{
+    platform::FileList files;
+    ASSERT_TRUE(files.setPath(platform::fromNative(delivered::sample("").native())));
+    ASSERT_GT(files.count(), 2);
+    EXPECT_EQ(files.name(files.count() - 2), "Sunset over hills.tif");
+    EXPECT_EQ(files.name(files.count() - 1), "Up in balloons.emf");
 }
 
 } // namespace
