@@ -220,8 +220,8 @@ void cpvPicViewer::Go(int position)
     }
     if (position >= 0 && position < static_cast<int>(std::size(kPlaces))) {
         const QScopedValueRollback changing(m_changing, true);
-        setBar(m_hSB, m_layout.hMaximum * kPlaces[position].horizontal / 2);
-        setBar(m_vSB, m_layout.vMaximum * kPlaces[position].vertical / 2);
+        setBar(m_hSB, viewer::valueAtHalves(m_layout.hMaximum, kPlaces[position].horizontal));
+        setBar(m_vSB, viewer::valueAtHalves(m_layout.vMaximum, kPlaces[position].vertical));
     }
     repaintPicture();
 }

@@ -116,10 +116,15 @@ std::optional<QSize> enlargedControl(QSize control, int barsWidth)
     return enlarged == control ? std::nullopt : std::optional(enlarged);
 }
 
+int valueAtHalves(int maximum, int halves)
+{
+    return toPixels(maximum * halves / 2.0);
+}
+
 int valueAfterLayout(bool need, int maximum, BarMemory last, int zoom)
 {
     if (!need || last.maximum == 0 || zoom == 1) {
-        return maximum / 2;
+        return valueAtHalves(maximum, 1);
     }
     const double share = static_cast<double>(last.value) / last.maximum;
     return std::clamp(toPixels(maximum * share), 0, maximum);

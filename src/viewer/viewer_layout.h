@@ -50,6 +50,9 @@ struct ViewerLayout {
 // The size that a control too small for its bars takes; nothing when it is large enough.
 [[nodiscard]] std::optional<QSize> enlargedControl(QSize control, int barsWidth);
 
+// A bar's value by halves of its maximum: 1 is the middle. Half pixels go to the even side.
+[[nodiscard]] int valueAtHalves(int maximum, int halves);
+
 // A bar's value after a layout pass. A view that was scrolled stays on the same spot in proportion
 // above 100%; otherwise the picture is centred.
 struct BarMemory {

@@ -24,13 +24,13 @@ TEST_F(PictureViewerInput, DragsThePictureWithTheLeftButton)
     viewer.setPicture(plainPicture(1000, 800));
     press(iDst(), {100, 100});
     drag(iDst(), {80, 130});
-    EXPECT_EQ(hSB()->value(), 327);
-    EXPECT_EQ(vSB()->value(), 227);
+    EXPECT_EQ(hSB()->value(), 328);
+    EXPECT_EQ(vSB()->value(), 228);
     drag(iDst(), {90, 120});
-    EXPECT_EQ(hSB()->value(), 317);
+    EXPECT_EQ(hSB()->value(), 318);
     release(iDst(), {90, 120});
     drag(iDst(), {0, 0});
-    EXPECT_EQ(hSB()->value(), 317);
+    EXPECT_EQ(hSB()->value(), 318);
 }
 
 TEST_F(PictureViewerInput, StopsADragAtBothEnds)
@@ -60,7 +60,7 @@ TEST_F(PictureViewerInput, ReportsAPressWithCtrlButDoesNotDrag)
     QSignalSpy down(&viewer, &cpvPicViewer::MouseDown);
     press(iDst(), {100, 100}, Qt::ControlModifier);
     drag(iDst(), {50, 50});
-    EXPECT_EQ(hSB()->value(), 307);
+    EXPECT_EQ(hSB()->value(), 308);
     ASSERT_EQ(down.count(), 1);
     EXPECT_EQ(down[0][1].toInt(), 2);
 }
@@ -71,7 +71,7 @@ TEST_F(PictureViewerInput, DoesNotDragWhileMouseScrollingIsOff)
     viewer.setMouseScrolling(false);
     press(iDst(), {100, 100});
     drag(iDst(), {50, 50});
-    EXPECT_EQ(hSB()->value(), 307);
+    EXPECT_EQ(hSB()->value(), 308);
 }
 
 TEST_F(PictureViewerInput, DragsWithoutMovingWhatNeedsNoScrolling)
@@ -207,7 +207,7 @@ TEST_F(PictureViewerInput, CtrlEndsADrag)
     press(iDst(), {100, 100});
     sendKey(QEvent::KeyPress, Qt::Key_Control); // the state before the press
     drag(iDst(), {50, 50});
-    EXPECT_EQ(hSB()->value(), 307);
+    EXPECT_EQ(hSB()->value(), 308);
 }
 
 TEST_F(PictureViewerInput, TakesItsPointersFromTheDeliveredFiles)
@@ -235,7 +235,7 @@ TEST_F(PictureViewerInput, LeavesTheWheelToTheWindow)
         QCoreApplication::sendEvent(target, &event);
         EXPECT_FALSE(event.isAccepted()) << target->objectName().toStdString();
     }
-    EXPECT_EQ(vSB()->value(), 257);
+    EXPECT_EQ(vSB()->value(), 258);
 }
 
 } // namespace

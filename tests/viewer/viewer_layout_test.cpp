@@ -165,6 +165,10 @@ TEST(ViewerLayout, CentresOrKeepsTheSpotInProportion)
     EXPECT_EQ(viewer::valueAfterLayout(true, 600, {0, 0}, 2), 300);
     EXPECT_EQ(viewer::valueAfterLayout(false, 0, {50, 200}, 2), 0);
     EXPECT_EQ(viewer::valueAfterLayout(true, 600, {200, 200}, 15), 600);
+    // Half pixels go to the even side.
+    EXPECT_EQ(viewer::valueAfterLayout(true, 613, {}, 1), 306);
+    EXPECT_EQ(viewer::valueAfterLayout(true, 615, {}, 1), 308);
+    EXPECT_EQ(viewer::valueAfterLayout(true, 1, {}, 1), 0);
 }
 
 TEST(ViewerLayout, StepsByTheZoomAndAtLeastByOne)
