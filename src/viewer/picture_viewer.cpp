@@ -136,8 +136,11 @@ void cpvPicViewer::setPicture(const platform::Picture& picture)
         m_iSrc = picture;
         m_fitted.clear();
     }
+    const QPointer<cpvPicViewer> self(this); // the layout may open a message
     layoutPass();
-    drawPanView();
+    if (self != nullptr) {
+        drawPanView();
+    }
 }
 
 int cpvPicViewer::PictureWidth() const

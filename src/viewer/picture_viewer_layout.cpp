@@ -76,9 +76,14 @@ void cpvPicViewer::refuseZoom()
     }
     // Too large even unzoomed: nothing can be shown, and one message is enough for a picture.
     hideParts();
-    if (m_refusedPicture != m_dib.hDIBDC().cacheKey()) {
-        m_refusedPicture = m_dib.hDIBDC().cacheKey();
-        sayUnableToZoom(0);
+    if (m_refusedPicture == m_dib.hDIBDC().cacheKey()) {
+        return;
+    }
+    m_refusedPicture = m_dib.hDIBDC().cacheKey();
+    const QPointer<cpvPicViewer> self(this);
+    sayUnableToZoom(0);
+    if (self != nullptr) {
+        layoutPass(); // for a picture that was set meanwhile
     }
 }
 

@@ -1,6 +1,9 @@
 #include "viewer_window.h"
 
 #include <QSignalSpy>
+#include <array>
+#include <cstddef>
+#include <new>
 
 namespace {
 
@@ -155,6 +158,51 @@ TEST_F(PictureViewer, NamesBothZoomsForATooLargePictureSetAboveFullSize)
     EXPECT_EQ(recorded.boxes[0].text, "Unable to zoom 200%");
     EXPECT_EQ(recorded.boxes[1].text, "Unable to zoom 0%");
     EXPECT_EQ(viewer.ZoomFactor(), 1);
+}
+
+TEST_F(PictureViewer, LaysOutThePictureSetWhileTheMessageStands)
+{
+    int depth = 0;
+    recorded.whileOpen = [&] {
+        if (++depth == 1) {
+            viewer.setPicture(plainPicture(100, 50, qRgb(10, 200, 30)));
+        }
+    };
+    viewer.setPicture(plainPicture(40000, 1));
+    EXPECT_EQ(recorded.boxes.size(), 1U);
+    EXPECT_EQ(viewer.PictureWidth(), 100);
+    EXPECT_TRUE(iDst()->isVisible());
+    EXPECT_EQ(iDst()->geometry(), QRect(150, 125, 100, 50));
+    EXPECT_EQ(viewer.grab().toImage().pixel(200, 150), qRgb(10, 200, 30));
+}
+
+TEST_F(PictureViewer, SaysThatAnotherPictureSetWhileTheMessageStandsIsTooLarge)
+{
+    int depth = 0;
+    recorded.whileOpen = [&] {
+        if (++depth == 1) {
+            viewer.setPicture(plainPicture(50000, 1));
+        }
+    };
+    viewer.setPicture(plainPicture(40000, 1));
+    EXPECT_EQ(recorded.boxes.size(), 2U);
+    EXPECT_TRUE(iDst()->isHidden());
+}
+
+TEST_F(PictureViewer, MayBeDestroyedWhileTheMessageOfANewPictureStands)
+{
+    // Its memory is filled afterwards, so that whoever still looks there finds nothing usable.
+    alignas(cpvPicViewer) std::array<std::byte, sizeof(cpvPicViewer)> memory;
+    auto* doomed = new (memory.data()) cpvPicViewer(&host);
+    recorded.whileOpen = [&] {
+        doomed->~cpvPicViewer();
+        memory.fill(std::byte{0x5A});
+    };
+    doomed->setPicture(plainPicture(40000, 1));
+    EXPECT_EQ(recorded.boxes.size(), 1U);
+    for (const std::byte value : memory) {
+        ASSERT_EQ(value, std::byte{0x5A});
+    }
 }
 
 TEST_F(PictureViewer, EmptiesForNothingButReportsAPicture)
