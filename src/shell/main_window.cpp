@@ -20,6 +20,7 @@
 #include "shell/status_bar.h"
 #include "shell/toolbars.h"
 #include "viewer/display_pipeline.h"
+#include "viewer/key_codes.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/avi.h"
 #include "widgets/chameleon_button.h"
@@ -33,7 +34,6 @@
 
 namespace {
 
-constexpr int kRightButton = 2;
 constexpr int kFirstFavourite = 1; // indexes of the entries that lists add to their menus
 constexpr int kFirstEditor = 4;
 
@@ -142,11 +142,13 @@ void Form1::connectViewer()
 {
     m_viewer->setHost(this);
     connectKeys();
-    connect(m_viewer, &cpvPicViewer::MouseDown, this, [this](int button) {
-        if (button == kRightButton) {
+    const auto pressed = [this](int button) {
+        if (button == viewer::kRightButton) {
             openRightMenu(QCursor::pos());
         }
-    });
+    };
+    connect(m_viewer, &cpvPicViewer::MouseDown, this, pressed);
+    connect(m_viewer, &cpvPicViewer::MouseDownBack, this, pressed);
     connect(m_viewer, &cpvPicViewer::Zoom, this, [this] {
         m_stateBar->setPanel(core::Panel::Zoom, viewer::zoomReadout(m_viewer->ZoomFactor()));
     });

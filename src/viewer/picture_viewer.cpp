@@ -53,6 +53,7 @@ void cpvPicViewer::makeParts()
     m_vSB.widget->setAccessibleName(tr("Scroll up and down"));
     for (Bar* bar : {&m_hSB, &m_vSB}) {
         bar->widget->setFocusPolicy(Qt::NoFocus);
+        bar->widget->setContextMenuPolicy(Qt::PreventContextMenu);
         bar->widget->setRange(0, 0);
         bar->widget->installEventFilter(this);
         connect(bar->widget, &QScrollBar::valueChanged, this,

@@ -117,9 +117,10 @@ signals:
     void MouseDown(int Button, int Shift, int X, int Y);
     void MouseMove(int Button, int Shift, int X, int Y);
     void MouseUp(int Button, int Shift, int X, int Y);
-    void Scrolled(); // a bar has changed, by hand or from code
-    void Resized();  // a layout pass has ended
-    void Zoom();     // the zoom was set and the layout is done
+    void MouseDownBack(int Button); // beside the picture: the background, a bar, their corner
+    void Scrolled();                // a bar has changed, by hand or from code
+    void Resized();                 // a layout pass has ended
+    void Zoom();                    // the zoom was set and the layout is done
     void PanViewClick();
     void PanViewDblClick();
     void PanViewKeyDown(int KeyCode, int Shift);
@@ -165,6 +166,7 @@ private:
 
     // picture_viewer_input.cpp
     bool pictureEvent(QEvent* event);
+    bool barEvent(QEvent* event);
     void pictureMousePress(QMouseEvent* event);
     void pictureMouseMove(QMouseEvent* event);
     void pictureMouseRelease(QMouseEvent* event);

@@ -18,12 +18,22 @@ bool cpvPicViewer::eventFilter(QObject* watched, QEvent* event)
         hostEvent(event);
         return false;
     }
+    return barEvent(event);
+}
+
+bool cpvPicViewer::barEvent(QEvent* event)
+{
     // The wheel steps through the pictures wherever it is turned, so the bars leave it alone.
     if (event->type() == QEvent::Wheel) {
         event->ignore();
         return true;
     }
-    return QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
+        emit MouseDownBack(viewer::kRightButton);
+        return true;
+    }
+    return false;
 }
 
 bool cpvPicViewer::pictureEvent(QEvent* event)
@@ -124,6 +134,7 @@ QPoint cpvPicViewer::picturePoint(QPoint place) const
 void cpvPicViewer::mousePressEvent(QMouseEvent* event)
 {
     m_backPressed = event->button() == Qt::LeftButton;
+    emit MouseDownBack(viewer::buttonNumbers(event->button()));
 }
 
 void cpvPicViewer::mouseReleaseEvent(QMouseEvent* event)

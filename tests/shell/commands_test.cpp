@@ -580,6 +580,38 @@ TEST_F(CommandsTest, AskOnceForAnImportThenOpenTheMenu)
     });
 }
 
+TEST_F(CommandsTest, OpenTheMenuByARightPressAnywhereOnTheViewer)
+{
+    program.config[QStringLiteral("BestFit")] = QStringLiteral("0");
+    program.run([](Form1& form) {
+        QMenu* menu = form.menus().menu(QStringLiteral("CmdRm"));
+        cpvPicViewer& viewer = form.cpvPicScroll1();
+        const auto opensAt = [&](QPoint place) {
+            QWidget* target = viewer.childAt(place);
+            if (target == nullptr) {
+                target = &viewer;
+            }
+            QTest::mousePress(target, Qt::RightButton, {}, target->mapFrom(&viewer, place));
+            const bool opened = menu->isVisible();
+            menu->close();
+            QTest::mouseRelease(target, Qt::RightButton, {}, target->mapFrom(&viewer, place));
+            return opened;
+        };
+        const QPoint middle = viewer.rect().center();
+        EXPECT_TRUE(opensAt(middle)) << "empty";
+        QImage image(60, 40, QImage::Format_RGB32);
+        form.viewer().setPicture(platform::Picture(image));
+        EXPECT_TRUE(opensAt(middle)) << "picture";
+        EXPECT_TRUE(opensAt({10, 10})) << "background";
+        form.viewer().setPicture(platform::Picture(QImage(4000, 3000, QImage::Format_RGB32)));
+        const QRect inside = viewer.rect();
+        EXPECT_TRUE(opensAt(inside.bottomRight() - QPoint(8, 8))) << "corner";
+        EXPECT_TRUE(opensAt(inside.bottomLeft() + QPoint(100, -8))) << "bar";
+        EXPECT_TRUE(opensAt(inside.topRight() + QPoint(-8, 100))) << "bar";
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    });
+}
+
 TEST_F(CommandsTest, ImportThePictureOfTheClipboardWhenTold)
 {
     program.config[QStringLiteral("WinState")] = QStringLiteral("1");

@@ -112,6 +112,32 @@ TEST_F(PictureViewerInput, ReportsPicturePixels)
     EXPECT_EQ(up.takeFirst(), (QVariantList{2, 0, 36, 20}));
 }
 
+TEST_F(PictureViewerInput, TellsPressesBesideThePicture)
+{
+    QSignalSpy down(&viewer, &cpvPicViewer::MouseDown);
+    QSignalSpy beside(&viewer, &cpvPicViewer::MouseDownBack);
+    const auto rightPress = [](QWidget* target) {
+        sendMouse(target, QEvent::MouseButtonPress, {3, 4}, Qt::RightButton, Qt::RightButton);
+    };
+    rightPress(&viewer); // empty
+    viewer.setPicture(plainPicture(100, 50));
+    rightPress(&viewer);
+    EXPECT_EQ(beside.count(), 2);
+    press(&viewer, {3, 4});
+    EXPECT_EQ(beside.takeLast(), QVariantList{1});
+    viewer.setPicture(plainPicture(1000, 800));
+    for (QWidget* part : {static_cast<QWidget*>(hSB()), static_cast<QWidget*>(vSB())}) {
+        beside.clear();
+        const int value = hSB()->value();
+        rightPress(part);
+        EXPECT_EQ(beside.count(), 1);
+        EXPECT_EQ(hSB()->value(), value);
+    }
+    rightPress(iDst());
+    EXPECT_EQ(down.count(), 1);
+    EXPECT_EQ(beside.count(), 1);
+}
+
 TEST_F(PictureViewerInput, TellsClicksOnThePictureFromThoseBesideIt)
 {
     viewer.setPicture(plainPicture(100, 50));
