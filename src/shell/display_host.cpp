@@ -7,6 +7,8 @@
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 
+#include <QApplication>
+
 namespace shell {
 
 namespace {
@@ -39,6 +41,18 @@ public:
         m_form.toolbars().button(kSlideButton)->setValue(pressed);
     }
     [[nodiscard]] bool isWindowMinimised() const override { return m_form.isMinimized(); }
+    [[nodiscard]] bool isModalWindowOpen() const override
+    {
+        return QApplication::activeModalWidget() != nullptr;
+    }
+    // In the pane keys walk through folders and tiles, as they write in a field of text.
+    [[nodiscard]] bool isUserTyping() const override
+    {
+        const QWidget* focus = m_form.focusWidget();
+        const auto* pane = dynamic_cast<const QWidget*>(core::services().browserPane);
+        return focus != nullptr && (focus->testAttribute(Qt::WA_InputMethodEnabled) ||
+                                    (pane != nullptr && pane->isAncestorOf(focus)));
+    }
 
 private:
     Form1& m_form;

@@ -6,6 +6,8 @@
 #include "platform/paths.h"
 #include "platform/pump.h"
 
+#include <QScopedValueRollback>
+
 namespace viewer {
 
 namespace {
@@ -50,6 +52,7 @@ void DisplayPipeline::step(int by)
         list->setListIndex(m_listCursor);
     }
     m_host.setXiala(selectedPath());
+    const QScopedValueRollback opening(m_opening, true);
     m_host.clickXiala();
 }
 
@@ -73,6 +76,13 @@ void DisplayPipeline::SlidePrevp()
 
 void DisplayPipeline::display_pic()
 {
+    showAndAdvance();
+    m_host.focusViewer();
+}
+
+void DisplayPipeline::showAndAdvance()
+{
+    const QScopedValueRollback opening(m_opening, true);
     m_host.clickXiala();
     // Opening may have let events run, so the list is asked for only now.
     if (platform::FileList* list = m_host.File1()) {
@@ -81,7 +91,6 @@ void DisplayPipeline::display_pic()
     }
     m_host.copyImage1ToOrgPicture();
     m_host.setXiala(core::state().CurrentFile);
-    m_host.focusViewer();
 }
 
 void DisplayPipeline::start_slideshow()
@@ -149,11 +158,15 @@ void DisplayPipeline::continueAfterFullScreen()
 
 void DisplayPipeline::tick()
 {
-    if (platform::isClosing() || m_host.isWindowMinimised()) {
+    if (platform::isClosing() || m_opening || m_host.isWindowMinimised() ||
+        m_host.isModalWindowOpen()) {
         return;
     }
     SlideNext();
-    display_pic();
+    showAndAdvance();
+    if (!m_host.isUserTyping()) {
+        m_host.focusViewer();
+    }
 }
 
 QString zoomReadout(int zoomFactor)

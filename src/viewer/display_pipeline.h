@@ -29,6 +29,10 @@ public:
     // Toolbar entry 7, pressed while the show runs.
     virtual void pressSlideButton(bool pressed) = 0;
     [[nodiscard]] virtual bool isWindowMinimised() const = 0;
+    // A box or another window waits for the user; nothing may change beneath it.
+    [[nodiscard]] virtual bool isModalWindowOpen() const = 0;
+    // The focus is where keys go in, so that taking it would send the next ones elsewhere.
+    [[nodiscard]] virtual bool isUserTyping() const = 0;
 };
 
 // Steps through the pictures of the folder, by hand and by the timer tim_nextpic. The field always
@@ -71,11 +75,13 @@ public:
     // What the full screen command does once the window covers the screen.
     void continueAfterFullScreen();
 
-    // What the timer does; nothing while the window is minimised.
+    // What the timer does: nothing while the window is minimised, a modal one stands, or a file is
+    // still being opened. Unlike display_pic it leaves the focus to a user who types.
     void tick();
 
 private:
     void step(int by);
+    void showAndAdvance();
     void changeInterval(int byMs);
     [[nodiscard]] QString selectedPath();
 
@@ -83,6 +89,7 @@ private:
     QTimer tim_nextpic;
     std::int16_t m_listCursor = 0;
     bool m_slideToggle = false;
+    bool m_opening = false; // what the field names; a box of a reader lets events run meanwhile
 };
 
 // The text of panel 3 for a zoom factor: 2 reads "      200%".

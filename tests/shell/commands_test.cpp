@@ -1,7 +1,9 @@
 #include "core/interfaces.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "formats/hooks.h"
 #include "platform/clipboard.h"
+#include "platform/picture_loader.h"
 #include "platform/pointer.h"
 #include "platform/profile.h"
 #include "platform/registry.h"
@@ -16,19 +18,39 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QTest>
+#include <QThread>
+#include <functional>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
+#include <vector>
 
 namespace {
 
 const QString kNoPicture = QStringLiteral("No picture to process.");
+
+// A modal window that stays until it is told to go, as one does whose user thinks.
+class StandingWindow : public QDialog {
+public:
+    StandingWindow()
+    {
+        setObjectName(QStringLiteral("standing"));
+        setModal(true);
+        show();
+    }
+
+private:
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
 
 class CommandsTest : public testing::Test {
 protected:
@@ -117,6 +139,69 @@ TEST_F(CommandsTest, EditsSayThatThereIsNoPictureOnceAndNeverTheOtherText)
         program.dialogs.boxes.clear();
         RunningProgram::trigger(form, "CmdRightEdit", 4);
         EXPECT_EQ(program.dialogs.boxTexts(), QStringList{kNoPicture});
+    });
+}
+
+TEST_F(CommandsTest, SaveThePictureShownWhenToldThoughTheSlideShowGoesOn)
+{
+    const QString saved = program.tree.path("saved.bmp");
+    int ticks = 0;
+    program.run([&](Form1& form) {
+        form.setXiala(program.picture("b.bmp"));
+        RunningProgram::trigger(form, "optTools", 0);
+        ASSERT_EQ(shownWidth(form), 50);
+        program.dialogs.whileOpen = [&] {
+            const StandingWindow window;
+            for (ticks = 0; ticks < 4; ++ticks) {
+                form.pipeline().tick();
+                QApplication::processEvents();
+                EXPECT_EQ(shownWidth(form), 50);
+                EXPECT_EQ(form.Xiala(), program.picture("a.bmp"));
+            }
+        };
+        program.dialogs.saveAnswers.push_back(platform::SaveChoice{saved, 1});
+        RunningProgram::trigger(form, "optFile", 2);
+        program.dialogs.whileOpen = {};
+        EXPECT_EQ(core::state().SlideIndex, 0);
+        EXPECT_TRUE(form.pipeline().isRunning());
+        form.pipeline().tick();
+        EXPECT_EQ(shownWidth(form), 40);
+    });
+    EXPECT_EQ(ticks, 4);
+    const auto picture = platform::loadPicture(saved);
+    ASSERT_TRUE(picture.has_value());
+    EXPECT_EQ(picture->width(), 50);
+    EXPECT_EQ(picture->image().pixelColor(0, 0), QColor(Qt::green));
+}
+
+TEST_F(CommandsTest, ReadNoOtherFileThoughTheSlideShowGoesOn)
+{
+    // Three raw planes; the reader misses a fourth and says so while it reads.
+    const std::string header("8BPS\0\1\0\0\0\0\0\0\0\3\0\0\0\1\0\0\0\2\0\10\0\3", 26);
+    const std::string rest("\0\0\0\0\0\0\0\0\0\0\0\0\0\0\377\377\0\0\0\0", 20);
+    program.tree.add({"pics/b.psd", header + rest});
+    program.run([&](Form1& form) {
+        const QString path = program.tree.path("pics/b.psd");
+        for (const auto& show : std::vector<std::function<void()>>{[&] { form.display_pic(); },
+                                                                   [&] { form.goEnter(); },
+                                                                   [&] { form.clickXiala(); }}) {
+            RunningProgram::trigger(form, "optTools", 0);
+            form.setXiala(path);
+            program.dialogs.boxes.clear();
+            program.dialogs.whileOpen = [&] {
+                const StandingWindow window;
+                if (program.dialogs.boxes.size() < 5) {
+                    form.pipeline().tick();
+                }
+            };
+            show();
+            program.dialogs.whileOpen = {};
+            EXPECT_EQ(program.dialogs.boxes.size(), 1U);
+            EXPECT_EQ(core::state().SlideIndex, 0);
+            EXPECT_EQ(shownWidth(form), 2);
+            EXPECT_EQ(form.viewer().Picture().image().pixelColor(1, 0), QColor(Qt::red));
+            RunningProgram::trigger(form, "optTools", 1);
+        }
     });
 }
 

@@ -4,6 +4,7 @@
 #include "support/temp_tree.h"
 #include "viewer/display_pipeline.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,19 +19,27 @@ public:
     {
         shown << platform::fileNameOf(field);
         calls << "click";
+        if (whileShowing) {
+            whileShowing();
+        }
     }
     void copyImage1ToOrgPicture() override { calls << "copy"; }
     void focusViewer() override { calls << "focus"; }
     void pressSlideButton(bool pressed) override { buttonPressed = pressed; }
     [[nodiscard]] bool isWindowMinimised() const override { return minimised; }
+    [[nodiscard]] bool isModalWindowOpen() const override { return modal; }
+    [[nodiscard]] bool isUserTyping() const override { return typing; }
 
     platform::FileList* list = nullptr;
     std::int16_t pictureCount = 0;
     QString field;
     QStringList shown; // the file names that the field was opened with
     QStringList calls;
+    std::function<void()> whileShowing; // what happens while a file is opened
     bool buttonPressed = false;
     bool minimised = false;
+    bool modal = false;
+    bool typing = false;
 };
 
 class DisplayPipeline : public testing::Test {
@@ -172,6 +181,61 @@ TEST_F(DisplayPipeline, PausesWhileTheWindowIsMinimised)
     pipeline.tick();
     EXPECT_EQ(host.shown.size(), 1);
     EXPECT_EQ(core::state().SlideIndex, 1);
+}
+
+TEST_F(DisplayPipeline, PausesWhileAModalWindowStands)
+{
+    pipeline.start_slideshow();
+    host.shown.clear();
+    host.modal = true;
+    const QString field = host.field;
+    for (int i = 0; i < 3; ++i) {
+        pipeline.tick();
+    }
+    EXPECT_TRUE(host.shown.isEmpty());
+    EXPECT_EQ(core::state().SlideIndex, 0);
+    EXPECT_EQ(host.field, field);
+    EXPECT_TRUE(pipeline.isRunning());
+    host.modal = false;
+    pipeline.tick();
+    EXPECT_EQ(host.shown.size(), 1);
+}
+
+TEST_F(DisplayPipeline, TakesTheFocusFromNobodyWhoTypesByATick)
+{
+    host.typing = true;
+    pipeline.start_slideshow();
+    EXPECT_TRUE(host.calls.contains("focus")); // a command does
+    host.calls.clear();
+    pipeline.tick();
+    EXPECT_EQ(host.calls, QStringList({"click", "copy"}));
+    host.typing = false;
+    pipeline.tick();
+    EXPECT_EQ(host.calls.last(), "focus");
+}
+
+TEST_F(DisplayPipeline, PassesOverTicksWhileAFileIsBeingOpened)
+{
+    for (const auto step :
+         {&viewer::DisplayPipeline::start_slideshow, &viewer::DisplayPipeline::tick,
+          &viewer::DisplayPipeline::nextpic, &viewer::DisplayPipeline::display_pic}) {
+        host.whileShowing = {};
+        pipeline.start_slideshow();
+        host.field = tree.path("pics/a.bmp");
+        host.shown.clear();
+        host.whileShowing = [&] {
+            if (host.shown.size() < 4) {
+                pipeline.tick();
+            }
+        };
+        (pipeline.*step)();
+        EXPECT_EQ(host.shown.size(), 1);
+    }
+    pipeline.start_slideshow();
+    host.whileShowing = {};
+    host.shown.clear();
+    pipeline.tick();
+    EXPECT_EQ(host.shown.size(), 1);
 }
 
 TEST_F(DisplayPipeline, DoesNothingOnceTheProgramCloses)
