@@ -121,9 +121,11 @@ void Form1::buildFieldBand()
     go->setFixedWidth(44);
     row->addWidget(m_xiala, 1);
     row->addWidget(go);
-    connect(m_xiala, &shell::FileNameField::entered, this, &Form1::goEnter);
-    connect(m_xiala, &shell::FileNameField::chosen, this, &Form1::clickXiala);
-    connect(go, &QPushButton::clicked, this, &Form1::goEnter);
+    connect(m_xiala, &shell::FileNameField::entered, this,
+            [this] { openFromField(&Form1::goEnter); });
+    connect(m_xiala, &shell::FileNameField::chosen, this,
+            [this] { openFromField(&Form1::clickXiala); });
+    connect(go, &QPushButton::clicked, this, [this] { openFromField(&Form1::goEnter); });
     m_coolBar->setBand(shell::CoolBar::Band::FileName, m_fieldBand);
 }
 

@@ -143,6 +143,7 @@ private:
     void buildControls();
     void buildFieldBand();
     void buildStrip();
+    void openFromField(void (Form1::*open)());
     void connectViewer();
     void connectColourMenu();
     void prepareLists();

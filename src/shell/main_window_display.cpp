@@ -81,6 +81,15 @@ void Form1::clickXiala()
     files::clickXiala(*this, Xiala());
 }
 
+// The keys act on what the user has just opened.
+void Form1::openFromField(void (Form1::*open)())
+{
+    (this->*open)();
+    if (!m_unloaded) {
+        m_viewer->giveFocus();
+    }
+}
+
 void Form1::routePath(const QString& path)
 {
     files::routePath(*this, path);

@@ -91,6 +91,8 @@ private:
     void enableButtons(bool enabled);
 
     bool handleTileKey(const QKeyEvent& event);
+    bool actOnTileKey(const QKeyEvent& event);
+    void giveViewerFocus();
     void showTilesFile(int index, const QString& path);
     void openTilesFile(int index, const QString& path);
 
@@ -115,6 +117,7 @@ private:
     bool m_firstRunEnded = false;
     bool m_runWhenShown = false;
     bool m_resizing = false;
+    bool m_tileKey = false; // a key on the tiles is being handled
 
     widgets::TitleStrip* m_title = nullptr;
     QWidget* m_dir1 = nullptr;

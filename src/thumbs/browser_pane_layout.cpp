@@ -107,7 +107,7 @@ void frmThumbnaillist::makeParts()
     m_list = new ThumbNailList(this);
     m_list->setObjectName("ThumbNailList1");
     m_list->setAccessibleName(tr("Thumbnails"));
-    // By Tab only: a click on a tile leaves the keys with the picture.
+    // By Tab only: a click on a tile gives the keys to the picture.
     m_list->setFocusPolicy(Qt::TabFocus);
     m_list->installEventFilter(this);
     new widgets::FocusRing(*m_list); // a child of the list

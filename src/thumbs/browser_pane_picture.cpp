@@ -11,9 +11,20 @@
 #include <QPointer>
 #include <algorithm>
 
+bool frmThumbnaillist::handleTileKey(const QKeyEvent& event)
+{
+    const QPointer<frmThumbnaillist> alive = this;
+    m_tileKey = true;
+    const bool handled = actOnTileKey(event);
+    if (alive != nullptr) {
+        m_tileKey = false;
+    }
+    return handled;
+}
+
 // Keys on the thumbnails are presses and double clicks on tiles. After a double click nothing is
 // selected any more, so Return presses the tile first, as the pointer would.
-bool frmThumbnaillist::handleTileKey(const QKeyEvent& event)
+bool frmThumbnaillist::actOnTileKey(const QKeyEvent& event)
 {
     const int key = event.key();
     const int selected = m_list->selectedTile();
@@ -71,6 +82,7 @@ void frmThumbnaillist::showTilesFile(int index, const QString& path)
     window->setMenuState(true);
     m_files.setListIndex(index);
     window->viewer().Refresh();
+    giveViewerFocus();
 }
 
 void frmThumbnaillist::openTilesFile(int /*index*/, const QString& path)
@@ -79,5 +91,15 @@ void frmThumbnaillist::openTilesFile(int /*index*/, const QString& path)
     if (core::MainWindow* window = core::services().mainWindow) {
         window->routePath(path);
         window->setXiala(path);
+        giveViewerFocus();
+    }
+}
+
+// After the pointer the keys act on the picture; whoever walks through the tiles by keys goes on
+// there.
+void frmThumbnaillist::giveViewerFocus()
+{
+    if (!m_tileKey) {
+        core::services().mainWindow->viewer().giveFocus();
     }
 }

@@ -3,13 +3,20 @@
 #include "platform/pointer.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
+#include "thumbs/page_viewport.h"
+#include "thumbs/thumbnail_list.h"
 #include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QPushButton>
+#include <QTest>
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -78,6 +85,25 @@ protected:
 
     RunningProgram program;
 };
+
+QPoint placeOf(ThumbNailList& list, int tile)
+{
+    const thumbs::TileRow* row = list.state().ThumbTable.filledRow(tile);
+    const QPoint corner = list.pages().stack().pageRect(row->page).topLeft();
+    return list.viewport().sheetPosition() + corner + row->box.rect().center();
+}
+
+void clickTile(ThumbNailList& list, int tile)
+{
+    QTest::mouseClick(&list.viewport(), Qt::LeftButton, {}, placeOf(list, tile));
+}
+
+void doubleClickTile(ThumbNailList& list, int tile)
+{
+    clickTile(list, tile);
+    list.setFocus();
+    QTest::mouseDClick(&list.viewport(), Qt::LeftButton, {}, placeOf(list, tile));
+}
 
 } // namespace
 
@@ -206,5 +232,75 @@ TEST_F(KeysTest, DoNothingInTheFileNameField)
         EXPECT_TRUE(program.dialogs.fileRequests.empty());
         EXPECT_TRUE(program.shown.isEmpty());
         EXPECT_EQ(form.pipeline().intervalMs(), interval);
+    });
+}
+
+TEST_F(KeysTest, ActOnThePictureThatWasJustOpened)
+{
+    program.config[QStringLiteral("Xno")] = QStringLiteral("2");
+    program.tree.add({"app/xialafile.txt", program.picture("a.bmp").toStdString() + ";" +
+                                               program.picture("b.bmp").toStdString() + ";"});
+    program.run([this](Form1& form) {
+        auto* field = form.findChild<QComboBox*>(QStringLiteral("Xiala"));
+        auto* go = form.findChild<QPushButton*>(QStringLiteral("goEnter"));
+        auto* list = form.findChild<ThumbNailList*>(QStringLiteral("ThumbNailList1"));
+        const struct {
+            const char* name;
+            std::function<void()> open;
+        } ways[] = {
+            {"a tile's click", [&] { clickTile(*list, 1); }},
+            {"a tile's double click", [&] { doubleClickTile(*list, 1); }},
+            {"Go", [&] { QTest::mouseClick(go, Qt::LeftButton); }},
+            {"Return", [&] { QTest::keyClick(field, Qt::Key_Return); }},
+            {"a choice", [&] { QTest::keyClick(field, Qt::Key_Down); }},
+        };
+        for (const auto& [name, open] : ways) {
+            form.viewer().setZoomFactor(1);
+            form.setXiala(program.picture("b.bmp"));
+            field->setFocus();
+            ASSERT_NE(form.focusWidget(), &form.cpvPicScroll1()) << name;
+            open();
+            ASSERT_EQ(form.focusWidget(), &form.cpvPicScroll1()) << name;
+            QTest::keyClick(form.focusWidget(), Qt::Key_A);
+            EXPECT_EQ(form.viewer().ZoomFactor(), 2) << name;
+        }
+    });
+}
+
+TEST_F(KeysTest, KeepTheTilesWhileTheyAreWalkedThroughByKeys)
+{
+    program.run([](Form1& form) {
+        auto* list = form.findChild<ThumbNailList*>(QStringLiteral("ThumbNailList1"));
+        list->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(list, Qt::Key_Right);
+        QTest::keyClick(list, Qt::Key_Right);
+        EXPECT_EQ(form.focusWidget(), list);
+        QTest::keyClick(list, Qt::Key_Return);
+        EXPECT_EQ(form.focusWidget(), list);
+        EXPECT_EQ(form.cpvPicScroll1().PictureWidth(), 50);
+    });
+}
+
+TEST_F(KeysTest, StayWithWhoTypesThoughTheSlideShowGoesOn)
+{
+    program.run([this](Form1& form) {
+        auto* field = form.findChild<QWidget*>(QStringLiteral("Xiala"));
+        auto* list = form.findChild<QWidget*>(QStringLiteral("ThumbNailList1"));
+        form.setXiala(program.picture("a.bmp"));
+        RunningProgram::trigger(form, "optTools", 0);
+        int width = form.cpvPicScroll1().PictureWidth();
+        EXPECT_EQ(width, 40);
+        QWidget* tree = form.findChild<QWidget*>("Dir1")->findChild<QAbstractItemView*>();
+        for (QWidget* widget : {field, list, tree}) {
+            ASSERT_NE(widget, nullptr);
+            widget->setFocus();
+            QWidget* const focus = form.focusWidget();
+            form.pipeline().tick();
+            EXPECT_EQ(form.focusWidget(), focus) << qPrintable(widget->objectName());
+        }
+        EXPECT_NE(form.cpvPicScroll1().PictureWidth(), width); // the show went on meanwhile
+        form.toolbars().button(5)->setFocus();
+        form.pipeline().tick();
+        EXPECT_EQ(form.focusWidget(), &form.cpvPicScroll1());
     });
 }

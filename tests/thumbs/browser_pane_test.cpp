@@ -331,7 +331,7 @@ TEST_F(PaneTest, ShowsAClickedTileInTheViewer)
     const QString path = m_tree.path("pics/b.bmp");
     EXPECT_EQ(m_main.log,
               (QStringList{"viewer picture 60x40", "showFileFacts " + path, "addRecentPath " + path,
-                           "setMenuState 1", "viewer Refresh"}));
+                           "setMenuState 1", "viewer Refresh", "viewer focus"}));
     EXPECT_EQ(m_main.xiala, path);
     EXPECT_EQ(m_main.image1.picture().width(), 60);
     EXPECT_EQ(m_pane->File1().listIndex(), 1);
@@ -350,7 +350,7 @@ TEST_F(PaneTest, DecodesAClickedForeignFile)
     const QString path = m_tree.path("pics/d.TIF");
     EXPECT_EQ(m_main.log,
               (QStringList{"openPsd " + path, "showNameAndSize " + path, "addRecentPath " + path,
-                           "setMenuState 1", "viewer Refresh"}));
+                           "setMenuState 1", "viewer Refresh", "viewer focus"}));
 }
 
 TEST_F(PaneTest, GoesOnWithAFileThatCannotBeLoaded)
@@ -375,7 +375,7 @@ TEST_F(PaneTest, RoutesADoubleClickedTile)
     m_main.log.clear();
     m_main.xiala.clear();
     QTest::mouseDClick(&list().viewport(), Qt::LeftButton, {}, tile(2));
-    EXPECT_EQ(m_main.log, (QStringList{"routePath " + m_tree.path("pics/c.bmp")}));
+    EXPECT_EQ(m_main.log, (QStringList{"routePath " + m_tree.path("pics/c.bmp"), "viewer focus"}));
     EXPECT_EQ(m_main.xiala, m_tree.path("pics/c.bmp"));
 }
 

@@ -231,12 +231,29 @@ TEST_F(PaneKeysTest, BarsShowTheFocus)
     EXPECT_TRUE(list().findChild<QWidget*>("focusRing")->isVisible());
 }
 
-TEST_F(PaneKeysTest, AClickOnATileLeavesTheFocusWhereItIs)
+TEST_F(PaneKeysTest, AClickOnATileGivesTheViewerTheFocus)
 {
     start();
-    m_pane->Tbmenub(0).setFocus();
+    m_main.log.clear();
     clickTile(1);
-    EXPECT_EQ(m_form.focusWidget(), &m_pane->Tbmenub(0));
+    EXPECT_EQ(m_main.log.count("viewer focus"), 1);
+    QTest::mouseDClick(&list().viewport(), Qt::LeftButton, {}, tile(1));
+    EXPECT_EQ(m_main.log.count("viewer focus"), 2);
+    QTest::mouseClick(&list().viewport(), Qt::LeftButton, {}, {1, list().viewport().height() - 1});
+    EXPECT_EQ(m_main.log.count("viewer focus"), 2); // no tile is there
+}
+
+TEST_F(PaneKeysTest, KeysOnTilesLeaveTheFocusThere)
+{
+    start();
+    list().setFocus();
+    pressOn(list(), Qt::Key_Right);
+    pressOn(list(), Qt::Key_Return);
+    pressOn(list(), Qt::Key_Space);
+    EXPECT_FALSE(m_main.log.contains("viewer focus"));
+    EXPECT_EQ(m_form.focusWidget(), &list());
+    clickTile(2);
+    EXPECT_TRUE(m_main.log.contains("viewer focus"));
 }
 
 TEST_F(PaneKeysTest, ReadsOutATileByItsFile)
