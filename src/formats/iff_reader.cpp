@@ -15,8 +15,15 @@ namespace {
 constexpr std::string_view kForm = "FORM";
 constexpr std::size_t kChunkHead = 8;
 constexpr std::size_t kColours = 256;
+constexpr std::size_t kLeastSearched = 5;
 constexpr std::uint8_t kPlanes = 8;
 constexpr std::uint8_t kCompressed = 1;
+
+// A larger file is refused before it is searched for its chunks, which would take seconds where
+// most of it is a hole that no disk has. A picture on the screen takes four bytes a pixel of an
+// array, and a body two at the most, so this is twice the longest body that can be shown; the rest
+// is for the other chunks, the longest of which has 768 bytes.
+constexpr std::int64_t kLargestFile = kLargestArray;
 
 struct Header {
     std::int16_t width = 0;
@@ -60,11 +67,26 @@ std::vector<PaletteEntry> readColours(const base::ByteReader& file, std::size_t 
     return colours;
 }
 
+// Where the body's content starts. The search looks at no tag in the very last four bytes, and when
+// it fails, only the file's last byte is left behind it. Where nothing was left to search, that
+// little is the body.
+std::size_t findBody(std::span<const std::byte> file, std::size_t from)
+{
+    if (from + kLeastSearched > file.size()) {
+        return from;
+    }
+    const std::size_t last = file.size() - 1;
+    return findChunk(file.first(last), "BODY", from).value_or(last);
+}
+
 bool unpackBody(std::span<const std::byte> body, RawImage& image)
 {
     const auto size = arraySize(std::int64_t{image.Width} * image.Height);
-    const auto bodySize = arraySize(static_cast<std::int64_t>(body.size()));
-    if (!size || !bodySize || !image.Pixels.resizeForOverwrite(*size)) {
+    if (!size) {
+        image.Pixels.clear(); // those of the picture before don't fit the new sizes
+        return false;
+    }
+    if (!image.Pixels.resizeForOverwrite(*size)) {
         return false;
     }
     RunStream<ByteRun> stream(body);
@@ -82,7 +104,7 @@ bool isIff(const base::ByteReader& file)
 bool readIff(std::span<const std::byte> file, RawImage& image)
 {
     const base::ByteReader reader(file);
-    if (!isIff(reader)) {
+    if (!isIff(reader) || static_cast<std::int64_t>(file.size()) > kLargestFile) {
         return false;
     }
     const auto headerStart = findChunk(file, "BMHD", kChunkHead);
@@ -93,15 +115,9 @@ bool readIff(std::span<const std::byte> file, RawImage& image)
     image.Width = header->width;
     image.Height = header->height;
     image.BitDepth = 8;
-    const auto coloursStart = findChunk(file, "CMAP", 0);
-    image.Palette = readColours(reader, coloursStart.value_or(file.size()));
-    if (!coloursStart) {
-        return false;
-    }
-    // A tag in the very last four bytes is not looked at.
-    const auto bodyStart =
-        findChunk(file.first(file.size() - 1), "BODY", *coloursStart + 3 * kColours);
-    return bodyStart && unpackBody(reader.from(*bodyStart), image);
+    const std::size_t coloursStart = findChunk(file, "CMAP", 0).value_or(file.size());
+    image.Palette = readColours(reader, coloursStart);
+    return unpackBody(reader.from(findBody(file, coloursStart + 3 * kColours)), image);
 }
 
 } // namespace formats

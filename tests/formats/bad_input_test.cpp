@@ -10,6 +10,7 @@
 #include "formats/pcx_reader.h"
 #include "formats/psd_files.h"
 #include "formats/psd_reader.h"
+#include "formats/resident_memory.h"
 #include "formats/temporary_file.h"
 #include "formats/tga_files.h"
 #include "formats/tga_reader.h"
@@ -108,19 +109,33 @@ TEST(BadInput, ShowsTheRowsThatAFileHadBeforeItShrank)
     EXPECT_EQ(recorder.fractions.size(), 1000U);
 }
 
-TEST(BadInput, StopsAtFilesThatNoArrayHolds)
+TEST(BadInput, StopsAtAFileThatNoArrayHolds)
 {
     const HookRecorder recorder;
     const TemporaryFile pcx(pcxHeader(pcxFields(3, 2, 3, 3)).fill(18, 1));
-    const TemporaryFile iff(iffPicture(3, 2, FileBytes().bytes({255, 9})));
-    for (const auto& [path, depth] : {std::pair{pcx.path(), 24}, std::pair{iff.path(), 8}}) {
-        std::filesystem::resize_file(path, kBeyondLargestArray);
-        RawImage image = markedImage();
-        OpenRawImage(path, image);
-        expectSize(image, 3, 2, depth);
-        expectOldPixels(image);
-    }
+    std::filesystem::resize_file(pcx.path(), kBeyondLargestArray);
+    RawImage image = markedImage();
+    OpenRawImage(pcx.path(), image);
+    expectSize(image, 3, 2, 24);
+    expectOldPixels(image);
     EXPECT_TRUE(recorder.messages.empty());
+}
+
+// Such a file takes four kilobytes of a disk and would be searched through for seconds.
+TEST(BadInput, SearchesNoFileThatIsTooLargeForAnyPicture)
+{
+    const TemporaryFile whole(iffPicture(3, 2, FileBytes().bytes({251, 9, 0})));
+    const TemporaryFile head(iffForm());
+    for (const TemporaryFile* file : {&whole, &head}) {
+        std::filesystem::resize_file(file->path(), kBeyondLargestArray);
+        const auto mapped = formats::MappedFile::open(file->path());
+        ASSERT_TRUE(mapped);
+        const std::size_t before = residentMegabytes();
+        RawImage image = markedImage();
+        formats::readIff(mapped->bytes(), image);
+        expectUntouched(image);
+        EXPECT_LT(residentMegabytes(), before + 16);
+    }
 }
 
 TEST(BadInput, ReportsPlanesThatNoArrayHolds)

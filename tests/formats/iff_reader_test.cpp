@@ -140,28 +140,42 @@ TEST(IffReader, LeavesTheRecordForSizesBeyond16Bits)
     expectSize(decodedBody(0x7FFF, 1, FileBytes().bytes({255, 9, 0})), 0x7FFF, 1, 8);
 }
 
-TEST(IffReader, HasABlackPaletteAndTheOldPixelsWithoutColours)
+TEST(IffReader, IsBlackWithoutColours)
 {
     const RawImage image = decoded(iffForm()
                                        .append(iffHeaderChunk(2, 1))
                                        .append(iffBodyChunk(FileBytes().bytes({255, 9, 0}))));
     expectSize(image, 2, 1, 8);
     EXPECT_EQ(image.Palette, std::vector<formats::PaletteEntry>(256));
-    expectOldPixels(image);
+    expectPixels(image, {0, 0});
 }
 
-TEST(IffReader, KeepsThePixelsWithoutABody)
+TEST(IffReader, IsBlackWithoutABody)
 {
-    const RawImage image = decoded(iffForm().append(iffHeaderChunk(2, 1)).append(iffColourChunk()));
-    expectSize(image, 2, 1, 8);
-    EXPECT_EQ(image.Palette.size(), 256U);
-    expectOldPixels(image);
+    const FileBytes file = iffForm().append(iffHeaderChunk(2, 1)).append(iffColourChunk());
+    for (const unsigned behind : {0U, 5U, 6U, 1000U}) {
+        const RawImage image = decoded(FileBytes(file).fill(behind, 1));
+        expectSize(image, 2, 1, 8);
+        EXPECT_EQ(image.Palette.size(), 256U);
+        expectPixels(image, {0, 0});
+    }
+}
+
+TEST(IffReader, TakesFewerThanFiveBytesBehindTheColoursForTheBody)
+{
+    const FileBytes file = iffForm().append(iffHeaderChunk(3, 1)).append(iffColourChunk());
+    expectPixels(decoded(FileBytes(file).byte(0)), {0, 0, 0});
+    expectPixels(decoded(FileBytes(file).bytes({0, 5})), {5, 0, 0});
+    expectPixels(decoded(FileBytes(file).bytes({254, 6, 0})), {6, 6, 6});
+    expectPixels(decoded(FileBytes(file).bytes({2, 5, 6, 7})), {5, 6, 7});
+    expectPixels(decoded(FileBytes(file).bytes({2, 5, 6, 7, 0})), {0, 0, 0});
 }
 
 TEST(IffReader, FindsNoBodyInTheLastFourBytes)
 {
     const FileBytes file = iffForm().append(iffHeaderChunk(2, 1)).append(iffColourChunk());
-    expectOldPixels(decoded(FileBytes(file).text("BODY")));
+    expectPixels(decoded(FileBytes(file).text("BODY")), {'O', 'D'});
+    expectPixels(decoded(FileBytes(file).byte(0).text("BODY")), {0, 0});
     expectPixels(decoded(FileBytes(file).text("BODY").byte(0)), {0, 0});
 }
 
@@ -183,9 +197,9 @@ TEST(IffReader, EmptiesThePixelsOfAPictureWithoutWidth)
     EXPECT_TRUE(image.Pixels.empty());
 }
 
-TEST(IffReader, KeepsThePixelsOfAPictureBeyondTheLargestArray)
+TEST(IffReader, HasNoPixelsOfAPictureBeyondTheLargestArray)
 {
     const RawImage image = decodedBody(32767, 32767, FileBytes().bytes({255, 9, 0}));
     expectSize(image, 32767, 32767, 8);
-    expectOldPixels(image);
+    EXPECT_TRUE(image.Pixels.empty());
 }

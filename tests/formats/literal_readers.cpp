@@ -526,13 +526,14 @@ void iff(File file, Image& image)
         entry.green = reader.byte();
         entry.blue = reader.byte();
     }
-    if (!findTag(reader, "BODY", reader.position(), reader.length() - 4)) {
-        fail();
-    }
+    findTag(reader, "BODY", reader.position(), reader.length() - 4);
     const std::int64_t left = reader.length() - reader.position() + 1;
     Array buffer(1, left < 0 ? 0 : left);
     for (std::int64_t i = 1; i <= buffer.last(); ++i) {
         buffer(i) = reader.byte();
+    }
+    if (width * height > kLargestArray) {
+        image.Pixels.clear(); // those of the picture before don't fit the new sizes
     }
     Pixels pixels(image, width * height);
     std::int64_t in = 1;
