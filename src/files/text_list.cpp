@@ -4,7 +4,9 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 
+#include <QFile>
 #include <algorithm>
+#include <memory>
 #include <optional>
 
 namespace files {
@@ -14,10 +16,11 @@ namespace {
 constexpr QLatin1Char kNameEnd('#');
 constexpr QLatin1Char kRecordEnd(';');
 
-// A count beyond these is a damaged setting, and each entry costs an entry of a menu.
-constexpr int kMostEntries = 100000;
-constexpr int kMostEmptyEntries = 1000; // behind the records
-constexpr double kLargestCount = 1e15;  // that is counted on from, either way
+// Each entry costs an entry of a menu. Of more records the newest are read; empty entries behind
+// them only come of a damaged setting.
+constexpr qint64 kMostEntries = 100000;
+constexpr qint64 kMostEmptyEntries = 1000;
+constexpr double kLargestCount = 1e15; // that is counted on from, either way
 
 // So that a damaged file without marks isn't searched to its end for each entry.
 constexpr qsizetype kLongestName = 1024;
@@ -45,17 +48,29 @@ std::optional<QString> readLine(const TextList& list)
     return platform::fromNative(bytes->left(end).toStdString());
 }
 
-int storedCount(const TextList& list, const core::ConfigStore& config)
+qint64 storedCount(const TextList& list, const core::ConfigStore& config)
 {
     const double count = config.readNumber(list.countKey);
-    return static_cast<int>(std::clamp<double>(count, 0, kMostEntries));
+    return static_cast<qint64>(std::clamp(count, -kLargestCount, kLargestCount));
 }
 
 void changeCount(const TextList& list, core::ConfigStore& config, int difference)
 {
-    const double stored = config.readNumber(list.countKey);
-    const auto count = static_cast<qint64>(std::clamp(stored, -kLargestCount, kLargestCount));
-    config.write(list.countKey, QString::number(count + difference));
+    config.write(list.countKey, QString::number(storedCount(list, config) + difference));
+}
+
+// A record that was cut off, by a full disk or by hand, is closed first; else it would take the new
+// one for a part of itself.
+bool appendRecord(const TextList& list, const QString& record)
+{
+    QByteArray bytes = bytesOf(record);
+    const std::unique_ptr<QFile> file = platform::openForReading(pathOf(list));
+    char last = kRecordEnd.toLatin1();
+    if (file != nullptr && file->seek(file->size() - 1) && file->getChar(&last) &&
+        last != kRecordEnd.toLatin1() && last != '\n' && last != '\r') {
+        bytes.prepend(kRecordEnd.toLatin1());
+    }
+    return platform::appendToFile(pathOf(list), bytes);
 }
 
 QString recordOf(const NamedPath& entry)
@@ -75,17 +90,19 @@ struct Record {
     qsizetype end; // the line's size where there is no record any more
 };
 
-std::vector<Record> recordsIn(const QString& line, int count)
+std::vector<Record> recordsIn(const QString& line, qint64 count)
 {
+    const bool cutOff = !line.isEmpty() && !line.endsWith(kRecordEnd);
+    const qint64 present = line.count(kRecordEnd) + (cutOff ? 1 : 0);
+    const qint64 tooOld = std::max<qint64>(std::min(count, present) - kMostEntries, 0);
+    const qint64 last = std::min({count, present + kMostEmptyEntries, tooOld + kMostEntries});
     std::vector<Record> records;
     qsizetype at = 0;
-    int empty = 0;
-    for (int i = 0; i < count; ++i) {
-        if (at == line.size() && ++empty > kMostEmptyEntries) {
-            break;
-        }
+    for (qint64 i = 0; i < last; ++i) {
         const qsizetype end = recordEnd(line, at);
-        records.push_back({at, end});
+        if (i >= tooOld) {
+            records.push_back({at, end});
+        }
         at = std::min(end + 1, line.size());
     }
     return records;
@@ -97,12 +114,16 @@ NamedPath entryAt(const QString& line, const Record& record)
 {
     const QStringView near = QStringView(line).mid(record.start, kLongestName + 1);
     const qsizetype nameSize = near.indexOf(kNameEnd);
-    if (nameSize < 0 || record.end == line.size()) {
+    if (nameSize < 0) {
         return {};
     }
-    const qsizetype pathStart = record.start + nameSize + 1;
-    return {near.left(nameSize).toString(),
-            line.mid(pathStart, std::max<qsizetype>(record.end - pathStart, 0))};
+    NamedPath entry{near.left(nameSize).toString(), QString()};
+    // A path without its end may have been cut off and could name something else.
+    if (record.end < line.size()) {
+        const qsizetype pathStart = record.start + nameSize + 1;
+        entry.path = line.mid(pathStart, std::max<qsizetype>(record.end - pathStart, 0));
+    }
+    return entry;
 }
 
 } // namespace
@@ -135,14 +156,14 @@ QStringList readPaths(const TextList& list, const core::ConfigStore& config)
 
 void addNamed(const TextList& list, const NamedPath& entry, core::ConfigStore& config)
 {
-    if (platform::appendToFile(pathOf(list), bytesOf(recordOf(entry)))) {
+    if (appendRecord(list, recordOf(entry))) {
         changeCount(list, config, 1);
     }
 }
 
 void addPath(const TextList& list, const QString& path, core::ConfigStore& config)
 {
-    if (platform::appendToFile(pathOf(list), bytesOf(path + kRecordEnd))) {
+    if (appendRecord(list, path + kRecordEnd)) {
         changeCount(list, config, 1);
     }
 }

@@ -29,7 +29,8 @@ struct NamedPath {
 };
 
 // As many entries as the count says; those beyond the records are empty, and a thousand at the
-// most. Nothing when the file can't be opened.
+// most. Of more than a hundred thousand the newest. A last record without its mark has a name and
+// no path. Nothing when the file can't be opened.
 std::vector<NamedPath> readNamed(const TextList& list, const core::ConfigStore& config);
 QStringList readPaths(const TextList& list, const core::ConfigStore& config);
 

@@ -157,6 +157,65 @@ TEST_F(TextListTest, AddsAThousandEmptyEntriesAtTheMost)
     }
 }
 
+TEST_F(TextListTest, KeepsTheNewestOfMoreThanAHundredThousandRecords)
+{
+    constexpr int kRecords = 100003;
+    QByteArray named;
+    QByteArray paths;
+    for (int i = 1; i <= kRecords; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        named += "n" + number + "#/p" + number + ";";
+        paths += "/p" + number + ";";
+    }
+    for (const char* count : {"100003", "100004", "1e9"}) {
+        store(files::kFavourites, named, count);
+        const auto entries = readNamed(files::kFavourites, config);
+        ASSERT_EQ(entries.size(), 100000U) << count;
+        EXPECT_EQ(entries.front(), (NamedPath{QStringLiteral("n4"), QStringLiteral("/p4")}));
+        EXPECT_EQ(entries.back(),
+                  (NamedPath{QStringLiteral("n100003"), QStringLiteral("/p100003")}));
+        store(files::kRecentPaths, paths, count);
+        const QStringList recent = readPaths(files::kRecentPaths, config);
+        ASSERT_EQ(recent.size(), 100000) << count;
+        EXPECT_EQ(recent.first(), QStringLiteral("/p4"));
+        EXPECT_EQ(recent.last(), QStringLiteral("/p100003"));
+    }
+    // What the count leaves out is no entry, however new.
+    store(files::kRecentPaths, paths, "100002");
+    const QStringList recent = readPaths(files::kRecentPaths, config);
+    EXPECT_EQ(recent.first(), QStringLiteral("/p3"));
+    EXPECT_EQ(recent.last(), QStringLiteral("/p100002"));
+}
+
+TEST_F(TextListTest, ShowsTheNameOfARecordWithoutItsEnd)
+{
+    store(files::kFavourites, "n1#p1;n2#/half/a/pa", "3");
+    EXPECT_EQ(readNamed(files::kFavourites, config),
+              (std::vector{kFirst, NamedPath{QStringLiteral("n2"), QString()}, NamedPath{}}));
+    store(files::kFavourites, "n1#p1;n2", "2");
+    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, NamedPath{}}));
+    store(files::kFavourites, "n2#", "2");
+    EXPECT_EQ(readNamed(files::kFavourites, config),
+              (std::vector{NamedPath{QStringLiteral("n2"), QString()}, NamedPath{}}));
+    store(files::kRecentPaths, "/a;/half/a/pa", "2");
+    EXPECT_EQ(readPaths(files::kRecentPaths, config),
+              (QStringList{QStringLiteral("/a"), QString()}));
+}
+
+TEST_F(TextListTest, ARecordWithoutItsEndDoesNotSwallowTheNext)
+{
+    store(files::kFavourites, "n1#p1;x#/half/a/pa", "2");
+    addNamed(files::kFavourites, kSecond, config);
+    EXPECT_EQ(readNamed(files::kFavourites, config),
+              (std::vector{kFirst, NamedPath{QStringLiteral("x"), QStringLiteral("/half/a/pa")},
+                           kSecond}));
+    store(files::kRecentPaths, "/a;/half/a/pa", "2");
+    addPath(files::kRecentPaths, QStringLiteral("/b"), config);
+    EXPECT_EQ(
+        readPaths(files::kRecentPaths, config),
+        (QStringList{QStringLiteral("/a"), QStringLiteral("/half/a/pa"), QStringLiteral("/b")}));
+}
+
 TEST_F(TextListTest, CountsOnFromAnyNumber)
 {
     store(files::kRecentPaths, "", "1e300");
