@@ -30,13 +30,11 @@ namespace viewer {
 
 namespace {
 
-// False, with the box empty at the size that it had, for a record without a size.
+// False, with the box at the size that it had, for a record without a size.
 bool drawRecord(platform::PictureBox& box)
 {
     const RawImage& record = core::state().rawImage;
-    const bool resized = box.resize(record.Width, record.Height);
-    box.setPicture({});
-    if (!resized) {
+    if (!box.resize(record.Width, record.Height)) {
         return false;
     }
     ShowRawImage(box, record);
@@ -47,14 +45,18 @@ bool drawRecord(platform::PictureBox& box)
 
 bool decodeToBox(const QString& path, platform::PictureBox& box)
 {
+    box.setPicture({}); // first, since a reader may show a message
     OpenRawImage(platform::toNative(path), core::state().rawImage);
     return drawRecord(box);
 }
 
 bool decodeAcceptedToBox(const QString& path, platform::PictureBox& box)
 {
-    return formats::readPicture(platform::toNative(path), core::state().rawImage) &&
-           drawRecord(box);
+    if (!formats::readPicture(platform::toNative(path), core::state().rawImage)) {
+        return false;
+    }
+    box.setPicture({});
+    return drawRecord(box);
 }
 
 } // namespace viewer

@@ -1,4 +1,5 @@
 #include "core/state.h"
+#include "formats/hooks.h"
 #include "platform/picture_loader.h"
 #include "support/temp_tree.h"
 #include "test_pictures.h"
@@ -190,6 +191,27 @@ TEST_F(OpenPsd, DropsThePictureThatStoodOnTheBox)
     viewer::openPsd(main, tree.path("pics/a.pcx"));
     EXPECT_TRUE(main.image1.picture().isNothing());
     EXPECT_EQ(main.image1.width(), 12);
+}
+
+TEST_F(OpenPsd, ClearsTheBoxBeforeItReadsTheFile)
+{
+    // Three raw planes; the reader misses a fourth and says so while it reads.
+    const std::string header("8BPS\0\1\0\0\0\0\0\0\0\3\0\0\0\1\0\0\0\2\0\10\0\3", 26);
+    tree.add(
+        {"pics/three.psd", header + std::string(14, '\0') + std::string("\377\377\0\0\0\0", 6)});
+    main.image1.setPicture(plainPicture(70, 60));
+    int reports = 0;
+    formats::setHooks({[&](const char*) {
+                           ++reports;
+                           EXPECT_TRUE(main.image1.picture().isNothing());
+                           EXPECT_EQ(main.image1.surface().pixel(35, 30), qRgb(255, 255, 255));
+                       },
+                       {}});
+    viewer::openPsd(main, tree.path("pics/three.psd"));
+    formats::setHooks({});
+    EXPECT_EQ(reports, 1);
+    EXPECT_EQ(main.image1.width(), 2);
+    EXPECT_EQ(main.picture.Picture().image().pixel(1, 0), qRgb(255, 0, 0));
 }
 
 TEST_F(OpenPsd, ShowsThePreviousRecordForAFileThatNoReaderTakes)
