@@ -9,7 +9,7 @@ struct Hooks {
     // The text of a message box.
     std::function<void(const char* text)> report;
 
-    // The fraction done, from 0 to 1. It comes after each row of pixels.
+    // The fraction done, from 0 to 1. It comes after each row of pixels; the last one is 1.
     std::function<void(double fraction)> progress;
 };
 

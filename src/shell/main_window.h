@@ -88,6 +88,8 @@ public:
     void routePath(const QString& path) override;
     void showFileFacts(const QString& path) override;
     void showNameAndSize(const QString& path) override;
+    // How far a reader has come that lets no events run.
+    void showReadingProgress(double fraction);
     viewer::DisplayPipeline& pipeline() { return *m_pipeline; }
 
     // Commands of others

@@ -7,9 +7,16 @@
 #include "platform/file_list.h"
 #include "platform/pointer.h"
 #include "shell/main_window.h"
+#include "shell/status_bar.h"
 #include "viewer/display_pipeline.h"
 #include "viewer/open_psd.h"
 #include "viewer/picture_viewer.h"
+
+namespace {
+
+constexpr base::Colour kReadingColour = 0xC0C0C0;
+
+} // namespace
 
 void Form1::setModi()
 {
@@ -103,4 +110,9 @@ void Form1::showFileFacts(const QString& path)
 void Form1::showNameAndSize(const QString& path)
 {
     files::showNameAndSize(*this, path);
+}
+
+void Form1::showReadingProgress(double fraction)
+{
+    m_gradient->fillAtOnce(fraction, kReadingColour);
 }

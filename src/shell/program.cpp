@@ -33,8 +33,6 @@ namespace shell {
 
 namespace {
 
-constexpr base::Colour kReadingColour = 0xC0C0C0;
-
 const QString kWelcome = QStringLiteral("frmWelcome");
 const QString kMain = QStringLiteral("Form1");
 const QString kPane = QStringLiteral("frmThumbnaillist");
@@ -85,8 +83,8 @@ void connectReaders()
                                         platform::BoxIcon::None);
     };
     hooks.progress = [](double fraction) {
-        if (core::MainWindow* window = core::services().mainWindow) {
-            window->Gradient().fill(fraction, kReadingColour);
+        if (Form1* form = mainWindow()) {
+            form->showReadingProgress(fraction);
         }
     };
     formats::setHooks(std::move(hooks));

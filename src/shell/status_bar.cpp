@@ -1,10 +1,13 @@
 #include "shell/status_bar.h"
 
+#include "platform/screen_flush.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace shell {
 
@@ -26,6 +29,8 @@ constexpr std::array<PanelShape, 8> kShapes{{
     {"Picture height", "32767      Pixel  ", 0},
     {"File size", "1023.99 Kb       ", 0},
 }};
+
+constexpr int kFrameMs = 25;
 
 constexpr int kSeparatorGap = 6;   // between a separator and the panels beside it, pixels
 constexpr int kSeparatorInset = 5; // from the bar's edges
@@ -141,6 +146,24 @@ void FillStrip::fill(double fraction, base::Colour colour)
     }
     m_colour = colour;
     update();
+}
+
+void FillStrip::fillAtOnce(double fraction, base::Colour colour)
+{
+    const bool done = fraction >= 1;
+    if (isHidden() && !done) {
+        show();
+        m_shownAtOnce = true;
+        m_painted.invalidate();
+    }
+    fill(fraction, colour);
+    if (done && std::exchange(m_shownAtOnce, false)) {
+        hide();
+    } else if (!m_painted.isValid() || m_painted.hasExpired(kFrameMs)) {
+        repaint();
+        platform::flushScreen();
+        m_painted.start();
+    }
 }
 
 void FillStrip::paintEvent(QPaintEvent* /*event*/)

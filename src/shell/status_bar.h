@@ -2,6 +2,7 @@
 
 #include "core/interfaces.h"
 
+#include <QElapsedTimer>
 #include <QWidget>
 #include <array>
 
@@ -34,10 +35,15 @@ public:
     void showStrip(bool visible) override;
     void setBackground(base::Colour colour) override;
     void fill(double fraction, base::Colour colour) override;
+    // The same for work that lets no events run: the strip shows until the fraction is 1 and is
+    // painted before this returns, though no oftener than a screen has use for.
+    void fillAtOnce(double fraction, base::Colour colour);
 
 private:
     void paintEvent(QPaintEvent* event) override;
 
+    QElapsedTimer m_painted; // since the last painting at once
+    bool m_shownAtOnce = false;
     double m_fraction = 0;
     base::Colour m_colour = 0;
     base::Colour m_background = 0xE0E0E0;

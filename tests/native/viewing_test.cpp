@@ -1,4 +1,5 @@
 #include "core/window_registry.h"
+#include "formats/hooks.h"
 #include "native/hand.h"
 #include "native/native_fixture.h"
 #include "platform/picture_saver.h"
@@ -6,6 +7,7 @@
 
 #include <QPainter>
 #include <QScrollBar>
+#include <QThread>
 
 using namespace native;
 using namespace smoke;
@@ -63,6 +65,46 @@ TEST_F(Viewing, ShowsThePictureWhosePathIsTyped)
         openByPath(form, tree.path("pics/a.jpg"));
         EXPECT_TRUE(showsAlone(form, kRed, kJpegSize));
         EXPECT_EQ(form.StateBar().panel(core::Panel::FileName).trimmed(), QStringLiteral("a.jpg"));
+    });
+}
+
+// A reader lets no events run, so what it tells reaches the screen without them.
+TEST_F(Viewing, ShowsHowFarAPictureIsReadWhileItsRowsCome)
+{
+    constexpr int kGlance = 100; // milliseconds, longer than a screen needs for a picture
+    constexpr int kMostGlances = 100;
+    // Four raw planes of 1 by 101 pixels.
+    const std::string header("8BPS\0\1\0\0\0\0\0\0\0\4\0\0\0\145\0\0\0\1\0\10\0\3", 26);
+    tree.add({"tall.psd", header + std::string(14 + 404, '\0')});
+    run([this](Form1& form) {
+        const QRect strip = onScreen(part(form, "Gradient"));
+        const auto isFilledTo = [&](int percent) {
+            const QImage shot = screen();
+            const auto isGrey = [&](int at) {
+                return isNear(
+                    shot.pixel(strip.left() + strip.width() * at / 100, strip.center().y()),
+                    QColor(0xC0, 0xC0, 0xC0));
+            };
+            return isGrey(2) && isGrey(percent - 2) && !isGrey(percent + 2) && !isGrey(98);
+        };
+        bool seen = false;
+        const formats::Hooks told = formats::hooks();
+        formats::setHooks({told.report, [&](double fraction) {
+                               const bool half = fraction == 0.5;
+                               if (half) {
+                                   QThread::msleep(kGlance);
+                               }
+                               told.progress(fraction);
+                               for (int i = 0; half && !seen && i < kMostGlances; ++i) {
+                                   QThread::msleep(kGlance);
+                                   seen = isFilledTo(50);
+                               }
+                           }});
+        openByPath(form, tree.path("tall.psd"));
+        EXPECT_TRUE(waitUntil([&] { return form.cpvPicScroll1().PictureHeight() == 101; }));
+        formats::setHooks(told);
+        EXPECT_TRUE(seen);
+        EXPECT_TRUE(part(form, "Gradient").isHidden());
     });
 }
 

@@ -754,6 +754,47 @@ TEST_F(CommandsTest, FillTheGradientWithTheRowsThatAReaderTells)
     });
 }
 
+TEST_F(CommandsTest, PaintTheGradientWhileTheRowsOfAReaderCome)
+{
+    // Four raw planes of 1 by 101 pixels.
+    const std::string header("8BPS\0\1\0\0\0\0\0\0\0\4\0\0\0\145\0\0\0\1\0\10\0\3", 26);
+    program.tree.add({"pics/Tall.PSD", header + std::string(14 + 404, '\0')});
+    program.run([this](Form1& form) {
+        auto* strip = form.findChild<QWidget*>(QStringLiteral("Gradient"));
+        ASSERT_NE(strip, nullptr);
+        EXPECT_TRUE(strip->isHidden());
+        const auto isGrey = [&](int percent) {
+            const QPoint place = strip->mapTo(&form, QPoint(strip->width() * percent / 100, 1));
+            const QImage shot = form.screen()->grabWindow(form.winId()).toImage();
+            return shot.pixelColor(place) == QColor(0xC0, 0xC0, 0xC0);
+        };
+        int looks = 0;
+        const formats::Hooks told = formats::hooks();
+        formats::setHooks({told.report, [&](double fraction) {
+                               const bool half = fraction == 0.5;
+                               if (half) {
+                                   QThread::msleep(200); // longer than any frame of a screen
+                               }
+                               told.progress(fraction);
+                               if (fraction < 1) {
+                                   EXPECT_TRUE(strip->isVisible());
+                               }
+                               if (half) {
+                                   ++looks;
+                                   EXPECT_TRUE(isGrey(2));
+                                   EXPECT_TRUE(isGrey(48));
+                                   EXPECT_FALSE(isGrey(52));
+                                   EXPECT_FALSE(isGrey(98));
+                               }
+                           }});
+        form.setXiala(program.tree.path("pics/Tall.PSD"));
+        form.goEnter();
+        formats::setHooks(told);
+        EXPECT_EQ(looks, 1);
+        EXPECT_TRUE(strip->isHidden());
+    });
+}
+
 TEST_F(CommandsTest, OpenTypedPathsWithoutRememberingThem)
 {
     program.run([this](Form1& form) {
