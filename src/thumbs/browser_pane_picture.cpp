@@ -99,7 +99,8 @@ void frmThumbnaillist::openTilesFile(int /*index*/, const QString& path)
 // there.
 void frmThumbnaillist::giveViewerFocus()
 {
-    if (!m_tileKey) {
-        core::services().mainWindow->viewer().giveFocus();
+    core::MainWindow* window = core::services().mainWindow;
+    if (window != nullptr && !m_tileKey) {
+        window->viewer().giveFocus();
     }
 }
