@@ -1,5 +1,6 @@
 #include "core/window_registry.h"
 
+#include "platform/pointer.h"
 #include "platform/pump.h"
 
 #include <QApplication>
@@ -82,6 +83,7 @@ QWidget* WindowRegistry::show(const QString& name, ShowMode mode)
         return window;
     }
     const QPointer<QWidget> owner = window->parentWidget();
+    const platform::PointerPause pause;
     QEventLoop loop;
     window->setWindowModality(Qt::ApplicationModal);
     window->show();

@@ -32,7 +32,8 @@ public:
     [[nodiscard]] bool isLoaded(const QString& name) const { return find(name) != nullptr; }
 
     // Shows the window, made if needed. A modal one returns when it was closed or the program
-    // closes. Gives the window, null without a factory or when a modal window has gone.
+    // closes, and stands under the default pointer. Gives the window, null without a factory or
+    // when a modal window has gone.
     QWidget* show(const QString& name, ShowMode mode = ShowMode::Modeless);
     void hide(const QString& name);
 

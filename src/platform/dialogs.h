@@ -2,24 +2,31 @@
 
 #include "base/colours.h"
 
+#include <QImage>
 #include <QString>
 #include <QStringList>
 #include <optional>
 
-class QWidget;
-
 namespace platform {
 
 enum class BoxIcon { None, Information, Exclamation, Critical, Question };
+enum class Answer { Yes, No };
 
-// What a file dialog is asked for. Filters are pairs of text and patterns separated by "|", patterns
-// by ";", matched without regard to case: "BMP (*.BMP)|*.bmp|All|*.*".
+// What a Yes/No box shows beside its words: what they are about.
+struct Subject {
+    QImage picture;              // in place of the question mark, at its own ratio; may be null
+    QString facts;               // a paragraph under the words; may be empty
+    Answer preset = Answer::Yes; // what Return answers
+};
+
+// What a file dialog is asked for. Filters are pairs of text and patterns separated by "|",
+// patterns by ";", matched without regard to case: "BMP (*.BMP)|*.bmp|All|*.*".
 struct FileRequest {
     QString title;
     QString filter;
-    QString folder;                // where it opens; empty: where the last one was
-    QString fileName;              // proposed name
-    bool severalFiles = false;     // open only
+    QString folder;                  // where it opens; empty: where the last one was
+    QString fileName;                // proposed name
+    bool severalFiles = false;       // open only
     bool askBeforeReplacing = false; // save only
 };
 
@@ -28,14 +35,16 @@ struct SaveChoice {
     int filterIndex = 1; // one-based
 };
 
-// Message boxes and common dialogs. All are modal; they end with the program.
+// Message boxes and common dialogs. All are modal and stand under the default pointer, whatever it
+// is before and afterwards; they end with the program.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
     // A box with an OK button. An empty title stays empty.
     virtual void showMessage(const QString& text, const QString& title, BoxIcon icon) = 0;
-    [[nodiscard]] virtual bool askYesNo(const QString& text, const QString& title) = 0;
+    [[nodiscard]] virtual bool askYesNo(const QString& text, const QString& title,
+                                        const Subject& subject = {}) = 0;
 
     // Nothing, or an empty list, when cancelled.
     [[nodiscard]] virtual QStringList openFiles(const FileRequest& request) = 0;

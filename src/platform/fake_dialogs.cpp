@@ -32,9 +32,10 @@ void FakeDialogs::showMessage(const QString& text, const QString& title, BoxIcon
     }
 }
 
-bool FakeDialogs::askYesNo(const QString& text, const QString& title)
+bool FakeDialogs::askYesNo(const QString& text, const QString& title, const Subject& subject)
 {
     boxes.push_back({text, title, BoxIcon::Question});
+    subjects.push_back(subject);
     return next(yesNoAnswers);
 }
 

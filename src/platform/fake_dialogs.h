@@ -26,6 +26,7 @@ public:
 
     // Everything shown so far, in order.
     std::vector<Box> boxes;
+    std::vector<Subject> subjects; // one for each Yes/No box
     std::vector<FileRequest> fileRequests;
     std::vector<base::Colour> colourRequests;
     std::vector<TextRequest> textRequests;
@@ -44,7 +45,7 @@ public:
     [[nodiscard]] QStringList boxTexts() const;
 
     void showMessage(const QString& text, const QString& title, BoxIcon icon) override;
-    bool askYesNo(const QString& text, const QString& title) override;
+    bool askYesNo(const QString& text, const QString& title, const Subject& subject) override;
     QStringList openFiles(const FileRequest& request) override;
     std::optional<SaveChoice> saveFile(const FileRequest& request) override;
     std::optional<base::Colour> chooseColour(base::Colour initial) override;

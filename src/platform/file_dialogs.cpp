@@ -5,12 +5,21 @@
 #include "platform/modal_dialog.h"
 #include "platform/paths.h"
 
+#include <QDateTime>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QLocale>
+#include <QScreen>
+#include <QTreeView>
 #include <algorithm>
 
 namespace platform {
 
 namespace {
+
+constexpr QSize kDialogSize{820, 500};
+constexpr int kCellMargins = 16;
+const QDateTime kLongDate(QDate(2000, 12, 28), QTime(23, 58, 58));
 
 // A name filter as Qt takes it: the part in the last brackets holds the patterns and isn't shown.
 QStringList nameFilters(const QString& filters)
@@ -20,6 +29,26 @@ QStringList nameFilters(const QString& filters)
         names.append(filter.text + QStringLiteral(" (") + filter.patterns.join(u' ') + u')');
     }
     return names;
+}
+
+// Room for what the columns beside the name usually hold, so that the name gets all the rest.
+void widenNames(QFileDialog& dialog)
+{
+    auto* const list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (list == nullptr) {
+        return;
+    }
+    QHeaderView& header = *list->header();
+    header.setStretchLastSection(false);
+    header.setSectionResizeMode(QHeaderView::Interactive);
+    const QFontMetrics metrics = list->fontMetrics();
+    const QString texts[] = {QStringLiteral("1023.99 MiB"), QStringLiteral("Windows BMP image"),
+                             QLocale().toString(kLongDate, QLocale::ShortFormat)};
+    int section = 1;
+    for (const QString& text : texts) {
+        header.resizeSection(section++, metrics.horizontalAdvance(text) + kCellMargins);
+    }
+    header.setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
 // One-based; a dialog without filters gives 1.
@@ -52,6 +81,8 @@ void prepare(QFileDialog& dialog, const FileRequest& request, const QString& fol
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeReplacing);
     dialog.setWindowTitle(request.title);
     dialog.setDirectory(folder);
+    dialog.resize(kDialogSize.boundedTo(dialog.screen()->availableSize()));
+    widenNames(dialog);
     const QStringList filters = nameFilters(request.filter);
     if (!filters.isEmpty()) {
         dialog.setNameFilters(filters);

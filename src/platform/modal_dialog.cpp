@@ -1,6 +1,20 @@
 #include "platform/modal_dialog.h"
 
+#include <QAbstractButton>
+#include <QDialogButtonBox>
+
 namespace platform {
+
+void simplifyDialog(QDialog& dialog)
+{
+    dialog.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowCloseButtonHint);
+    for (const QDialogButtonBox* const box : dialog.findChildren<QDialogButtonBox*>()) {
+        for (QAbstractButton* const button : box->buttons()) {
+            button->setIcon(QIcon());
+        }
+    }
+}
 
 void cancelModalDialogs()
 {

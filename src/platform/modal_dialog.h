@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/pointer.h"
 #include "platform/pump.h"
 
 #include <QApplication>
@@ -8,8 +9,13 @@
 
 namespace platform {
 
-// A dialog of one question, over the active window. It may go away while it is shown, with that
-// window; then there is no answer. beginClosing() cancels it. Used inside this folder only.
+// Gives a dialog its frame, which closes and does nothing else, and takes the icons from the
+// buttons that answer it. Some desktops put icons there, and others don't have them.
+void simplifyDialog(QDialog& dialog);
+
+// A dialog of one question, over the active window and under the default pointer. It may go away
+// while it is shown, with that window; then there is no answer. beginClosing() cancels it. Used
+// inside this folder only.
 template<typename Dialog> class ModalDialog {
 public:
     ModalDialog()
@@ -29,6 +35,8 @@ public:
         if (isClosing()) {
             return QDialog::Rejected;
         }
+        simplifyDialog(*m_dialog);
+        const PointerPause pause;
         const int result = m_dialog->exec();
         return m_dialog != nullptr ? result : int(QDialog::Rejected);
     }

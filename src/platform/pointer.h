@@ -25,4 +25,20 @@ private:
     Pointer m_before;
 };
 
+// The default shape while it lives, what was before it afterwards: for what waits for the user.
+class PointerPause {
+public:
+    PointerPause()
+        : m_before(pointer())
+    {
+        setPointer(Pointer::Default);
+    }
+    ~PointerPause() { setPointer(m_before); }
+    PointerPause(const PointerPause&) = delete;
+    PointerPause& operator=(const PointerPause&) = delete;
+
+private:
+    Pointer m_before;
+};
+
 } // namespace platform

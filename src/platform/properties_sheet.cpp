@@ -1,6 +1,7 @@
 #include "platform/properties_sheet.h"
 
 #include "platform/files.h"
+#include "platform/modal_dialog.h"
 #include "platform/paths.h"
 
 #include <QDateTime>
@@ -123,6 +124,7 @@ void showPropertiesSheet(const QString& path, QWidget* parent)
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, sheet);
     QObject::connect(buttons, &QDialogButtonBox::rejected, sheet, &QDialog::close);
     layout->addWidget(buttons);
+    simplifyDialog(*sheet);
     sheet->setMinimumWidth(380);
     sheet->show();
 }

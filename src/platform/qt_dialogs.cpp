@@ -1,60 +1,43 @@
 #include "platform/qt_dialogs.h"
 
+#include "platform/message_box.h"
 #include "platform/modal_dialog.h"
 
 #include <QColorDialog>
 #include <QInputDialog>
-#include <QMessageBox>
+#include <QLineEdit>
 
 namespace platform {
 
 namespace {
 
-QMessageBox::Icon iconOf(BoxIcon icon)
-{
-    switch (icon) {
-    case BoxIcon::Information:
-        return QMessageBox::Information;
-    case BoxIcon::Exclamation:
-        return QMessageBox::Warning;
-    case BoxIcon::Critical:
-        return QMessageBox::Critical;
-    case BoxIcon::Question:
-        return QMessageBox::Question;
-    case BoxIcon::None:
-        break;
-    }
-    return QMessageBox::NoIcon;
-}
-
-void prepare(QMessageBox& box, const QString& text, const QString& title)
-{
-    // Texts hold paths and what servers said, which must not act as markup.
-    box.setTextFormat(Qt::PlainText);
-    box.setText(text);
-    box.setWindowTitle(title);
-}
+constexpr int kTextFieldWidth = 300; // pixels
 
 } // namespace
 
 void QtDialogs::showMessage(const QString& text, const QString& title, BoxIcon icon)
 {
-    ModalDialog<QMessageBox> box;
-    prepare(*box, text, title);
-    box->setIcon(iconOf(icon));
-    box->setStandardButtons(QMessageBox::Ok);
+    ModalDialog<MessageBox> box;
+    box->setWords(text, title);
+    box->setIcon(icon);
+    box->addOk();
     static_cast<void>(box.run());
 }
 
-bool QtDialogs::askYesNo(const QString& text, const QString& title)
+bool QtDialogs::askYesNo(const QString& text, const QString& title, const Subject& subject)
 {
-    ModalDialog<QMessageBox> box;
-    prepare(*box, text, title);
-    box->setIcon(QMessageBox::Question);
-    box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    box->setDefaultButton(QMessageBox::Yes);
-    box->setEscapeButton(QMessageBox::No);
-    return box.run() == QMessageBox::Yes;
+    ModalDialog<MessageBox> box;
+    box->setWords(text, title);
+    if (subject.picture.isNull()) {
+        box->setIcon(BoxIcon::Question);
+    } else {
+        box->setPicture(subject.picture);
+    }
+    if (!subject.facts.isEmpty()) {
+        box->setFacts(subject.facts);
+    }
+    box->addYesNo(subject.preset);
+    return box.run() == QDialog::Accepted;
 }
 
 std::optional<base::Colour> QtDialogs::chooseColour(base::Colour initial)
@@ -79,6 +62,9 @@ std::optional<QString> QtDialogs::askText(const QString& label, const QString& t
     dialog->setWindowTitle(title);
     dialog->setLabelText(label);
     dialog->setTextValue(initial);
+    if (auto* const field = dialog->findChild<QLineEdit*>()) {
+        field->setMinimumWidth(kTextFieldWidth);
+    }
     if (dialog.run() != QDialog::Accepted) {
         return std::nullopt;
     }

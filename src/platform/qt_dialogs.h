@@ -8,7 +8,7 @@ namespace platform {
 class QtDialogs : public Dialogs {
 public:
     void showMessage(const QString& text, const QString& title, BoxIcon icon) override;
-    bool askYesNo(const QString& text, const QString& title) override;
+    bool askYesNo(const QString& text, const QString& title, const Subject& subject) override;
     QStringList openFiles(const FileRequest& request) override;
     std::optional<SaveChoice> saveFile(const FileRequest& request) override;
     std::optional<base::Colour> chooseColour(base::Colour initial) override;

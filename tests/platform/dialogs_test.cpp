@@ -2,6 +2,8 @@
 
 #include "platform/fake_dialogs.h"
 #include "platform/file_filters.h"
+#include "platform/message_box.h"
+#include "platform/pointer.h"
 #include "platform/pump.h"
 #include "platform/qt_dialogs.h"
 #include "support/temp_tree.h"
@@ -10,20 +12,27 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QStyle>
+#include <QTest>
 #include <QTimer>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 using platform::BoxIcon;
 using platform::FileRequest;
+using platform::MessageBox;
 using platform::QtDialogs;
 using support::TempTree;
 
@@ -33,10 +42,20 @@ namespace {
 template<typename Dialog, typename Action> void whenOpen(Action action)
 {
     QTimer::singleShot(0, qApp, [action] {
-        auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        auto* const dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
         action(*dialog);
     });
+}
+
+QAbstractButton* button(const QDialog& dialog, const QString& caption)
+{
+    for (QAbstractButton* candidate : dialog.findChildren<QAbstractButton*>()) {
+        if (QString(candidate->text()).remove('&') == caption) {
+            return candidate;
+        }
+    }
+    return nullptr;
 }
 
 // Lets events run until something holds, for at most ten seconds.
@@ -90,14 +109,14 @@ TEST(MessageBox, ShowsItsWordsAsTheyAre)
 {
     QtDialogs dialogs;
     bool wasShown = false;
-    whenOpen<QMessageBox>([&](QMessageBox& box) {
-        EXPECT_EQ(box.text(), "<b>No picture to process.</b>");
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    whenOpen<MessageBox>([&](MessageBox& box) {
+        auto* const words = box.findChild<QLabel*>("text");
+        EXPECT_EQ(words->text(), "<b>No picture to process.</b>");
+        EXPECT_EQ(words->textFormat(), Qt::PlainText);
         EXPECT_EQ(box.windowTitle(), "");
-        EXPECT_EQ(box.icon(), QMessageBox::Information);
-        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+        ASSERT_EQ(box.findChildren<QPushButton*>().size(), 1);
         wasShown = true;
-        box.button(QMessageBox::Ok)->click();
+        button(box, "OK")->click();
     });
     dialogs.showMessage("<b>No picture to process.</b>", "", BoxIcon::Information);
     EXPECT_TRUE(wasShown);
@@ -106,15 +125,19 @@ TEST(MessageBox, ShowsItsWordsAsTheyAre)
 TEST(MessageBox, HasAnIconForEachKind)
 {
     QtDialogs dialogs;
-    const std::pair<BoxIcon, QMessageBox::Icon> icons[] = {
-        {BoxIcon::None, QMessageBox::NoIcon},
-        {BoxIcon::Exclamation, QMessageBox::Warning},
-        {BoxIcon::Critical, QMessageBox::Critical},
-        {BoxIcon::Question, QMessageBox::Question},
+    const std::pair<BoxIcon, QStyle::StandardPixmap> icons[] = {
+        {BoxIcon::Information, QStyle::SP_MessageBoxInformation},
+        {BoxIcon::Exclamation, QStyle::SP_MessageBoxWarning},
+        {BoxIcon::Critical, QStyle::SP_MessageBoxCritical},
+        {BoxIcon::Question, QStyle::SP_MessageBoxQuestion},
     };
     for (const auto& [asked, shown] : icons) {
-        whenOpen<QMessageBox>([expected = shown](QMessageBox& box) {
-            EXPECT_EQ(box.icon(), expected);
+        whenOpen<MessageBox>([expected = shown](MessageBox& box) {
+            const QPixmap picture = box.findChild<QLabel*>("icon")->pixmap(Qt::ReturnByValue);
+            const QImage icon =
+                box.style()->standardIcon(expected).pixmap(picture.size()).toImage();
+            EXPECT_FALSE(icon.isNull());
+            EXPECT_EQ(picture.toImage(), icon);
             EXPECT_EQ(box.windowTitle(), "Title");
             box.accept();
         });
@@ -122,15 +145,162 @@ TEST(MessageBox, HasAnIconForEachKind)
     }
 }
 
+TEST(MessageBox, LeavesNoRoomForAnIconThatItHasNot)
+{
+    QtDialogs dialogs;
+    whenOpen<MessageBox>([](MessageBox& box) {
+        const QWidget& words = *box.findChild<QLabel*>("text");
+        EXPECT_EQ(words.mapTo(&box, QPoint(0, 0)).x(), box.layout()->contentsMargins().left());
+        EXPECT_EQ(box.findChildren<QLabel*>().size(), 1);
+        box.accept();
+    });
+    dialogs.showMessage("Text", "", BoxIcon::None);
+}
+
+TEST(MessageBox, IsWideEnoughForItsTitle)
+{
+    QtDialogs dialogs;
+    const QString longTitle = "A title that is a good deal longer than the words of its box";
+    for (const QString& title : {QString("Vistara"), longTitle}) {
+        whenOpen<MessageBox>([](MessageBox& box) {
+            EXPECT_GE(box.width(), 320);
+            EXPECT_GE(box.width(), box.fontMetrics().horizontalAdvance(box.windowTitle()) + 100);
+            box.accept();
+        });
+        dialogs.showMessage("Text", title, BoxIcon::Information);
+    }
+    whenOpen<QInputDialog>([](QInputDialog& dialog) {
+        EXPECT_GE(dialog.width(), 320);
+        dialog.reject();
+    });
+    EXPECT_FALSE(dialogs.askText("Name: ", "Renname Favortie", "old"));
+}
+
+// No blank to wrap at, and a length that no screen is wide enough for.
+TEST(MessageBox, KeepsALongPathOnTheScreen)
+{
+    const QString path = "/" + QString("folder_").repeated(580) + "end.jpg";
+    QtDialogs dialogs;
+    whenOpen<MessageBox>([&](MessageBox& box) {
+        const QSize screen = box.screen()->availableSize();
+        EXPECT_LE(box.width(), screen.width());
+        EXPECT_LE(box.height(), screen.height());
+        auto* const words = box.findChild<QLabel*>("text");
+        EXPECT_EQ(words->text(), path);
+        // Every line is painted: ink reaches into the last one.
+        const QImage image = words->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const QRect lastLine(0, image.height() - words->fontMetrics().height(), image.width(),
+                             words->fontMetrics().height());
+        const QImage foot = image.copy(lastLine);
+        QImage blank = foot;
+        blank.fill(foot.pixel(foot.width() - 1, foot.height() - 1));
+        EXPECT_NE(foot, blank);
+        box.accept();
+    });
+    dialogs.showMessage(path, "", BoxIcon::None);
+}
+
+TEST(MessageBox, ShortensWhatWouldFillTheScreen)
+{
+    QtDialogs dialogs;
+    whenOpen<MessageBox>([](MessageBox& box) {
+        EXPECT_LE(box.height(), box.screen()->availableSize().height());
+        box.accept();
+    });
+    dialogs.showMessage(QString("x").repeated(100000), "", BoxIcon::Information);
+}
+
 TEST(YesNoBox, IsYesForYesOnly)
 {
     QtDialogs dialogs;
-    whenOpen<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
-    EXPECT_TRUE(dialogs.askYesNo("Delete?", "Vistara"));
-    whenOpen<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::No)->click(); });
-    EXPECT_FALSE(dialogs.askYesNo("Delete?", "Vistara"));
-    whenOpen<QMessageBox>([](QMessageBox& box) { box.close(); });
-    EXPECT_FALSE(dialogs.askYesNo("Delete?", "Vistara"));
+    whenOpen<MessageBox>([](MessageBox& box) { button(box, "Yes")->click(); });
+    EXPECT_TRUE(dialogs.askYesNo("Delete?", "Vistara", {}));
+    whenOpen<MessageBox>([](MessageBox& box) { button(box, "No")->click(); });
+    EXPECT_FALSE(dialogs.askYesNo("Delete?", "Vistara", {}));
+    whenOpen<MessageBox>([](MessageBox& box) { box.close(); });
+    EXPECT_FALSE(dialogs.askYesNo("Delete?", "Vistara", {}));
+}
+
+TEST(YesNoBox, AnswersReturnWithItsPreset)
+{
+    QtDialogs dialogs;
+    const auto pressReturn = [](MessageBox& box) {
+        QWidget* const focus = box.focusWidget();
+        ASSERT_NE(focus, nullptr);
+        QTest::keyClick(focus, Qt::Key_Return);
+    };
+    whenOpen<MessageBox>(pressReturn);
+    EXPECT_TRUE(dialogs.askYesNo("Sure?", "Vistara", {}));
+    platform::Subject subject;
+    subject.preset = platform::Answer::No;
+    whenOpen<MessageBox>(pressReturn);
+    EXPECT_FALSE(dialogs.askYesNo("Sure?", "Vistara", subject));
+}
+
+TEST(YesNoBox, ShowsWhatItIsAbout)
+{
+    QtDialogs dialogs;
+    platform::Subject subject;
+    subject.picture = QImage(60, 40, QImage::Format_RGB32);
+    subject.picture.fill(Qt::red);
+    subject.facts = "3 files";
+    whenOpen<MessageBox>([](MessageBox& box) {
+        EXPECT_EQ(box.findChild<QLabel*>("facts")->text(), "3 files");
+        const QImage shown = box.grab().toImage();
+        int red = 0;
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                red += shown.pixelColor(x, y) == QColor(Qt::red) ? 1 : 0;
+            }
+        }
+        EXPECT_EQ(red, 60 * 40);
+        box.reject();
+    });
+    EXPECT_FALSE(dialogs.askYesNo("Delete?", "Delete", subject));
+}
+
+TEST(Dialogs, HaveAFrameThatOnlyCloses)
+{
+    QtDialogs dialogs;
+    const auto inspect = [](QDialog& dialog) {
+        const Qt::WindowFlags flags = dialog.windowFlags();
+        EXPECT_FALSE(flags & Qt::WindowMinMaxButtonsHint);
+        EXPECT_TRUE(flags & Qt::WindowTitleHint);
+        EXPECT_TRUE(flags & Qt::WindowCloseButtonHint);
+        for (const auto* box : dialog.findChildren<QDialogButtonBox*>()) {
+            for (const QAbstractButton* answer : box->buttons()) {
+                EXPECT_TRUE(answer->icon().isNull()) << answer->text().toStdString();
+            }
+        }
+        dialog.reject();
+    };
+    whenOpen<QDialog>(inspect);
+    dialogs.showMessage("Text", "", BoxIcon::Information);
+    whenOpen<QDialog>(inspect);
+    EXPECT_FALSE(dialogs.askYesNo("Sure?", "", {}));
+    whenOpen<QDialog>(inspect);
+    EXPECT_FALSE(dialogs.askText("Name: ", "", ""));
+    whenOpen<QDialog>(inspect);
+    EXPECT_FALSE(dialogs.saveFile({}));
+    whenOpen<QDialog>(inspect);
+    EXPECT_FALSE(dialogs.chooseColour(0));
+}
+
+TEST(Dialogs, StandUnderTheDefaultPointer)
+{
+    QtDialogs dialogs;
+    const platform::PointerGuard hourglass;
+    const auto inspect = [](QDialog& dialog) {
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+        dialog.reject();
+    };
+    whenOpen<QDialog>(inspect);
+    dialogs.showMessage("Text", "", BoxIcon::Information);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::HourGlass);
+    whenOpen<QDialog>(inspect);
+    EXPECT_TRUE(dialogs.openFiles({}).isEmpty());
+    EXPECT_EQ(platform::pointer(), platform::Pointer::HourGlass);
 }
 
 TEST(Dialogs, EndWhenTheProgramCloses)
@@ -138,7 +308,7 @@ TEST(Dialogs, EndWhenTheProgramCloses)
     QtDialogs dialogs;
     const auto closeProgram = [] { QTimer::singleShot(0, qApp, [] { platform::beginClosing(); }); };
     closeProgram();
-    EXPECT_FALSE(dialogs.askYesNo("Delete?", ""));
+    EXPECT_FALSE(dialogs.askYesNo("Delete?", "", {}));
     platform::resetClosing();
     closeProgram();
     EXPECT_TRUE(dialogs.openFiles({}).isEmpty());
@@ -159,7 +329,7 @@ TEST(Dialogs, EndWithTheirMenusWhenTheProgramCloses)
 {
     QtDialogs dialogs;
     bool menuEnded = false;
-    whenOpen<QMessageBox>([&menuEnded](QMessageBox& box) {
+    whenOpen<MessageBox>([&menuEnded](MessageBox& box) {
         QMenu menu(&box);
         menu.addAction("Copy");
         QTimer::singleShot(0, qApp, [] {
@@ -169,7 +339,7 @@ TEST(Dialogs, EndWithTheirMenusWhenTheProgramCloses)
         menu.exec();
         menuEnded = true;
     });
-    EXPECT_FALSE(dialogs.askYesNo("Delete?", ""));
+    EXPECT_FALSE(dialogs.askYesNo("Delete?", "", {}));
     EXPECT_TRUE(menuEnded);
     platform::resetClosing();
 }
@@ -181,11 +351,11 @@ TEST(Dialogs, EndWithTheWindowThatTheyLieOver)
     window->show();
     window->activateWindow();
     ASSERT_TRUE(waitUntil([&] { return QApplication::activeWindow() == window; }));
-    whenOpen<QMessageBox>([window](QMessageBox& box) {
+    whenOpen<MessageBox>([window](MessageBox& box) {
         EXPECT_EQ(box.parentWidget(), window);
         delete window;
     });
-    EXPECT_FALSE(dialogs.askYesNo("Delete?", ""));
+    EXPECT_FALSE(dialogs.askYesNo("Delete?", "", {}));
 }
 
 TEST(OpenDialog, ListsFilesWithoutRegardToCase)
@@ -283,6 +453,51 @@ TEST(SaveDialog, ReplacesWithoutAQuestionUnlessItIsAskedFor)
     });
     EXPECT_FALSE(dialogs.saveFile(request));
     EXPECT_TRUE(wasAsked);
+}
+
+TEST(SaveDialog, GivesTheProposedNameTheExtensionOfTheFilter)
+{
+    const TempTree tree({{"p/", ""}});
+    QtDialogs dialogs;
+    FileRequest request;
+    request.folder = tree.path("p");
+    request.fileName = "Birch wood.bmp";
+    request.filter = "BMP (*.BMP)|*.bmp|GIF (*.Gif)|*.gif|JPG (*.JPG)|*.jpg";
+    whenOpen<QFileDialog>([](QFileDialog& dialog) {
+        auto* const name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        EXPECT_EQ(name->text(), "Birch wood.bmp");
+        auto* const kinds = dialog.findChild<QComboBox*>("fileTypeCombo");
+        kinds->setCurrentIndex(2);
+        emit kinds->activated(2);
+        EXPECT_EQ(name->text(), "Birch wood.jpg");
+        static_cast<QDialog&>(dialog).accept();
+    });
+    const auto choice = dialogs.saveFile(request);
+    ASSERT_TRUE(choice);
+    EXPECT_EQ(choice->path, tree.path("p/Birch wood.jpg"));
+    EXPECT_EQ(choice->filterIndex, 3);
+}
+
+TEST(FileDialogs, ShowNamesInFull)
+{
+    const QString name = "A summer evening by the lake, 2019.bmp";
+    const TempTree tree({{"p/" + name.toStdString(), ""}});
+    QtDialogs dialogs;
+    FileRequest request;
+    request.folder = tree.path("p");
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        dialog.setViewMode(QFileDialog::Detail);
+        EXPECT_EQ(listedNames(dialog, 1), QStringList({name}));
+        auto* const list = dialog.findChild<QTreeView*>("treeView");
+        const QModelIndex row = list->model()->index(0, 0, list->rootIndex());
+        const int icon = list->iconSize().width() > 0 ? list->iconSize().width() : 16;
+        EXPECT_GE(list->visualRect(row).width(),
+                  list->fontMetrics().horizontalAdvance(name) + icon + 8);
+        EXPECT_TRUE(
+            list->viewport()->rect().contains(list->visualRect(row.siblingAtColumn(3)).center()));
+        dialog.reject();
+    });
+    EXPECT_FALSE(dialogs.saveFile(request));
 }
 
 TEST(ColourDialog, GivesAndTakesColourNumbers)

@@ -26,9 +26,11 @@ public:
             whileOpen();
         }
     }
-    bool askYesNo(const QString& text, const QString& /*title*/) override
+    bool askYesNo(const QString& text, const QString& /*title*/,
+                  const platform::Subject& subject) override
     {
         questions.append(text);
+        subjects.push_back(subject);
         return answer;
     }
     QStringList openFiles(const platform::FileRequest& /*request*/) override { return {}; }
@@ -48,8 +50,9 @@ public:
 
     std::vector<Message> messages;
     QStringList questions;
-    bool answer = false;             // of every question
-    std::function<void()> whileOpen; // what happens while a message stands
+    std::vector<platform::Subject> subjects; // one for each question
+    bool answer = false;                     // of every question
+    std::function<void()> whileOpen;         // what happens while a message stands
 
 private:
     platform::ScopedDialogs m_inPlace{*this};

@@ -9,7 +9,10 @@ public:
     {
         shown.append(title + "|" + text);
     }
-    bool askYesNo(const QString&, const QString&) override { return false; }
+    bool askYesNo(const QString&, const QString&, const platform::Subject&) override
+    {
+        return false;
+    }
     QStringList openFiles(const platform::FileRequest&) override { return {}; }
     std::optional<platform::SaveChoice> saveFile(const platform::FileRequest&) override
     {
