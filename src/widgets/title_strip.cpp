@@ -21,7 +21,7 @@ constexpr int kCloseBoxSize = 22;
 constexpr int kMargin = 8;
 constexpr base::Colour kFirstBackground = base::rgb(0x2F, 0x4A, 0x6D);
 
-// A cross that stands out while the pointer is over it. Drawn in the strip's caption colour.
+// A cross in the ink of the caption, which stands out while the pointer is over it.
 class CloseBox : public QAbstractButton {
 public:
     explicit CloseBox(TitleStrip* strip)
@@ -41,7 +41,7 @@ protected:
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        const QColor ink = m_strip.inkOver(geometry());
+        const QColor ink = m_strip.captionColour();
         if (underMouse() || hasFocus()) {
             QColor veil = ink;
             veil.setAlphaF(isDown() ? 0.38F : 0.2F);

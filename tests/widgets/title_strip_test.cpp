@@ -236,3 +236,27 @@ TEST_F(TitleStripTest, DragsAChildOrNothingWhenToldSo)
     QTest::mouseRelease(strip, Qt::LeftButton, {}, {60, 30});
     EXPECT_EQ(pane.pos(), QPoint(110, 120));
 }
+
+// The strip's picture may be so light at its end that the other ink would read better there.
+TEST_F(TitleStripTest, DrawsTheCrossInTheInkOfTheCaption)
+{
+    QImage picture(300, 28, QImage::Format_RGB32);
+    picture.fill(QColor(20, 30, 80));
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 250; x < picture.width(); ++x) {
+            picture.setPixelColor(x, y, QColor(230, 230, 240));
+        }
+    }
+    deliverPicture(picture);
+    m_config.write("InterfaceB", "True");
+    widgets::TitleStrip strip;
+    strip.setCaption("Caption");
+    strip.resize(300, strip.sizeHint().height());
+    strip.applyLook();
+    ASSERT_TRUE(strip.hasPicture());
+    EXPECT_EQ(strip.captionColour(), QColor(Qt::white));
+    QAbstractButton& box = *strip.closeBox();
+    const QImage shot = strip.grab(box.geometry()).toImage();
+    const QColor cross = shot.pixelColor(shot.width() / 2, shot.height() / 2);
+    EXPECT_GT(cross.lightness(), 235);
+}
