@@ -142,13 +142,14 @@ void drawRoundedFrame(const FrameLook& look, const ButtonSurface& s)
     }
 }
 
-// A short upright mark at the right end, in the middle of the height.
+// A short upright mark next to the right edge, in the middle of the height: clear of the picture,
+// also of one that moves when the button is pressed.
 void drawMarker(const ButtonSurface& s)
 {
     constexpr base::Colour kMarker = 0xCC9999;
     constexpr int kTallest = 10;
     const int tall = std::min(kTallest, s.height() - 8);
-    s.FillBox(s.width() - 7, (s.height() - tall) / 2, 2, tall, kMarker);
+    s.FillBox(s.width() - 4, (s.height() - tall) / 2, 2, tall, kMarker);
 }
 
 // Two rectangles of one size, one pixel apart, look engraved.
