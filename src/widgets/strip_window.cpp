@@ -95,20 +95,23 @@ void StripWindow::setKeyButtons(QAbstractButton* accept, QAbstractButton* cancel
 {
     m_accept = accept;
     m_cancel = cancel;
-    for (QAbstractButton* button : {accept, cancel}) {
-        // A button that has the focus itself comes before the one of the window.
-        if (auto* pushButton = qobject_cast<QPushButton*>(button)) {
-            pushButton->setAutoDefault(true);
-        }
+}
+
+// A button that has the focus itself comes before the one of the window.
+void StripWindow::letButtonsTakeReturn()
+{
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+        button->setAutoDefault(true);
     }
 }
 
 void StripWindow::keyPressEvent(QKeyEvent* event)
 {
     const bool accepts = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    QAbstractButton* pressed = accepts                          ? m_accept
-                               : event->key() == Qt::Key_Escape ? m_cancel
-                                                                : nullptr;
+    QAbstractButton* pressed = accepts && focusWidget() == m_strip->closeBox() ? m_strip->closeBox()
+                               : accepts                                       ? m_accept
+                               : event->key() == Qt::Key_Escape                ? m_cancel
+                                                                               : nullptr;
     if (pressed == nullptr) {
         QWidget::keyPressEvent(event);
     } else {
@@ -144,6 +147,7 @@ void StripWindow::showEvent(QShowEvent* event)
         const QRect area(isWindow() ? main->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0), main->size());
         move(centredPlace(area, size(), isWindow() ? screen()->availableGeometry() : area));
     }
+    letButtonsTakeReturn();
     if (isWindow()) {
         enterFirstStop();
     }

@@ -11,7 +11,8 @@ class TitleStrip;
 
 // A window without platform frame: a title strip, whose box closes it, over a column for the
 // window's controls. It belongs to the main window where there is one, and shows itself in the
-// middle of it unless it was given a place. Return presses one button, Escape the other.
+// middle of it unless it was given a place. Return presses one button, unless another one has the
+// focus, and Escape the other.
 // Of the type Qt::Widget it lies on the main window as its child, and leaves the focus where it is.
 class StripWindow : public QWidget {
     Q_OBJECT
@@ -36,6 +37,7 @@ protected:
 
 private:
     void enterFirstStop();
+    void letButtonsTakeReturn();
 
     TitleStrip* m_strip = nullptr;
     QVBoxLayout* m_content = nullptr;

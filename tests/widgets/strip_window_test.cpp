@@ -108,3 +108,21 @@ TEST(StripWindow, StandsInTheMiddleOfTheMainWindowUnlessItWasMoved)
     moved.show();
     EXPECT_EQ(moved.pos(), QPoint(7, 9));
 }
+
+TEST(StripWindow, PressesTheButtonThatHasTheFocusByReturn)
+{
+    OpenedWindow window;
+    auto* other = new QPushButton(&window);
+    window.layout()->addWidget(other);
+    QStringList pressed;
+    QObject::connect(window.ok, &QPushButton::clicked, [&] { pressed.append("ok"); });
+    QObject::connect(other, &QPushButton::clicked, [&] { pressed.append("other"); });
+    window.setKeyButtons(window.ok, window.cancel);
+    window.show();
+    QTest::keyClick(other, Qt::Key_Return);
+    EXPECT_EQ(pressed, QStringList({"other"}));
+    window.strip().closeBox()->setFocus();
+    QTest::keyClick(window.strip().closeBox(), Qt::Key_Return);
+    EXPECT_EQ(pressed, QStringList({"other"}));
+    EXPECT_FALSE(window.isVisible());
+}
