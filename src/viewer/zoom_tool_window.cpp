@@ -12,13 +12,31 @@
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <algorithm>
 
 namespace {
 
 constexpr int kWidth = 260;
 constexpr int kLargestZoom = 15;
+
+// A slider with marks on one side moves its knob to the other, beyond the edge of the height that
+// it asks for.
+int heightWithKnob(const QSlider& slider)
+{
+    QStyleOptionSlider option;
+    option.initFrom(&slider);
+    option.rect = QRect(QPoint(0, 0), slider.sizeHint());
+    option.orientation = slider.orientation();
+    option.tickPosition = slider.tickPosition();
+    const QRect knob = slider.style()->subControlRect(QStyle::CC_Slider, &option,
+                                                      QStyle::SC_SliderHandle, &slider);
+    const int missing = std::max({0, -knob.top(), knob.bottom() - option.rect.bottom()});
+    return option.rect.height() + 2 * missing;
+}
 
 } // namespace
 
@@ -47,6 +65,7 @@ void fastZoom::makeParts()
     scrZoom2->setPageStep(1);
     scrZoom2->setTickPosition(QSlider::TicksBelow);
     scrZoom2->setTickInterval(1);
+    scrZoom2->setMinimumHeight(heightWithKnob(*scrZoom2));
 
     auto* row = new QHBoxLayout;
     row->addWidget(scrZoom2, 1);

@@ -11,6 +11,8 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QSlider>
+#include <QStyle>
+#include <QStyleOptionSlider>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -42,6 +44,26 @@ protected:
     ViewerMainWindow main;
     QPointer<QWidget> tool;
 };
+
+TEST_F(ZoomTool, HasRoomForTheWholeKnob)
+{
+    tool->show();
+    for (const int factor : {1, 15}) {
+        slider()->setValue(factor);
+        QStyleOptionSlider option;
+        option.initFrom(slider());
+        option.orientation = Qt::Horizontal;
+        option.minimum = slider()->minimum();
+        option.maximum = slider()->maximum();
+        option.sliderPosition = factor;
+        option.sliderValue = factor;
+        option.tickPosition = slider()->tickPosition();
+        option.tickInterval = slider()->tickInterval();
+        const QRect knob = slider()->style()->subControlRect(QStyle::CC_Slider, &option,
+                                                             QStyle::SC_SliderHandle, slider());
+        EXPECT_TRUE(slider()->rect().contains(knob)) << factor << ": from row " << knob.top();
+    }
+}
 
 TEST_F(ZoomTool, ReadsTheZoomWhenItBecomesActive)
 {
