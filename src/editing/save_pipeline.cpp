@@ -9,6 +9,7 @@
 #include "editing/working_files.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/picture_box.h"
 #include "platform/picture_loader.h"
 #include "platform/picture_saver.h"
@@ -19,6 +20,9 @@ namespace editing {
 namespace {
 
 const QString kSaveFilter = QStringLiteral("BMP (*.BMP)|*.bmp|GIF (*.Gif)|*.gif|JPG (*.JPG)|*.jpg");
+
+const QString kSaveTitle = QStringLiteral("Save as");
+const QString kFirstExtension = QStringLiteral(".bmp"); // of the filter that the dialog starts with
 
 enum SaveFormat { kBmp = 1, kGif = 2, kJpeg = 3 };
 
@@ -38,9 +42,36 @@ void saveJpeg(core::MainWindow&, const QString& path)
 {
     if (auto* window = qobject_cast<frmSaveJPGc*>(core::windows().load(kJpegWindowName))) {
         window->setOutputPath(path);
-        platform::setPointer(platform::Pointer::Default);
         core::windows().show(kJpegWindowName, core::ShowMode::Modal);
     }
+}
+
+QString withoutExtension(const QString& name)
+{
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    return dot <= 0 ? name : name.left(dot);
+}
+
+// The name and the folder of the picture shown. What stands in the program's own folders goes when
+// the program ends, so nothing is to be saved there, and working files have names for the program
+// alone.
+platform::FileRequest requestFor(const QString& shownPath)
+{
+    platform::FileRequest request;
+    request.title = kSaveTitle;
+    request.filter = kSaveFilter;
+    if (!platform::isRegularFile(shownPath)) {
+        return request;
+    }
+    const QString folder = platform::folderOf(shownPath);
+    if (folder == platform::appPath()) {
+        return request;
+    }
+    if (folder != platform::appFile(QStringLiteral("openTemp"))) {
+        request.folder = folder;
+    }
+    request.fileName = withoutExtension(platform::fileNameOf(shownPath)) + kFirstExtension;
+    return request;
 }
 
 // Without the file the dialog works from the picture in hand; only an older file that can't be
@@ -68,10 +99,8 @@ void save(core::MainWindow& form, SaveSource source)
 
 void saveByDialog(core::MainWindow& form)
 {
-    platform::FileRequest request;
-    request.filter = kSaveFilter;
-    platform::setPointer(platform::Pointer::Default);
-    const std::optional<platform::SaveChoice> choice = platform::dialogs().saveFile(request);
+    const std::optional<platform::SaveChoice> choice =
+        platform::dialogs().saveFile(requestFor(form.Xiala()));
     if (!choice) {
         return;
     }

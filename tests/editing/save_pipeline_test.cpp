@@ -70,6 +70,39 @@ TEST_F(SavePipeline, AsksForOneOfThreeFormatsAndReplacesWithoutAQuestion)
     EXPECT_FALSE(dialogs.fileRequests[0].askBeforeReplacing);
 }
 
+TEST_F(SavePipeline, ProposesTheNameOfThePictureInItsFolder)
+{
+    tree.add({"pics/Birch wood.jpg", "x"});
+    showInViewer(numbered(20, 10));
+    form.setXiala(tree.path("pics/Birch wood.jpg"));
+    save();
+    ASSERT_EQ(dialogs.fileRequests.size(), 1U);
+    EXPECT_EQ(dialogs.fileRequests[0].title, "Save as");
+    EXPECT_EQ(dialogs.fileRequests[0].folder, tree.path("pics"));
+    EXPECT_EQ(dialogs.fileRequests[0].fileName, "Birch wood.bmp");
+}
+
+// What stands in the program's own folders goes when the program ends.
+TEST_F(SavePipeline, ProposesNoFolderOfItsOwn)
+{
+    tree.add({"app/openTemp/lake.tif", "x"});
+    showInViewer(numbered(20, 10));
+    form.setXiala(tree.path("app/openTemp/lake.tif"));
+    save();
+    form.setXiala(tree.path("app/temp.bmp"));
+    save();
+    form.setXiala("words");
+    save();
+    ASSERT_EQ(dialogs.fileRequests.size(), 3U);
+    for (const platform::FileRequest& request : dialogs.fileRequests) {
+        EXPECT_EQ(request.folder, "");
+        EXPECT_EQ(request.title, "Save as");
+    }
+    EXPECT_EQ(dialogs.fileRequests[0].fileName, "lake.bmp");
+    EXPECT_EQ(dialogs.fileRequests[1].fileName, "");
+    EXPECT_EQ(dialogs.fileRequests[2].fileName, "");
+}
+
 TEST_F(SavePipeline, WritesABmpUnderTheFirstFilterWhateverTheName)
 {
     const QImage image = numbered(20, 10);
