@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -57,6 +58,7 @@ FrmSwitch::FrmSwitch()
     enterFolder(kProgramFolder);
     connect(m_drives, &QComboBox::currentTextChanged, this, &FrmSwitch::enterFolder);
     connect(m_folders, &QListWidget::itemActivated, this, &FrmSwitch::enterItem);
+    m_folders->installEventFilter(this);
     connect(m_files, &QListWidget::currentRowChanged, this, &FrmSwitch::takeFile);
     connect(m_add, &QPushButton::clicked, this, &FrmSwitch::addEditor);
 }
@@ -89,8 +91,7 @@ void FrmSwitch::buildControls()
     content().addLayout(lists, 1);
     content().addLayout(fields);
     content().addLayout(buttons);
-    // Return opens the folder that is selected.
-    setKeyButtons(nullptr, strip().closeBox());
+    setKeyButtons(m_add, strip().closeBox());
 }
 
 // A folder that can't be read leaves the lists as they are.
@@ -120,6 +121,22 @@ void FrmSwitch::enterItem(const QListWidgetItem* item)
     const QString name = item->text();
     enterFolder(name == kParentEntry ? platform::folderOf(folder)
                                      : platform::joinPath(folder, name));
+}
+
+// Return in the list of folders opens the one that is selected, and adds nothing.
+bool FrmSwitch::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_folders || event->type() != QEvent::KeyPress) {
+        return StripWindow::eventFilter(watched, event);
+    }
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) {
+        return false;
+    }
+    if (const QListWidgetItem* item = m_folders->currentItem()) {
+        enterItem(item);
+    }
+    return true;
 }
 
 void FrmSwitch::takeFile()

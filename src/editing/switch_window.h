@@ -17,6 +17,9 @@ class FrmSwitch : public widgets::StripWindow {
 public:
     FrmSwitch();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void buildControls();
     void enterFolder(const QString& folder);

@@ -88,6 +88,21 @@ TEST_F(SwitchWindow, OpensAFolderByReturnAndAddsNothing)
     EXPECT_TRUE(config.values.empty());
 }
 
+TEST_F(SwitchWindow, AddsByReturnInItsFieldsAndItsFileList)
+{
+    control<QComboBox>("Drive1")->setCurrentText(tree.path("home"));
+    enter("tools");
+    auto* list = control<QListWidget>("Filelist");
+    select(*list, "paint");
+    QTest::keyClick(control<QLineEdit>("SwitchName"), Qt::Key_Return);
+    EXPECT_TRUE(core::windows().isLoaded("FrmSwitch"));
+    type("SwitchName", "Paint");
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_FALSE(core::windows().isLoaded("FrmSwitch"));
+    EXPECT_EQ(tree.content("app/SwitchName.txt"),
+              ("Paint#" + tree.path("home/tools/paint") + ";").toStdString());
+}
+
 TEST_F(SwitchWindow, StaysInAFolderWhenTheNextOneCantBeRead)
 {
     control<QComboBox>("Drive1")->setCurrentText(tree.path("home"));
