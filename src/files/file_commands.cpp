@@ -4,12 +4,15 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "files/classification.h"
+#include "platform/delivered_icon.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/folder_reader.h"
 #include "platform/paths.h"
 #include "platform/picture_saver.h"
-#include "platform/pointer.h"
 
+#include <QApplication>
 #include <QWidget>
 
 namespace files {
@@ -18,6 +21,53 @@ namespace {
 
 const QString kTransferWindow = QStringLiteral("Movefile");
 const QString kDeleteTitle = QStringLiteral("Delete");
+
+constexpr int kIconSide = 48;       // pixels
+constexpr int kMostEntries = 20000; // looked at in a folder, so that the question comes soon
+
+QImage folderIcon()
+{
+    const int variant = qApp->devicePixelRatio() > 1 ? 3 : 2;
+    QImage icon = platform::deliveredPng(
+        platform::appFile(QStringLiteral("Images/toolbar/folder@%1x.png").arg(variant)));
+    icon.setDevicePixelRatio(double(icon.width()) / kIconSide);
+    return icon;
+}
+
+// How many files go with a folder: those of its subfolders too, links not followed.
+QString fileCountText(const QString& folder)
+{
+    QStringList folders{folder};
+    int files = 0;
+    for (int entries = 0; !folders.isEmpty();) {
+        const QString path = folders.takeLast();
+        platform::FolderReader reader(path);
+        while (reader.next()) {
+            if (++entries > kMostEntries) {
+                return QStringLiteral("More than %1 files").arg(files);
+            }
+            if (!reader.isLink() && reader.kind() == platform::EntryKind::Folder) {
+                folders.append(platform::joinPath(path, platform::fromNative(reader.name())));
+            } else {
+                ++files;
+            }
+        }
+    }
+    return files == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(files);
+}
+
+platform::Subject subjectOf(const QString& path, const QImage& miniature)
+{
+    platform::Subject subject;
+    subject.preset = platform::Answer::No;
+    if (platform::isFolder(path)) {
+        subject.picture = folderIcon();
+        subject.facts = fileCountText(path);
+    } else {
+        subject.picture = miniature;
+    }
+    return subject;
+}
 
 QString previewFile(core::MainWindow& window)
 {
@@ -33,12 +83,11 @@ QString previewFile(core::MainWindow& window)
 
 } // namespace
 
-void deleteWithQuestion(const QString& path)
+void deleteWithQuestion(const QString& path, const QImage& miniature)
 {
-    platform::setPointer(platform::Pointer::Default);
     if (path.isEmpty() ||
         !platform::dialogs().askYesNo(QStringLiteral("Move \"%1\" to the trash?").arg(path),
-                                      kDeleteTitle)) {
+                                      kDeleteTitle, subjectOf(path, miniature))) {
         return;
     }
     if (!platform::desktop().moveToTrash(path)) {
@@ -60,7 +109,6 @@ void openTransferWindow(core::MainWindow& window, const QString& title, Transfer
     transfer->setProperty("captionText", title);
     transfer->setProperty("pictureFile", platform::appFile(picture));
     transfer->setProperty("previewFile", previewFile(window));
-    platform::setPointer(platform::Pointer::Default);
     core::windows().show(kTransferWindow, core::ShowMode::Modal);
 }
 

@@ -8,6 +8,7 @@
 #include "editing/working_files.h"
 #include "files/file_commands.h"
 #include "shell/main_window.h"
+#include "thumbs/miniature.h"
 
 #include <QWidget>
 
@@ -52,7 +53,8 @@ void paste(Form1& form, int /*index*/)
 
 void deleteFile(Form1& form, int /*index*/)
 {
-    files::deleteWithQuestion(form.Xiala());
+    const QString path = form.Xiala();
+    files::deleteWithQuestion(path, thumbs::miniature(path, form.devicePixelRatioF()));
 }
 
 void copyTo(Form1& form, int /*index*/)

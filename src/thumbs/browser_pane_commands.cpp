@@ -5,6 +5,7 @@
 #include "platform/paths.h"
 #include "platform/pointer.h"
 #include "thumbs/browser_pane.h"
+#include "thumbs/miniature.h"
 #include "thumbs/thumbnail_list.h"
 
 namespace {
@@ -85,7 +86,8 @@ void frmThumbnaillist::rename()
 
 void frmThumbnaillist::deleteFile()
 {
-    files::deleteWithQuestion(currentPath());
+    const QString path = currentPath();
+    files::deleteWithQuestion(path, thumbs::miniature(path, devicePixelRatioF()));
 }
 
 void frmThumbnaillist::copyFile()
