@@ -46,7 +46,7 @@ FavortiesModi::FavortiesModi()
     connect(remove, &QPushButton::clicked, this, &FavortiesModi::deleteSelected);
     connect(rename, &QPushButton::clicked, this, &FavortiesModi::renameSelected);
     connect(done, &QPushButton::clicked, this, &QWidget::close);
-    setKeyButtons(nullptr, done);
+    setKeyButtons(done, done);
     m_names->setFocus();
     refill();
 }

@@ -16,6 +16,8 @@ public:
     // The paths of the drop-down, the oldest first. The text of the field stays.
     void setRecentPaths(const QStringList& paths);
 
+    void showPopup() override;
+
 signals:
     void entered(); // Return was pressed
     void chosen();  // an entry of the drop-down was chosen; the field holds it

@@ -195,13 +195,11 @@ QWidget* Form1::showWindow(const QString& name, bool modal)
     if (!core::windows().hasFactory(name)) {
         return nullptr;
     }
-    platform::setPointer(platform::Pointer::Default);
     return core::windows().show(name, modal ? core::ShowMode::Modal : core::ShowMode::Modeless);
 }
 
 void Form1::reportNoPicture()
 {
-    platform::setPointer(platform::Pointer::Default);
     platform::dialogs().showMessage(core::kNoPictureText, core::kProgramName,
                                     platform::BoxIcon::Information);
 }

@@ -34,8 +34,9 @@ void moveToMiddle(QWidget& window, const QRect& area)
 
 } // namespace
 
-PictureWindow::PictureWindow(const QString& name, const QString& picture, Qt::WindowFlags flags)
-    : QWidget(nullptr, flags)
+PictureWindow::PictureWindow(const QString& name, const QString& picture, QWidget* parent,
+                             Qt::WindowFlags flags)
+    : QWidget(parent, flags)
     , m_column(new QVBoxLayout(this))
 {
     setObjectName(name);
@@ -78,7 +79,7 @@ void PictureWindow::paintEvent(QPaintEvent* /*event*/)
 QWidget* makeWelcomeWindow()
 {
     auto* window = new PictureWindow(QStringLiteral("frmWelcome"), QStringLiteral("splash"),
-                                     Qt::SplashScreen | Qt::FramelessWindowHint);
+                                     nullptr, Qt::SplashScreen | Qt::FramelessWindowHint);
     window->column().addStretch();
     window->addLine(QStringLiteral("Pictures, folder by folder"), kTextSize);
     window->setFixedSize(kWelcomeSize);
@@ -90,7 +91,7 @@ QWidget* makeWelcomeWindow()
 
 QWidget* makeAboutWindow(QWidget* parent)
 {
-    auto* window = new PictureWindow(QStringLiteral("frmAbout"), QStringLiteral("about"),
+    auto* window = new PictureWindow(QStringLiteral("frmAbout"), QStringLiteral("about"), parent,
                                      Qt::Dialog | Qt::FramelessWindowHint);
     QVBoxLayout& column = window->column();
     column.setContentsMargins(kMargin, window->pictureHeight() + kMargin, kMargin, kMargin);
@@ -103,6 +104,7 @@ QWidget* makeAboutWindow(QWidget* parent)
     auto* close = new QPushButton(QStringLiteral("&Close"), window);
     close->setObjectName(QStringLiteral("cmdOk"));
     close->setAccessibleName(QStringLiteral("Close"));
+    close->setAutoDefault(true); // Return presses it
     column.addSpacing(kAboutSpacing);
     column.addWidget(close, 0, Qt::AlignRight);
     QObject::connect(close, &QPushButton::clicked, window, &QWidget::close);

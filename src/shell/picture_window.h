@@ -15,7 +15,8 @@ class PictureWindow : public QWidget {
 public:
     // The picture is looked for under Images; without it the name stands as text over a plain
     // background.
-    PictureWindow(const QString& name, const QString& picture, Qt::WindowFlags flags);
+    PictureWindow(const QString& name, const QString& picture, QWidget* parent,
+                  Qt::WindowFlags flags);
 
     void addLine(const QString& text, int pointSize);
     [[nodiscard]] QVBoxLayout& column() { return *m_column; }
@@ -33,7 +34,8 @@ private:
 // Shown while the program starts.
 QWidget* makeWelcomeWindow();
 
-// Name, version, licence; closes by its button or Esc.
+// Name, version, licence; closes by its button, Return or Esc. It stays above its parent and goes
+// with it.
 QWidget* makeAboutWindow(QWidget* parent);
 
 } // namespace shell

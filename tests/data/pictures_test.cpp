@@ -17,7 +17,7 @@ constexpr std::array kToolbar{
     "slideshow", "start",  "stop",    "slower",     "faster",   "favourite", "addfavourite",
     "help",      "update", "browse",  "mail",       "bestfit",  "frame",     "fullscreen",
     "up",        "tools",  "refresh", "properties", "rename",   "delete",    "copy",
-    "move",      "go",     "folder",  "drive",      "home",     "picture"};
+    "move",      "go",     "folder",  "drive",      "home",     "picture",   "stoplight"};
 
 constexpr std::size_t kGifHeadBytes = 6 + 7 + 768 + 1;
 constexpr int kJpegQuality = 92;

@@ -101,7 +101,7 @@ constexpr Told kTold[] = {
     {"ThumbnailColorPreset", 3, "Middle Gray", false},
     {"ThumbnailColorPreset", 4, "Light Gray", false},
     {"ThumbnailColorPreset", 5, "White Gray", false},
-    {"CmdWall", 0, "Centered", true},
+    {"CmdWall", 0, "Center", true},
     {"CmdWall", 1, "Titled", true},
     {"CmdWall", 2, "Stretch", true},
     {"CmdWall2", 0, "Centered", true},
@@ -299,5 +299,18 @@ TEST(CommandTable, HasTheButtonsOfTheSecondToolbarInOrder)
     for (std::size_t i = 0; i < rows.size(); ++i) {
         EXPECT_STREQ(rows[i].key, keys[i]);
         EXPECT_EQ(rows[i].run == nullptr, std::string_view(keys[i]) == "browse");
+    }
+}
+
+TEST(CommandTable, NamesTheKeypadWhereOnlyItsKeysAct)
+{
+    EXPECT_STREQ(find("optView", 8)->keyText, "Keypad -");
+    EXPECT_STREQ(find("optView", 9)->keyText, "Keypad +");
+    for (const shell::MenuRow& row : shell::menuRows()) {
+        const bool isSpeed =
+            std::string(row.array) == "optView" && (row.index == 8 || row.index == 9);
+        if (row.keyText != nullptr && !isSpeed) {
+            EXPECT_EQ(std::string(row.keyText).find("Keypad"), std::string::npos) << row.caption;
+        }
     }
 }

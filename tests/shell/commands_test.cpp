@@ -3,6 +3,7 @@
 #include "core/state.h"
 #include "formats/hooks.h"
 #include "platform/clipboard.h"
+#include "platform/paths.h"
 #include "platform/picture_loader.h"
 #include "platform/pointer.h"
 #include "platform/profile.h"
@@ -20,6 +21,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -642,6 +644,51 @@ TEST_F(CommandsTest, DeleteNamesThePathAndObeysTheAnswer)
         for (const platform::FakeDialogs::Box& box : program.dialogs.boxes) {
             EXPECT_TRUE(box.text.contains(program.picture("a.bmp")));
         }
+    });
+}
+
+TEST_F(CommandsTest, DeleteShowsThePictureAndPresetsNo)
+{
+    QImage image(300, 100, QImage::Format_RGB32);
+    image.fill(QColor(200, 0, 0));
+    ASSERT_TRUE(image.save(program.tree.path("pics/red.bmp")));
+    program.tree.add({"albums/one/a.jpg", "x"});
+    program.tree.add({"albums/b.jpg", "x"});
+    program.tree.add({"albums/.hidden", "x"});
+    program.run([&](Form1& form) {
+        ASSERT_TRUE(QDir().mkpath(platform::appFile(QStringLiteral("Images/toolbar"))));
+        ASSERT_TRUE(image.save(platform::appFile(QStringLiteral("Images/toolbar/folder@2x.png"))));
+        form.setXiala(program.tree.path("pics/red.bmp"));
+        RunningProgram::trigger(form, "optEdit", 5);
+        form.setXiala(program.tree.path("albums"));
+        RunningProgram::trigger(form, "optEdit", 5);
+        form.setXiala(program.tree.path("pics/none.bmp"));
+        RunningProgram::trigger(form, "optEdit", 5);
+        ASSERT_EQ(program.dialogs.subjects.size(), 3U);
+        const platform::Subject& picture = program.dialogs.subjects[0];
+        ASSERT_FALSE(picture.picture.isNull());
+        EXPECT_LE(picture.picture.deviceIndependentSize().width(), 128);
+        EXPECT_NEAR(picture.picture.width(), picture.picture.height() * 3, 3);
+        EXPECT_EQ(picture.picture.pixelColor(10, 10), QColor(200, 0, 0));
+        const platform::Subject& folder = program.dialogs.subjects[1];
+        EXPECT_FALSE(folder.picture.isNull());
+        EXPECT_EQ(folder.facts, QStringLiteral("3 files"));
+        EXPECT_TRUE(program.dialogs.subjects[2].picture.isNull());
+        for (const platform::Subject& subject : program.dialogs.subjects) {
+            EXPECT_EQ(subject.preset, platform::Answer::No);
+        }
+    });
+}
+
+TEST_F(CommandsTest, WaitForWindowsUnderTheDefaultPointerAndGoOnUnderTheHourglass)
+{
+    platform::Pointer during = platform::Pointer::HourGlass;
+    program.onModal = [&](QWidget&) { during = platform::pointer(); };
+    program.run([&](Form1& /*form*/) {
+        const platform::PointerGuard hourglass;
+        core::windows().show(QStringLiteral("Favorties"), core::ShowMode::Modal);
+        EXPECT_EQ(during, platform::Pointer::Default);
+        EXPECT_EQ(platform::pointer(), platform::Pointer::HourGlass);
     });
 }
 

@@ -1,9 +1,13 @@
 #include "shell/file_name_field.h"
 
+#include "support/temp_tree.h"
+
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -38,6 +42,7 @@ protected:
         return event.isAccepted();
     }
 
+    support::TempTree tree; // where the delivered pictures are looked for
     QWidget window;
     shell::FileNameField field{&window};
     QSignalSpy entered{&field, &shell::FileNameField::entered};
@@ -88,4 +93,33 @@ TEST_F(FileNameFieldTest, LeavesTheWheelToThePicturesUnlessItHasTheFocus)
     QApplication::processEvents();
     EXPECT_TRUE(takesTheWheel());
     EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(FileNameFieldTest, DropsDownAsWideAsItsPathsNeed)
+{
+    const QString longPath = "/home/somebody/Pictures/A long summer/Evenings by the lake/one.jpg";
+    field.setRecentPaths({"/p/a.bmp", longPath});
+    window.resize(600, 400);
+    field.setGeometry(400, 10, 150, 26);
+    window.show();
+    field.showPopup();
+    QApplication::processEvents();
+    const QAbstractItemView& view = *field.view();
+    EXPECT_GE(view.viewport()->width(), view.fontMetrics().horizontalAdvance(longPath));
+    EXPECT_LE(view.window()->width(), field.screen()->availableGeometry().width());
+    EXPECT_TRUE(field.screen()->availableGeometry().contains(view.window()->frameGeometry()));
+    field.hidePopup();
+}
+
+TEST_F(FileNameFieldTest, DropsDownNoWiderThanTheScreen)
+{
+    field.setRecentPaths({"/" + QString("folder/").repeated(500) + "one.jpg"});
+    window.resize(600, 400);
+    field.setGeometry(400, 10, 150, 26);
+    window.show();
+    field.showPopup();
+    QApplication::processEvents();
+    EXPECT_TRUE(
+        field.screen()->availableGeometry().contains(field.view()->window()->frameGeometry()));
+    field.hidePopup();
 }

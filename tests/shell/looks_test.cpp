@@ -3,13 +3,23 @@
 #include "platform/paths.h"
 #include "shell/menus.h"
 #include "shell/running_program.h"
+#include "shell/toolbars.h"
 #include "viewer/picture_viewer.h"
+#include "widgets/chameleon_button.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace {
@@ -200,5 +210,104 @@ TEST_F(LooksTest, NamesTheProgramOnceInTheAboutWindow)
         picture.fill(Qt::black);
         ASSERT_TRUE(picture.save(platform::appFile(QStringLiteral("Images/about.png"))));
         EXPECT_EQ(names(), 0);
+    });
+}
+
+TEST_F(LooksTest, KeepsTheMarkOfATogglesButtonClearOfItsPicture)
+{
+    constexpr QRgb kMark = 0xFF9999CC;
+    constexpr int kBestFit = 15;
+    constexpr int kBrowse = 13;
+    QImage picture(24, 24, QImage::Format_ARGB32); // with the margin that the delivered ones have
+    picture.fill(Qt::transparent);
+    QPainter(&picture).fillRect(2, 2, 20, 20, Qt::blue);
+    program.run([&](Form1& form) {
+        for (const int index : {kBestFit, kBrowse}) {
+            chameleonButton& button = *form.toolbars().button(index);
+            button.setPictureNormal(picture);
+            button.setButtonType(5);
+            for (const bool pressed : {false, true}) {
+                if (pressed) {
+                    QMouseEvent press(QEvent::MouseButtonPress, QPointF(16, 16), QPointF(16, 16),
+                                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+                    QApplication::sendEvent(&button, &press);
+                }
+                const QImage image = painted(button);
+                QRect mark;
+                for (int y = 0; y < image.height(); ++y) {
+                    for (int x = 0; x < image.width(); ++x) {
+                        mark = image.pixel(x, y) == kMark ? mark.united({x, y, 1, 1}) : mark;
+                    }
+                }
+                EXPECT_EQ(mark.size(), QSize(2, 10)) << index << pressed;
+                const QRgb face = image.pixel(3, image.height() - 4);
+                for (int y = mark.top(); y <= mark.bottom(); ++y) {
+                    EXPECT_EQ(image.pixel(mark.left() - 1, y), face) << index << pressed << y;
+                }
+            }
+        }
+    });
+}
+
+TEST_F(LooksTest, ShowsAPictureWithEachRecentPath)
+{
+    QImage picture(24, 24, QImage::Format_ARGB32);
+    picture.fill(Qt::red);
+    program.run([&](Form1& form) {
+        ASSERT_TRUE(QDir().mkpath(platform::appFile(QStringLiteral("Images/toolbar"))));
+        ASSERT_TRUE(
+            picture.save(platform::appFile(QStringLiteral("Images/toolbar/stoplight.png"))));
+        form.addRecentPath(program.picture("a.bmp"));
+        const auto* field = form.findChild<QComboBox*>(QStringLiteral("Xiala"));
+        ASSERT_EQ(field->count(), 1);
+        EXPECT_FALSE(field->itemIcon(0).isNull());
+        const QImage light = field->itemIcon(0).pixmap(16, 16).toImage();
+        EXPECT_EQ(light.pixelColor(8, 8), QColor(Qt::red));
+    });
+}
+
+TEST_F(LooksTest, KeepsTheAboutWindowAboveTheMainOne)
+{
+    program.run([](Form1& form) {
+        RunningProgram::trigger(form, "CmdAbout", -1);
+        QPointer<QWidget> about = core::windows().find(QStringLiteral("frmAbout"));
+        ASSERT_NE(about, nullptr);
+        EXPECT_TRUE(about->isWindow());
+        EXPECT_EQ(about->parentWidget()->window(), &form);
+        EXPECT_EQ(about->windowHandle()->transientParent(), form.windowHandle());
+        QTest::keyClick(about->focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("frmAbout")));
+    });
+}
+
+TEST_F(LooksTest, PressesTheMainButtonOfEveryWindowByReturn)
+{
+    const struct {
+        const char* window;
+        const char* button;
+    } kMainButtons[] = {{"frmAbout", "cmdOk"},
+                        {"frmMsg", "Ok"},
+                        {"Favorties", "Addok"},
+                        {"FavortiesModi", "cmdClose"},
+                        {"frmSaveJPGc", "Command1_0"},
+                        {"FrmSwitch", "Command1"},
+                        {"Form4", "cmdOk"}};
+    program.run([&](Form1& /*form*/) {
+        for (const auto& [name, buttonName] : kMainButtons) {
+            QWidget* window = core::windows().load(QString::fromLatin1(name));
+            ASSERT_NE(window, nullptr) << name;
+            window->show();
+            QApplication::processEvents();
+            auto* button = window->findChild<QAbstractButton*>(QString::fromLatin1(buttonName));
+            ASSERT_NE(button, nullptr) << name;
+            ASSERT_NE(window->focusWidget(), nullptr) << name;
+            const QSignalSpy clicks(button, &QAbstractButton::clicked);
+            const QPointer<QWidget> alive = window;
+            QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+            EXPECT_EQ(clicks.count(), 1) << name;
+            if (alive != nullptr) {
+                core::windows().unload(QString::fromLatin1(name));
+            }
+        }
     });
 }
