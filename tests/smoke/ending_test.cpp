@@ -35,9 +35,11 @@ protected:
     void edit(DesktopSession& session)
     {
         ASSERT_TRUE(session.isUp());
-        ASSERT_TRUE(tilesAppear(WindowParts(session.inside())));
+        const WindowParts parts(session.inside());
+        ASSERT_TRUE(tilesAppear(parts));
         openByPath(session, tree.path("pics/c.pcx"));
-        ASSERT_TRUE(colourAppears(WindowParts(session.inside()).viewer(), kBlue, kPcxSize));
+        ASSERT_TRUE(colourAppears(parts.viewer(), kBlue, kPcxSize));
+        session.click(parts.viewer().center());
         session.key(QStringLiteral("v"));
         ASSERT_TRUE(waitUntil([this] {
             return tree.exists("app/temp.bmp") && tree.exists("app/Frametemp.bmp") &&
@@ -60,7 +62,7 @@ TEST_F(Ending, ComesWithEverySignalThatAsksForIt)
 {
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
         DesktopSession session;
-        edit(session);
+        ASSERT_NO_FATAL_FAILURE(edit(session));
         EXPECT_EQ(session.endBySignal(signal), 0);
         expectCleanEnd();
     }
@@ -69,7 +71,7 @@ TEST_F(Ending, ComesWithEverySignalThatAsksForIt)
 TEST_F(Ending, ComesWhileTheScaleWindowIsOpen)
 {
     DesktopSession session;
-    edit(session);
+    ASSERT_NO_FATAL_FAILURE(edit(session));
     session.keys({QStringLiteral("alt+i"), QStringLiteral("s")});
     ASSERT_TRUE(session.dialogOpens());
     EXPECT_EQ(session.endBySignal(SIGTERM), 0);
@@ -79,7 +81,7 @@ TEST_F(Ending, ComesWhileTheScaleWindowIsOpen)
 TEST_F(Ending, ComesWhileADialogIsOpen)
 {
     DesktopSession session;
-    edit(session);
+    ASSERT_NO_FATAL_FAILURE(edit(session));
     session.keys({QStringLiteral("alt+f"), QStringLiteral("s"), QStringLiteral("Return")});
     ASSERT_TRUE(session.dialogOpens());
     EXPECT_EQ(session.endBySignal(SIGTERM), 0);
@@ -89,7 +91,7 @@ TEST_F(Ending, ComesWhileADialogIsOpen)
 TEST_F(Ending, ComesWhileAMenuIsOpen)
 {
     DesktopSession session;
-    edit(session);
+    ASSERT_NO_FATAL_FAILURE(edit(session));
     const QRect inside = session.inside();
     const QImage before = screen();
     session.key(QStringLiteral("alt+f"));

@@ -49,6 +49,9 @@ TEST_F(Starting, ClearsWhatACrashLeft)
         openByPath(session, tree.path("pics/c.pcx"));
         EXPECT_TRUE(waitUntil([this] { return tree.exists("app/temp.bmp"); }));
         tree.add({"app/openTemp/left.jpg", "opened"});
+        const WindowParts parts(session.inside());
+        EXPECT_TRUE(colourAppears(parts.viewer(), kBlue, kPcxSize));
+        session.click(parts.viewer().center());
         session.key(QStringLiteral("v"));
         EXPECT_TRUE(waitUntil([this] { return tree.exists("app/Frametemp.bmp"); }));
         session.kill();
