@@ -6,8 +6,8 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QScreen>
-#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyle>
 #include <QWheelEvent>
@@ -17,7 +17,8 @@ namespace shell {
 
 namespace {
 
-constexpr int kPopupFrame = 8; // pixels around the list, both sides together
+constexpr int kPopupFrame = 8;       // pixels around the list, both sides together
+constexpr int kMeasuredPaths = 1000; // the newest; lists may be a hundred times as long
 
 } // namespace
 
@@ -32,6 +33,9 @@ FileNameField::FileNameField(QWidget* parent)
     setMaxVisibleItems(20);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(12);
+    if (auto* list = qobject_cast<QListView*>(view())) {
+        list->setUniformItemSizes(true); // else a long list takes seconds to open
+    }
     lineEdit()->setAccessibleName(QStringLiteral("File name"));
     widgets::nameDropDown(*this, QStringLiteral("Recent paths"));
     // Else leaving the field would choose the entry that its text happens to equal.
@@ -44,12 +48,30 @@ void FileNameField::setRecentPaths(const QStringList& paths)
     const QSignalBlocker quiet(this);
     const QString text = currentText();
     clear();
-    const QIcon light = platform::deliveredIcon(QStringLiteral("stoplight"));
+    if (m_light.isNull()) {
+        m_light = platform::deliveredIcon(QStringLiteral("stoplight"));
+    }
     for (qsizetype i = 0; i < paths.size(); ++i) {
-        addItem(light, paths.at(i), QStringLiteral("Signal%1").arg(i));
+        addItem(m_light, paths.at(i), QStringLiteral("Signal%1").arg(i));
     }
     setCurrentIndex(-1);
     setEditText(text);
+}
+
+int FileNameField::widestEntry() const
+{
+    if (count() == 0) {
+        return 0;
+    }
+    const QFontMetrics metrics = view()->fontMetrics();
+    int widest = 0;
+    for (int i = std::max(0, count() - kMeasuredPaths); i < count(); ++i) {
+        widest = std::max(widest, metrics.horizontalAdvance(itemText(i)));
+    }
+    const QModelIndex first = model()->index(0, modelColumn());
+    const int besideText =
+        view()->sizeHintForIndex(first).width() - metrics.horizontalAdvance(itemText(0));
+    return widest + besideText;
 }
 
 // Paths are longer than the field; each is shown in full where the screen has the room.
@@ -58,7 +80,7 @@ void FileNameField::showPopup()
     QAbstractItemView& list = *view();
     const QRect screenArea = screen()->availableGeometry();
     const int bar = list.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &list);
-    const int wanted = list.sizeHintForColumn(0) + bar + kPopupFrame;
+    const int wanted = widestEntry() + bar + kPopupFrame;
     QWidget& popup = *list.parentWidget();
     popup.setMinimumWidth(std::min(wanted, screenArea.width()));
     QComboBox::showPopup();

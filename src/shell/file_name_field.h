@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QIcon>
 #include <QStringList>
 
 namespace shell {
@@ -23,8 +24,11 @@ signals:
     void chosen();  // an entry of the drop-down was chosen; the field holds it
 
 private:
+    [[nodiscard]] int widestEntry() const; // pixels
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+    QIcon m_light; // of each recent path
 };
 
 } // namespace shell

@@ -106,6 +106,8 @@ TEST_F(FileNameFieldTest, DropsDownAsWideAsItsPathsNeed)
     QApplication::processEvents();
     const QAbstractItemView& view = *field.view();
     EXPECT_GE(view.viewport()->width(), view.fontMetrics().horizontalAdvance(longPath));
+    EXPECT_GE(view.visualRect(view.model()->index(1, 0)).width(),
+              view.fontMetrics().horizontalAdvance(longPath));
     EXPECT_LE(view.window()->width(), field.screen()->availableGeometry().width());
     EXPECT_TRUE(field.screen()->availableGeometry().contains(view.window()->frameGeometry()));
     field.hidePopup();
