@@ -153,9 +153,26 @@ TEST_F(ScaleWindow, StaysOpenForASizeBeyondAllMemory)
     press("cmdOk");
     expectNothingHappened(QSize(100, 50));
     EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(ScaleWindow, StaysOpenForASideThatTheViewerDoesNotCount)
+{
+    open(100, 50);
+    control<QCheckBox>("chkKeepProportions")->setChecked(false);
+    for (const char* text : {"32768", "40000", "67000000"}) {
+        width()->setText(text);
+        height()->setText("1");
+        press("cmdOk");
+        expectNothingHappened(QSize(100, 50));
+        width()->setText("1");
+        height()->setText(text);
+        press("cmdOk");
+        expectNothingHappened(QSize(100, 50));
+    }
+    width()->setText("32767");
     height()->setText("3");
     press("cmdOk");
-    EXPECT_EQ(shown().size(), QSize(40000, 3));
+    EXPECT_EQ(shown().size(), QSize(32767, 3));
     EXPECT_FALSE(isOpen());
 }
 
