@@ -12,10 +12,12 @@
 #include "thumbs/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"
 #include "widgets/chameleon_button.h"
+#include "widgets/first_touch.h"
 #include "widgets/title_strip.h"
 
 #include <QPointer>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
@@ -55,6 +57,7 @@ frmThumbnaillist::frmThumbnaillist(QWidget* parent)
     setObjectName("frmThumbnaillist");
     setAccessibleName(tr("Browser"));
     setAttribute(Qt::WA_OpaquePaintEvent);
+    m_touch = std::make_unique<widgets::FirstTouch>(*this);
     m_files.setPattern(core::kPicturePattern);
     // Where the files stay when the folder to start with is missing.
     m_files.setPath(platform::appPath());
@@ -168,10 +171,12 @@ void frmThumbnaillist::File1_PathChange()
     enableButtons(true);
 }
 
-// The first folder is known before the pane may run, and the pane may be active before it is.
+// The first folder is known before the pane may run, and the pane may be active before it is. Most
+// desktops have given the window its size by the time it stands on the screen.
 void frmThumbnaillist::startWhenReady()
 {
-    if (m_activationServed || !m_activationPending || !m_pathKnown || !isVisible()) {
+    if (m_activationServed || !m_activationPending || !m_pathKnown || !isVisible() ||
+        !window()->windowHandle()->isExposed()) {
         return;
     }
     m_activationServed = true;
@@ -189,15 +194,39 @@ void frmThumbnaillist::serveFirstActivation()
     const QString folder = window == nullptr ? m_files.path() : window->Xiala();
     m_firstFolderShown = true;
     m_runWhenShown = false;
+    m_firstRoom = m_list->size();
     const QPointer<frmThumbnaillist> alive = this;
     m_list->setAutoUpdateOnPathchange(true); // still off where the folder to start with is missing
     m_list->setPath(folder);
     if (alive == nullptr) {
         return;
     }
+    followWindow();
+    if (alive == nullptr) {
+        return;
+    }
     m_firstRunEnded = true;
     enableButtons(false);
     enableButtons(true);
+}
+
+// Others have their last word about the size later. Pages that nobody has touched yet are then made
+// again for that size.
+void frmThumbnaillist::followWindow()
+{
+    if (m_following) {
+        return;
+    }
+    m_following = true;
+    const QPointer<frmThumbnaillist> alive = this;
+    while (!m_touch->hasCome() && isVisible() && m_list->size() != m_firstRoom) {
+        m_firstRoom = m_list->size();
+        rebuildThumbnails();
+        if (alive == nullptr) {
+            return;
+        }
+    }
+    m_following = false;
 }
 
 void frmThumbnaillist::setSplitterEnabled(bool enabled)
@@ -254,6 +283,8 @@ int frmThumbnaillist::widthTwips() const
 void frmThumbnaillist::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    window()->installEventFilter(this);
+    window()->windowHandle()->installEventFilter(this);
     activated();
     if (m_runWhenShown && m_firstFolderShown) {
         m_runWhenShown = false;

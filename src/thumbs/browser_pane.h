@@ -6,6 +6,7 @@
 
 #include <QWidget>
 #include <array>
+#include <memory>
 
 class chameleonButton;
 class ThumbNailList;
@@ -16,8 +17,9 @@ class PaneSplitter;
 } // namespace thumbs
 
 namespace widgets {
+class FirstTouch;
 class TitleStrip;
-}
+} // namespace widgets
 
 // The browser pane over the left part of the main window: title strip, folder tree, splitter, a row
 // of buttons, and the thumbnails of the folder. It is a child of the main window, so activation is
@@ -41,8 +43,9 @@ public:
     [[nodiscard]] QWidget& treeHost() { return *m_dir1; }
     void treeSelected(const QString& folder);
 
-    // The pane's side of the main window has become the active one. The first time, after the first
-    // folder is known, this starts the thumbnails; being shown counts as well.
+    // The pane's side of the main window has become the active one. The first time, once the first
+    // folder is known and the window stands on the screen, this starts the thumbnails; being shown
+    // counts as well.
     void activated();
 
     // Goes to a folder as if it were chosen in the tree.
@@ -87,6 +90,7 @@ private:
     void File1_PathChange();
     void serveFirstActivation();
     void startWhenReady();
+    void followWindow();
     void unloadPane();
     void enableButtons(bool enabled);
 
@@ -118,6 +122,10 @@ private:
     bool m_runWhenShown = false;
     bool m_resizing = false;
     bool m_tileKey = false; // a key on the tiles is being handled
+    bool m_following = false;
+    QSize m_firstRoom; // of the thumbnails, which the first pages were made for
+
+    std::unique_ptr<widgets::FirstTouch> m_touch;
 
     widgets::TitleStrip* m_title = nullptr;
     QWidget* m_dir1 = nullptr;

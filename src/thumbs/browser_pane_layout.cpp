@@ -17,6 +17,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
 
 using base::pixelsFromTwips;
@@ -255,6 +256,13 @@ bool frmThumbnaillist::eventFilter(QObject* watched, QEvent* event)
     }
     if (watched == m_list && event->type() == QEvent::KeyPress) {
         return handleTileKey(*static_cast<QKeyEvent*>(event));
+    }
+    if (event->type() == QEvent::Expose) {
+        startWhenReady();
+    }
+    if (watched == window() && event->type() == QEvent::Resize && event->spontaneous() &&
+        m_firstRunEnded) {
+        QTimer::singleShot(0, this, &frmThumbnaillist::followWindow); // when it is laid out
     }
     return QWidget::eventFilter(watched, event);
 }
