@@ -15,9 +15,10 @@ public:
     // Colour depth of the screen.
     [[nodiscard]] virtual int bitsPerPixel() const = 0;
 
-    // Maximises a window, visible or not. Without a window manager nobody else does it, so it takes
-    // the screen's area without panels as its own.
-    virtual void maximise(QWidget& window) = 0;
+    // Asks for a window, visible or not, to be maximised. False: the desktop answers later, by a
+    // state and a size, and may refuse. Without a window manager nobody answers, so the window takes
+    // the screen's area without panels at once.
+    virtual bool maximise(QWidget& window) = 0;
 
     // Opens a document or an address with the program that the user prefers for it.
     virtual bool openDocument(const QString& pathOrUrl) = 0;

@@ -6,10 +6,11 @@
 
 namespace platform {
 
-void FakeDesktop::maximise(QWidget& window)
+bool FakeDesktop::maximise(QWidget& window)
 {
     window.setGeometry(area);
     window.overrideWindowState(Qt::WindowMaximized);
+    return true;
 }
 
 bool FakeDesktop::openDocument(const QString& pathOrUrl)

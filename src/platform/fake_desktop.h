@@ -29,7 +29,7 @@ public:
     QStringList trashed;
 
     int bitsPerPixel() const override { return bits; }
-    void maximise(QWidget& window) override;
+    bool maximise(QWidget& window) override;
     bool openDocument(const QString& pathOrUrl) override;
     bool startProgram(const QString& path, const QStringList& arguments) override;
     void showProperties(const QString& path, QWidget* parent) override;

@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/properties_sheet.h"
 #include "platform/trash.h"
+#include "platform/window_manager.h"
 
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -23,12 +24,14 @@ int QtDesktop::bitsPerPixel() const
     return screen->depth() >= 24 ? 32 : screen->depth();
 }
 
-void QtDesktop::maximise(QWidget& window)
+bool QtDesktop::maximise(QWidget& window)
 {
-    if (const QScreen* const screen = window.screen()) {
+    const bool alone = !hasWindowManager();
+    if (const QScreen* const screen = window.screen(); alone && screen != nullptr) {
         window.setGeometry(screen->availableGeometry());
     }
     window.setWindowState((window.windowState() & ~Qt::WindowMinimized) | Qt::WindowMaximized);
+    return alone;
 }
 
 bool QtDesktop::openDocument(const QString& pathOrUrl)

@@ -8,7 +8,7 @@ namespace platform {
 class QtDesktop : public Desktop {
 public:
     int bitsPerPixel() const override;
-    void maximise(QWidget& window) override;
+    bool maximise(QWidget& window) override;
     bool openDocument(const QString& pathOrUrl) override;
     bool startProgram(const QString& path, const QStringList& arguments) override;
     void showProperties(const QString& path, QWidget* parent) override;

@@ -15,6 +15,7 @@
 #include "shell/cool_bar.h"
 #include "shell/display_host.h"
 #include "shell/file_name_field.h"
+#include "shell/kept_maximised.h"
 #include "shell/menus.h"
 #include "shell/side_activation.h"
 #include "shell/status_bar.h"
@@ -24,6 +25,7 @@
 #include "viewer/picture_viewer.h"
 #include "widgets/avi.h"
 #include "widgets/chameleon_button.h"
+#include "widgets/first_touch.h"
 
 #include <QAction>
 #include <QCursor>
@@ -55,6 +57,8 @@ Form1::Form1()
     setWindowTitle(core::kProgramName);
     setAccessibleName(core::kProgramName);
     core::services().mainWindow = this;
+    m_touch = std::make_unique<widgets::FirstTouch>(*this);
+    m_maximised = std::make_unique<shell::KeptMaximised>(*this);
     buildControls();
 }
 

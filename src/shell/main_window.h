@@ -23,11 +23,16 @@ namespace shell {
 class CoolBar;
 class FileNameField;
 class FillStrip;
+class KeptMaximised;
 class Menus;
 class PanelBar;
 class SideActivation;
 class Toolbars;
 } // namespace shell
+
+namespace widgets {
+class FirstTouch;
+}
 
 namespace viewer {
 class DisplayHost;
@@ -157,7 +162,10 @@ private:
     void resizeForm();
     void placeParts();
     void placeStrips();
+    void placePanView();
     void placeZoomTool();
+    void moveZoomTool();
+    void placeRestoredWindows();
     [[nodiscard]] shell::WindowMeasures measures() const;
     void connectKeys();
     bool runKey(int code);
@@ -189,6 +197,8 @@ private:
     std::unique_ptr<viewer::DisplayHost> m_displayHost;
     std::unique_ptr<viewer::DisplayPipeline> m_pipeline;
     std::unique_ptr<shell::SideActivation> m_activation;
+    std::unique_ptr<widgets::FirstTouch> m_touch;
+    std::unique_ptr<shell::KeptMaximised> m_maximised;
     std::unique_ptr<Avi> m_avi;
     static constexpr QSize kAviSize{40, 30}; // pixels
     QWidget* m_aviHost = nullptr;
@@ -200,6 +210,7 @@ private:
     shell::Extent m_viewerExtent; // twips, in the work area
     bool m_bestFitToggle = false;
     bool m_resizing = false;
+    bool m_pictureRestored = false; // picture mode at start, and not switched since
     bool m_unloaded = false;
     int m_wheelRest = 0; // eighths of a degree not yet taken as a step
 };

@@ -4,12 +4,13 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "platform/desktop.h"
 #include "shell/cool_bar.h"
+#include "shell/kept_maximised.h"
 #include "shell/main_window.h"
 #include "shell/menus.h"
 #include "shell/status_bar.h"
 #include "viewer/picture_viewer.h"
+#include "widgets/first_touch.h"
 
 #include <QMenuBar>
 #include <QResizeEvent>
@@ -46,15 +47,32 @@ void Form1::resizeForm()
     }
     m_resizing = true;
     const auto done = qScopeGuard([this] { m_resizing = false; });
-    const bool normal = (windowState() & (Qt::WindowMinimized | Qt::WindowMaximized)) == 0;
-    if (normal && isVisible() && (windowState() & Qt::WindowFullScreen) == 0) {
-        platform::desktop().maximise(*this);
-    }
+    m_maximised->keep();
     placeStrips();
     if (!isChecked("optView", 11)) {
         m_viewer->PanViewUnload();
     }
     placeParts();
+}
+
+void Form1::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) {
+        resizeForm();
+    }
+}
+
+// A desktop may give the window its size after the modes were restored, even after it was shown. As
+// long as nobody has touched anything, they come out as if they had been restored at that size.
+void Form1::placeRestoredWindows()
+{
+    if (isChecked("optView", 11)) {
+        placePanView();
+    }
+    if (isChecked("optView", 15)) {
+        moveZoomTool();
+    }
 }
 
 shell::WindowMeasures Form1::measures() const
@@ -93,6 +111,9 @@ void Form1::placeParts()
 {
     const shell::WindowMeasures now = measures();
     if (core::state().PictureWide) {
+        if (m_pictureRestored && !m_touch->hasCome()) {
+            m_viewerExtent = shell::pictureLayoutOnSwitch(now, m_viewerExtent);
+        }
         m_viewerExtent = shell::pictureLayoutOnResize(now, m_viewerExtent);
     } else {
         const shell::BrowseLayout layout = shell::browseLayout(now);
@@ -128,6 +149,9 @@ void Form1::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     resizeForm();
+    if (event->spontaneous() && !m_touch->hasCome()) {
+        placeRestoredWindows();
+    }
     if (core::BrowserPane* pane = core::services().browserPane;
         pane != nullptr && core::state().BrowserShown) {
         pane->ThumResize();

@@ -44,6 +44,7 @@ void writeKey(const char* key, const QString& value)
 void Form1::OCbrowse()
 {
     chameleonButton* button = m_toolbars->button(kBrowseButton);
+    m_pictureRestored = false;
     if (!core::state().BrowserShown) {
         core::windows().show(kPaneName);
         core::state().PictureWide = false;
@@ -70,9 +71,7 @@ void Form1::OCbrowse()
 void Form1::Smallfrm()
 {
     if (!isChecked("optView", 11)) {
-        const int viewerTop = m_viewerExtent.top + base::twipsFromPixels(m_client->y());
-        const shell::Extent place = shell::panViewPlace(base::twipsFromPixels(width()), viewerTop);
-        m_viewer->PanViewShow(place.left, place.top, place.width, place.height, true);
+        placePanView();
         m_viewer->PanViewRefresh();
         setChecks("optView", 11, "CmdRight", 10, true);
         writeKey("Panview", kOn);
@@ -81,6 +80,13 @@ void Form1::Smallfrm()
     m_viewer->PanViewHide();
     setChecks("optView", 11, "CmdRight", 10, false);
     writeKey("Panview", kOff);
+}
+
+void Form1::placePanView()
+{
+    const int viewerTop = m_viewerExtent.top + base::twipsFromPixels(m_client->y());
+    const shell::Extent place = shell::panViewPlace(base::twipsFromPixels(width()), viewerTop);
+    m_viewer->PanViewShow(place.left, place.top, place.width, place.height, true);
 }
 
 void Form1::closePanView()
@@ -120,8 +126,16 @@ void Form1::fastZoomshow()
 // Once only: after that the tool stays where the user drags it.
 void Form1::placeZoomTool()
 {
+    const QWidget* const tool = core::windows().load(kZoomToolName);
+    if (tool != nullptr && !tool->testAttribute(Qt::WA_Moved)) {
+        moveZoomTool();
+    }
+}
+
+void Form1::moveZoomTool()
+{
     QWidget* const tool = core::windows().load(kZoomToolName);
-    if (tool == nullptr || tool->testAttribute(Qt::WA_Moved)) {
+    if (tool == nullptr) {
         return;
     }
     const shell::Extent place =

@@ -164,6 +164,7 @@ void Form1::SetLoad()
     const core::ConfigStore& config = *core::services().config;
     core::state().BrowserShown = numberOf(config, "ObcBrowse") == 0;
     OCbrowse();
+    m_pictureRestored = core::state().PictureWide;
     setChecks("optView", 11, nullptr, 0, numberOf(config, "Panview") != 0);
     Smallfrm();
     setChecks("optView", 12, nullptr, 0, numberOf(config, "Scrollshow") != 0);
@@ -244,13 +245,5 @@ void Form1::wheelEvent(QWheelEvent* event)
         nextpic();
     } else {
         prevpic();
-    }
-}
-
-void Form1::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) {
-        resizeForm();
     }
 }

@@ -61,7 +61,7 @@ private:
 class RecordedDesktop : public platform::Desktop {
 public:
     [[nodiscard]] int bitsPerPixel() const override { return 32; }
-    void maximise(QWidget& /*window*/) override {}
+    bool maximise(QWidget& /*window*/) override { return true; }
     bool openDocument(const QString& pathOrUrl) override
     {
         opened.append(pathOrUrl);
