@@ -1,6 +1,7 @@
 # Sourced: displays for a machine without one. startXServer WxH puts an X server up and sets DISPLAY,
-# startVirtualDisplay WxH does so with a window manager, and startWeston WxH puts a Wayland compositor
-# up and sets WAYLAND_DISPLAY. They go when the script ends. Only processes started here are ended.
+# startVirtualDisplay WxH and startTilingDisplay WxH do so with a window manager. startWeston WxH and
+# startSway WxH put a Wayland compositor up and set WAYLAND_DISPLAY. They go when the script ends. Only
+# processes started here are ended.
 virtual_display_pids=()
 
 endVirtualDisplay() {
@@ -49,14 +50,26 @@ startVirtualDisplay() {
     waitUntil hasWindowManager || true
 }
 
-# startWeston WxH [HOST [SCALE]]. The size is counted in units of SCALE pixels. HOST is headless (what
-# it is without one), where nobody can touch pointer or keys, or x11: over the whole of startXServer's
-# display, which has to be as large. It lives in XDG_RUNTIME_DIR, paints without a GPU and lets
-# weston-screenshooter look at the screen, which belongs to the windows alone: there is no panel.
+# The window manager decides on every size itself: a window has the whole screen but for a border and
+# a title, and none is ever maximised.
+startTilingDisplay() {
+    startXServer "$@"
+    printf '%s\n' '# i3 config file (v4)' 'font pango:DejaVu Sans 8' >"$XDG_RUNTIME_DIR/i3.conf"
+    i3 -c "$XDG_RUNTIME_DIR/i3.conf" >/dev/null 2>&1 &
+    virtual_display_pids+=($!)
+    waitUntil hasWindowManager || true
+}
+
+# startWeston WxH [HOST [SCALE [PANEL]]]. The size is counted in units of SCALE pixels. HOST is headless
+# (what it is without one), where nobody can touch pointer or keys, or x11: over the whole of
+# startXServer's display, which has to be as large. PANEL is a side of the screen; without one the
+# screen belongs to the windows alone. It lives in XDG_RUNTIME_DIR, paints without a GPU and lets
+# weston-screenshooter look at the screen.
 startWeston() {
-    local size=${1:-1280x800} host=${2:-headless} scale=${3:-1} name=vistara-display
+    local size=${1:-1280x800} host=${2:-headless} scale=${3:-1} panel=${4:-none}
+    local name=vistara-display
     local socket=$XDG_RUNTIME_DIR/$name
-    printf '%s\n' '[core]' 'idle-time=0' '[shell]' 'panel-position=none' 'locking=false' \
+    printf '%s\n' '[core]' 'idle-time=0' '[shell]' "panel-position=$panel" 'locking=false' \
         'animation=none' 'startup-animation=none' 'close-animation=none' \
         >"$XDG_RUNTIME_DIR/weston.ini"
     weston --backend="$host-backend.so" --use-pixman --debug --socket=$name \
@@ -71,4 +84,33 @@ startWeston() {
     }
     # The whole path, so that a program may have another XDG_RUNTIME_DIR.
     export WAYLAND_DISPLAY=$socket
+    unset SWAYSOCK
+}
+
+# startSway WxH. It tiles as startTilingDisplay does, without border and title, and answers whoever asks
+# to be maximised that the window isn't. It lives in a folder of XDG_RUNTIME_DIR, paints without a GPU
+# and lets grim look at the screen. It refuses to run as root, so root has nobody run it.
+startSway() {
+    local size=${1:-1280x800} as=()
+    local home=$XDG_RUNTIME_DIR/sway
+    mkdir -p "$home"
+    printf '%s\n' "output HEADLESS-1 resolution $size" 'default_border none' 'xwayland disable' \
+        >"$home/config"
+    if [ "$(id -u)" -eq 0 ]; then
+        chmod a+x "$XDG_RUNTIME_DIR"
+        chown -R nobody "$home"
+        as=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
+    fi
+    env -u DISPLAY -u WAYLAND_DISPLAY -u SWAYSOCK HOME="$home" XDG_RUNTIME_DIR="$home" \
+        WLR_BACKENDS=headless WLR_RENDERER=pixman WLR_LIBINPUT_NO_DEVICES=1 \
+        "${as[@]}" sway --config "$home/config" >/dev/null 2>&1 &
+    virtual_display_pids+=($!)
+    trap endVirtualDisplay EXIT
+    waitUntil [ -S "$home/wayland-1" ] || {
+        echo "Sway didn't start." >&2
+        return 1
+    }
+    WAYLAND_DISPLAY=$home/wayland-1
+    SWAYSOCK=$(echo "$home"/sway-ipc.*) # which tells a program what it runs on
+    export WAYLAND_DISPLAY SWAYSOCK
 }

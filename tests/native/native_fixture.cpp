@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -36,15 +37,18 @@ bool hasStarted()
 {
     const core::BrowserPane* pane = core::services().browserPane;
     return mainWindow() != nullptr && platform::folderTree().isOpen() && pane != nullptr &&
-           pane->isFirstFolderShown();
+           (pane->isFirstFolderShown() || core::state().PictureWide);
 }
 
-// Of a maximised window. On Wayland none knows where it is, but what its frame takes.
+// On Wayland no window knows where it is, but what its frame takes, and a maximised one ends where
+// the screen does.
 QPoint innerCorner(const QWidget& window)
 {
     if (QGuiApplication::platformName() == QLatin1String("wayland")) {
         const QMargins frame = window.windowHandle()->frameMargins();
-        return {frame.left(), frame.top()};
+        const QSize screen = window.screen()->size();
+        return {screen.width() - frame.right() - window.width(),
+                screen.height() - frame.bottom() - window.height()};
     }
     return window.mapToGlobal(QPoint(0, 0));
 }
@@ -79,7 +83,7 @@ void NativeTest::run(const std::function<void(Form1&)>& script)
             return;
         }
         poll.stop();
-        if (hasStarted() && tilesAppear(*mainWindow())) {
+        if (hasStarted() && (core::state().PictureWide || tilesAppear(*mainWindow()))) {
             ran = true;
             script(*mainWindow());
         }

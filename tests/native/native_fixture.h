@@ -22,8 +22,9 @@ class NativeTest : public testing::Test {
 protected:
     void SetUp() override;
 
-    // Starts the program. Once the tiles of the first folder stand on the screen the script runs;
-    // then the main window closes, unless the script has seen to that.
+    // Starts the program. Once the tiles of the first folder stand on the screen the script runs; in
+    // picture mode, which has none, as soon as the program is up. Then the main window closes, unless
+    // the script has seen to that.
     void run(const std::function<void(Form1&)>& script);
 
     // Opens a modal window by the first function and works in it by the second. The window is
@@ -31,8 +32,7 @@ protected:
     static void inModalWindow(const std::function<void()>& open,
                               const std::function<void(QWidget&)>& work);
 
-    // Where a part of the main window is on the screen. That window starts in the upper left
-    // corner.
+    // Where a part of the main window is on the screen. That window ends in the lower right corner.
     static QRect onScreen(const QWidget& part);
     // The middle of what has a colour on the screen within a part, as a place of that part.
     static QPoint placeOf(const QWidget& part, QColor colour);

@@ -81,6 +81,22 @@ QImage shotByWeston()
                : QImage(folder.filePath(shots.first())).convertToFormat(QImage::Format_RGB32);
 }
 
+QImage shotBySway()
+{
+    QProcess shooter;
+    shooter.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    shooter.start(QStringLiteral("grim"),
+                  {QStringLiteral("-t"), QStringLiteral("ppm"), QStringLiteral("-")});
+    shooter.waitForFinished(kPatience);
+    return QImage::fromData(shooter.readAllStandardOutput(), "PPM")
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+QImage shotOfCompositor()
+{
+    return qEnvironmentVariableIsSet("SWAYSOCK") ? shotBySway() : shotByWeston();
+}
+
 } // namespace
 
 QImage screen()
@@ -88,7 +104,7 @@ QImage screen()
     QScreen* const whole = QGuiApplication::primaryScreen();
     const bool wayland = QGuiApplication::platformName() == QLatin1String("wayland");
     const QImage shot = wayland
-                            ? shotByWeston()
+                            ? shotOfCompositor()
                             : whole->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
     return shot.scaled(shot.size() / whole->devicePixelRatio());
 }
