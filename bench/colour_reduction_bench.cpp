@@ -5,7 +5,7 @@
 // Prints the milliseconds of the median repetition and the mean squared error of a channel. A
 // second file with the same picture, reduced by another program, is measured the same way.
 
-#include "platform/colour_reduction.h"
+#include "platform/pictures/colour_reduction.h"
 
 #include <QImage>
 #include <algorithm>

@@ -7,9 +7,9 @@
 
 #include "editing/jpeg_window.h"
 #include "editing/working_files.h"
-#include "platform/jpeg_converter.h"
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/jpeg_converter.h"
+#include "platform/pictures/picture_loader.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

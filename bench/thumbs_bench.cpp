@@ -4,9 +4,9 @@
 //   reading the
 //                                            folder and decoding its first file
 #include "core/constants.h"
-#include "platform/file_list.h"
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
+#include "platform/os/file_list.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/picture_fit.h"
 #include "thumbs/thumbnail_list.h"

@@ -4,8 +4,8 @@
 //
 // Prints the pictures a second. Nothing is shown or written.
 
-#include "platform/picture_loader.h"
-#include "platform/transfers.h"
+#include "platform/pictures/picture_loader.h"
+#include "platform/pictures/transfers.h"
 
 #include <QString>
 #include <chrono>

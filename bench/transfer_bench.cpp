@@ -7,8 +7,8 @@
 // beside a plain copy of its bytes. Prints the milliseconds of the fastest repetition, which other
 // programs disturb least, and the ratio.
 
-#include "platform/large_image.h"
-#include "platform/transfers.h"
+#include "platform/pictures/large_image.h"
+#include "platform/pictures/transfers.h"
 
 #include <QGuiApplication>
 #include <QPainter>

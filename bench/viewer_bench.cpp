@@ -3,7 +3,7 @@
 // What is painted depends on what is visible, so both must cost nearly the same. Each step ends
 // with the window painted. Prints microseconds a step (the median) and the ratio; runs offscreen.
 
-#include "platform/paths.h"
+#include "platform/os/paths.h"
 #include "viewer/pan_view_window.h"
 #include "viewer/picture_viewer.h"
 

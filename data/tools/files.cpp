@@ -1,6 +1,6 @@
 #include "files.h"
 
-#include "platform/jpeg_encoder.h"
+#include "platform/pictures/jpeg_encoder.h"
 
 #include <QBuffer>
 #include <QImage>

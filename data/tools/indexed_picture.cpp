@@ -1,7 +1,7 @@
 #include "indexed_picture.h"
 
 #include "formats/gif_writer.h"
-#include "platform/colour_reduction.h"
+#include "platform/pictures/colour_reduction.h"
 
 #include <algorithm>
 #include <vector>

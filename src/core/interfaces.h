@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/constants.h"
-#include "platform/picture.h"
-#include "platform/picture_box.h"
+#include "platform/pictures/picture.h"
+#include "platform/pictures/picture_box.h"
 
 #include <QString>
 
@@ -81,8 +81,8 @@ public:
     virtual void colorChagne() = 0;
     virtual void OCbrowse() = 0;
     virtual void Smallfrm() = 0;
-    // Checks the entry of the pan view and runs Smallfrm, so that the pan view ends up closed whether
-    // it was open or not, and its key written.
+    // Checks the entry of the pan view and runs Smallfrm, so that the pan view ends up closed
+    // whether it was open or not, and its key written.
     virtual void closePanView() = 0;
     virtual void Scrollshow() = 0;
     virtual void Dragpic() = 0;

@@ -1,7 +1,7 @@
 #include "core/window_registry.h"
 
-#include "platform/pointer.h"
-#include "platform/pump.h"
+#include "platform/desktop/pointer.h"
+#include "platform/desktop/pump.h"
 
 #include <QApplication>
 #include <QCloseEvent>

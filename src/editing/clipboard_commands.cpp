@@ -4,9 +4,9 @@
 #include "core/state.h"
 #include "editing/picture_test.h"
 #include "editing/working_files.h"
-#include "platform/clipboard.h"
-#include "platform/picture_box.h"
-#include "platform/picture_loader.h"
+#include "platform/desktop/clipboard.h"
+#include "platform/pictures/picture_box.h"
+#include "platform/pictures/picture_loader.h"
 
 namespace editing {
 

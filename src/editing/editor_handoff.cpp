@@ -6,10 +6,10 @@
 #include "editing/picture_test.h"
 #include "editing/working_files.h"
 #include "files/text_list.h"
-#include "platform/desktop.h"
-#include "platform/paths.h"
-#include "platform/picture_box.h"
-#include "platform/pointer.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/pointer.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_box.h"
 
 namespace editing {
 

@@ -1,8 +1,8 @@
 #include "editing/gif_export.h"
 
 #include "formats/gif_writer.h"
-#include "platform/colour_reduction.h"
-#include "platform/files.h"
+#include "platform/os/files.h"
+#include "platform/pictures/colour_reduction.h"
 
 #include <new>
 #include <vector>

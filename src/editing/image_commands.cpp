@@ -6,9 +6,9 @@
 #include "editing/picture_test.h"
 #include "editing/transforms.h"
 #include "editing/working_files.h"
-#include "platform/dialogs.h"
-#include "platform/pointer.h"
-#include "platform/pump.h"
+#include "platform/desktop/dialogs.h"
+#include "platform/desktop/pointer.h"
+#include "platform/desktop/pump.h"
 
 #include <QWidget>
 #include <algorithm>

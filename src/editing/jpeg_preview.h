@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/jpeg_converter.h"
+#include "platform/pictures/jpeg_converter.h"
 
 #include <QString>
 #include <chrono>

@@ -2,10 +2,10 @@
 
 #include "base/numbers.h"
 #include "editing/working_files.h"
-#include "platform/dialogs.h"
-#include "platform/files.h"
-#include "platform/pointer.h"
-#include "platform/pump.h"
+#include "platform/desktop/dialogs.h"
+#include "platform/desktop/pointer.h"
+#include "platform/desktop/pump.h"
+#include "platform/os/files.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

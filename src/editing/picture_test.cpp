@@ -2,8 +2,8 @@
 
 #include "core/constants.h"
 #include "core/interfaces.h"
-#include "platform/dialogs.h"
-#include "platform/pointer.h"
+#include "platform/desktop/dialogs.h"
+#include "platform/desktop/pointer.h"
 
 namespace editing {
 

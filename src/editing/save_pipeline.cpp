@@ -7,13 +7,13 @@
 #include "editing/jpeg_window.h"
 #include "editing/picture_test.h"
 #include "editing/working_files.h"
-#include "platform/dialogs.h"
-#include "platform/files.h"
-#include "platform/paths.h"
-#include "platform/picture_box.h"
-#include "platform/picture_loader.h"
-#include "platform/picture_saver.h"
-#include "platform/pointer.h"
+#include "platform/desktop/dialogs.h"
+#include "platform/desktop/pointer.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_box.h"
+#include "platform/pictures/picture_loader.h"
+#include "platform/pictures/picture_saver.h"
 
 namespace editing {
 

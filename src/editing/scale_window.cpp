@@ -6,7 +6,7 @@
 #include "core/state.h"
 #include "editing/transforms.h"
 #include "editing/working_files.h"
-#include "platform/pointer.h"
+#include "platform/desktop/pointer.h"
 #include "widgets/focus_field.h"
 
 #include <QCheckBox>

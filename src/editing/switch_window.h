@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/file_list.h"
+#include "platform/os/file_list.h"
 #include "widgets/strip_window.h"
 
 class QComboBox;

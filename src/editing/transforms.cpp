@@ -1,7 +1,7 @@
 #include "editing/transforms.h"
 
-#include "platform/large_image.h"
-#include "platform/transfers.h"
+#include "platform/pictures/large_image.h"
+#include "platform/pictures/transfers.h"
 
 #include <QtGlobal>
 

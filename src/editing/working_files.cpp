@@ -2,11 +2,11 @@
 
 #include "core/interfaces.h"
 #include "editing/picture_test.h"
-#include "platform/files.h"
-#include "platform/paths.h"
-#include "platform/picture_box.h"
-#include "platform/picture_loader.h"
-#include "platform/picture_saver.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_box.h"
+#include "platform/pictures/picture_loader.h"
+#include "platform/pictures/picture_saver.h"
 
 namespace editing {
 

@@ -2,7 +2,7 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
-#include "platform/dialogs.h"
+#include "platform/desktop/dialogs.h"
 #include "widgets/window_parts.h"
 
 #include <QDynamicPropertyChangeEvent>

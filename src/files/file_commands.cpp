@@ -4,13 +4,13 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "files/classification.h"
-#include "platform/delivered_icon.h"
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
-#include "platform/files.h"
-#include "platform/folder_reader.h"
-#include "platform/paths.h"
-#include "platform/picture_saver.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/dialogs.h"
+#include "platform/os/files.h"
+#include "platform/os/folder_reader.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/delivered_icon.h"
+#include "platform/pictures/picture_saver.h"
 
 #include <QApplication>
 #include <QWidget>

@@ -6,10 +6,10 @@
 #include "core/window_registry.h"
 #include "files/classification.h"
 #include "files/size_text.h"
-#include "platform/files.h"
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
-#include "platform/pointer.h"
+#include "platform/desktop/pointer.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
 
 #include <QWidget>
 

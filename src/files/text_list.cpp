@@ -1,8 +1,8 @@
 #include "files/text_list.h"
 
 #include "core/config_store.h"
-#include "platform/files.h"
-#include "platform/paths.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
 
 #include <QFile>
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "metafile_helper/answer_writer.h"
 
-#include "platform/metafile_answer.h"
+#include "platform/pictures/metafile_answer.h"
 
 #include <QtEndian>
 #include <cerrno>

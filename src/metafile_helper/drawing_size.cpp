@@ -1,7 +1,7 @@
 #include "metafile_helper/drawing_size.h"
 
 #include "base/byte_reader.h"
-#include "platform/metafile_answer.h"
+#include "platform/pictures/metafile_answer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -6,7 +6,7 @@
 #include "metafile_helper/process_limits.h"
 #include "metafile_helper/wmf_drawing.h"
 
-#include "platform/metafile_answer.h"
+#include "platform/pictures/metafile_answer.h"
 
 #include <QGuiApplication>
 #include <cstdlib>

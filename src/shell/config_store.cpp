@@ -1,8 +1,8 @@
 #include "shell/config_store.h"
 
 #include "core/constants.h"
-#include "platform/paths.h"
-#include "platform/profile.h"
+#include "platform/os/paths.h"
+#include "platform/os/profile.h"
 
 namespace shell {
 

@@ -1,6 +1,6 @@
 #include "shell/file_name_field.h"
 
-#include "platform/delivered_icon.h"
+#include "platform/pictures/delivered_icon.h"
 #include "widgets/window_parts.h"
 
 #include <QAbstractItemView>

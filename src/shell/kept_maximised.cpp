@@ -1,6 +1,6 @@
 #include "shell/kept_maximised.h"
 
-#include "platform/desktop.h"
+#include "platform/desktop/desktop.h"
 
 #include <QEvent>
 #include <QScopeGuard>

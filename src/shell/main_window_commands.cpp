@@ -6,7 +6,7 @@
 #include "editing/clipboard_commands.h"
 #include "editing/editor_handoff.h"
 #include "editing/save_pipeline.h"
-#include "platform/registry.h"
+#include "platform/os/registry.h"
 #include "shell/main_window.h"
 #include "shell/menus.h"
 #include "shell/status_bar.h"

@@ -1,7 +1,7 @@
 #include "shell/picture_window.h"
 
 #include "core/constants.h"
-#include "platform/paths.h"
+#include "platform/os/paths.h"
 
 #include <QGuiApplication>
 #include <QLabel>

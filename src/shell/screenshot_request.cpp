@@ -4,7 +4,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "platform/folder_tree.h"
+#include "platform/desktop/folder_tree.h"
 
 #include <QPixmap>
 #include <QTimerEvent>

@@ -2,10 +2,10 @@
 
 #include "core/config_store.h"
 #include "core/constants.h"
-#include "platform/file_list.h"
-#include "platform/files.h"
-#include "platform/paths.h"
-#include "platform/subfolders.h"
+#include "platform/os/file_list.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+#include "platform/os/subfolders.h"
 
 namespace shell {
 

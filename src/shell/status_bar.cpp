@@ -1,6 +1,6 @@
 #include "shell/status_bar.h"
 
-#include "platform/screen_flush.h"
+#include "platform/desktop/screen_flush.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -4,8 +4,8 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "platform/desktop.h"
-#include "platform/paths.h"
+#include "platform/desktop/desktop.h"
+#include "platform/os/paths.h"
 #include "shell/main_window.h"
 #include "viewer/display_pipeline.h"
 

@@ -1,6 +1,6 @@
 #include "shell/toolbars.h"
 
-#include "platform/paths.h"
+#include "platform/os/paths.h"
 #include "shell/command_table.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/focus_ring.h"

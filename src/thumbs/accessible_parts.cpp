@@ -1,6 +1,6 @@
 #include "thumbs/accessible_parts.h"
 
-#include "platform/paths.h"
+#include "platform/os/paths.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/interfaces.h"
-#include "platform/file_list.h"
+#include "platform/os/file_list.h"
 #include "thumbs/pane_layout.h"
 
 #include <QWidget>

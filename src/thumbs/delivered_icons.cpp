@@ -1,7 +1,7 @@
 #include "thumbs/delivered_icons.h"
 
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
 
 namespace thumbs {
 

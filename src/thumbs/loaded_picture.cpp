@@ -1,6 +1,6 @@
 #include "thumbs/loaded_picture.h"
 
-#include "platform/transfers.h"
+#include "platform/pictures/transfers.h"
 
 namespace thumbs {
 

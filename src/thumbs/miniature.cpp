@@ -3,9 +3,9 @@
 #include "files/classification.h"
 #include "formats/format.h"
 #include "formats/hooks.h"
-#include "platform/files.h"
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
 #include "thumbs/picture_fit.h"
 #include "viewer/raw_image_show.h"
 

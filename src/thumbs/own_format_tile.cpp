@@ -1,6 +1,6 @@
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
-#include "platform/picture_saver.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
+#include "platform/pictures/picture_saver.h"
 #include "thumbs/thumbnail_list.h"
 #include "viewer/raw_image_show.h"
 

@@ -1,6 +1,6 @@
 #include "thumbs/page_sheet.h"
 
-#include "platform/transfers.h"
+#include "platform/pictures/transfers.h"
 
 #include <cmath>
 

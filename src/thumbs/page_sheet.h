@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/colours.h"
-#include "platform/picture_box.h"
+#include "platform/pictures/picture_box.h"
 #include "thumbs/frame_layout.h"
 #include "thumbs/tile_grid.h"
 

@@ -1,7 +1,7 @@
 #include "thumbs/thumbnail_list.h"
 
 #include "core/constants.h"
-#include "platform/system_memory.h"
+#include "platform/os/system_memory.h"
 #include "thumbs/accessible_parts.h"
 #include "thumbs/frame_layout.h"
 #include "thumbs/gallery_run.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/interfaces.h"
-#include "platform/file_list.h"
-#include "platform/picture.h"
+#include "platform/os/file_list.h"
+#include "platform/pictures/picture.h"
 #include "thumbs/loaded_picture.h"
 #include "thumbs/page_sheet.h"
 #include "thumbs/thumbnail_settings.h"

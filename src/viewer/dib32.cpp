@@ -1,6 +1,6 @@
 #include "viewer/dib32.h"
 
-#include "platform/transfers.h"
+#include "platform/pictures/transfers.h"
 
 #include <QColor>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/colours.h"
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 
 #include <QImage>
 

@@ -2,9 +2,9 @@
 
 #include "base/numbers.h"
 #include "core/state.h"
-#include "platform/file_list.h"
-#include "platform/paths.h"
-#include "platform/pump.h"
+#include "platform/desktop/pump.h"
+#include "platform/os/file_list.h"
+#include "platform/os/paths.h"
 
 #include <QScopedValueRollback>
 

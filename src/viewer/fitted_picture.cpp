@@ -1,6 +1,6 @@
 #include "viewer/fitted_picture.h"
 
-#include "platform/transfers.h"
+#include "platform/pictures/transfers.h"
 
 namespace viewer {
 

@@ -1,10 +1,10 @@
 #include "viewer/open_psd.h"
 
 #include "core/interfaces.h"
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
-#include "platform/picture_saver.h"
-#include "platform/pointer.h"
+#include "platform/desktop/pointer.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
+#include "platform/pictures/picture_saver.h"
 #include "viewer/raw_image_show.h"
 
 #include <tuple>

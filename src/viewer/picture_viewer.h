@@ -2,7 +2,7 @@
 
 #include "base/colours.h"
 #include "core/interfaces.h"
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 #include "viewer/dib32.h"
 #include "viewer/fitted_picture.h"
 #include "viewer/viewer_cursors.h"

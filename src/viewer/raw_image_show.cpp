@@ -2,8 +2,8 @@
 
 #include "core/state.h"
 #include "formats/format.h"
-#include "platform/paths.h"
-#include "platform/transfers.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/transfers.h"
 
 #include <algorithm>
 #include <iterator>

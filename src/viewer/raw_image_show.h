@@ -1,7 +1,7 @@
 #pragma once
 
 #include "formats/raw_image.h"
-#include "platform/picture_box.h"
+#include "platform/pictures/picture_box.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "viewer/viewer_cursors.h"
 
-#include "platform/files.h"
-#include "platform/paths.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
 
 #include <QPixmap>
 

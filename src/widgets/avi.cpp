@@ -1,6 +1,6 @@
 #include "widgets/avi.h"
 
-#include "platform/files.h"
+#include "platform/os/files.h"
 #include "widgets/avi_reader.h"
 #include "widgets/colour_conversion.h"
 #include "widgets/masked_picture.h"

@@ -1,6 +1,6 @@
 #include "widgets/colour_swatch.h"
 
-#include "platform/dialogs.h"
+#include "platform/desktop/dialogs.h"
 #include "widgets/colour_conversion.h"
 
 #include <QPainter>

@@ -1,9 +1,9 @@
 #include "widgets/scaled_picture.h"
 
-#include "platform/delivered_icon.h"
-#include "platform/files.h"
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/delivered_icon.h"
+#include "platform/pictures/picture_loader.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/picture.h"
+#include "platform/pictures/picture.h"
 
-#include "platform/delivered_icon.h"
+#include "platform/pictures/delivered_icon.h"
 
 #include <QImage>
 #include <QSize>

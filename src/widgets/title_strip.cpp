@@ -2,8 +2,8 @@
 
 #include "core/config_store.h"
 #include "core/services.h"
-#include "platform/paths.h"
-#include "platform/picture_loader.h"
+#include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
 #include "widgets/colour_conversion.h"
 #include "widgets/window_drag.h"
 

@@ -1,7 +1,7 @@
 #include "widgets/transform.h"
 
-#include "platform/dialogs.h"
-#include "platform/picture_box.h"
+#include "platform/desktop/dialogs.h"
+#include "platform/pictures/picture_box.h"
 #include "widgets/transparent_runs.h"
 #include "widgets/window_drag.h"
 

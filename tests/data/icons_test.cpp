@@ -1,6 +1,6 @@
 #include "base/byte_reader.h"
 #include "delivered_files.h"
-#include "platform/picture_loader.h"
+#include "platform/pictures/picture_loader.h"
 
 #include <gtest/gtest.h>
 

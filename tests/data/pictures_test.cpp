@@ -2,7 +2,7 @@
 
 #include "formats/gif_reading.h"
 #include "formats/gif_writer.h"
-#include "platform/jpeg_encoder.h"
+#include "platform/pictures/jpeg_encoder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "delivered_files.h"
-#include "platform/file_list.h"
-#include "platform/paths.h"
+#include "platform/os/file_list.h"
+#include "platform/os/paths.h"
 
 #include <QBuffer>
 #include <QImageReader>

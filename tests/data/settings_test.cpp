@@ -1,4 +1,4 @@
-#include "platform/profile.h"
+#include "platform/os/profile.h"
 
 #include <QString>
 #include <gtest/gtest.h>

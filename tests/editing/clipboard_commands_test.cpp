@@ -1,7 +1,7 @@
 #include "editing/clipboard_commands.h"
 
 #include "editing/edit_fixture.h"
-#include "platform/clipboard.h"
+#include "platform/desktop/clipboard.h"
 #include "support/full_disk.h"
 
 #include <QClipboard>

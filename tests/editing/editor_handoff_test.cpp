@@ -2,7 +2,7 @@
 
 #include "editing/edit_fixture.h"
 #include "files/text_list.h"
-#include "platform/qt_desktop.h"
+#include "platform/desktop/qt_desktop.h"
 #include "support/full_disk.h"
 
 using editing::FilterMenu;

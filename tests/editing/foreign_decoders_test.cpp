@@ -3,8 +3,8 @@
 #include "editing/gif_export.h"
 
 #include "editing/edit_fixture.h"
-#include "platform/jpeg_converter.h"
-#include "platform/picture_saver.h"
+#include "platform/pictures/jpeg_converter.h"
+#include "platform/pictures/picture_saver.h"
 
 #include <QProcess>
 #include <random>

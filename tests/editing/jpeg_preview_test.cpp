@@ -1,7 +1,7 @@
 #include "editing/jpeg_preview.h"
 
-#include "platform/picture_saver.h"
-#include "platform/test_images.h"
+#include "platform/pictures/picture_saver.h"
+#include "platform/pictures/test_images.h"
 #include "support/temp_tree.h"
 
 using editing::JpegPreview;

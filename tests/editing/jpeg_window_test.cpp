@@ -1,7 +1,7 @@
 #include "editing/jpeg_window.h"
 
 #include "editing/edit_fixture.h"
-#include "platform/picture_saver.h"
+#include "platform/pictures/picture_saver.h"
 #include "widgets/title_strip.h"
 
 #include <QLabel>

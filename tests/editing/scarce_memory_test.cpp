@@ -8,8 +8,8 @@
 #include "editing/image_commands.h"
 #include "editing/transforms.h"
 #include "editing/working_files.h"
-#include "platform/clipboard.h"
-#include "platform/large_image.h"
+#include "platform/desktop/clipboard.h"
+#include "platform/pictures/large_image.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,6 +1,6 @@
 #include "editing/transforms.h"
 
-#include "platform/test_images.h"
+#include "platform/pictures/test_images.h"
 
 #include <gtest/gtest.h>
 

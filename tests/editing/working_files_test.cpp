@@ -4,7 +4,7 @@
 #include "editing/edit_fixture.h"
 #include "editing/editor_handoff.h"
 #include "editing/image_commands.h"
-#include "platform/clipboard.h"
+#include "platform/desktop/clipboard.h"
 
 #include <QLineEdit>
 #include <QPushButton>

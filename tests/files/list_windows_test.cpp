@@ -1,6 +1,6 @@
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
-#include "platform/fake_dialogs.h"
+#include "support/fake_dialogs.h"
 #include "support/fake_main_window.h"
 #include "support/temp_tree.h"
 

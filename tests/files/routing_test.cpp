@@ -3,8 +3,8 @@
 #include "core/player_window.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "platform/picture_saver.h"
-#include "platform/pointer.h"
+#include "platform/desktop/pointer.h"
+#include "platform/pictures/picture_saver.h"
 #include "support/fake_main_window.h"
 #include "support/temp_tree.h"
 

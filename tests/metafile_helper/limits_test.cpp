@@ -1,9 +1,9 @@
 // What a hostile metafile can take from the system, with the real helper program.
 
 #include "metafile_helper/metafile_files.h"
-#include "platform/helper_process.h"
-#include "platform/metafile_answer.h"
-#include "platform/metafile_reader.h"
+#include "platform/os/helper_process.h"
+#include "platform/pictures/metafile_answer.h"
+#include "platform/pictures/metafile_reader.h"
 #include "support/temp_tree.h"
 
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #include "metafile_helper/metafile_files.h"
-#include "platform/metafile_reader.h"
-#include "platform/picture_loader.h"
+#include "platform/pictures/metafile_reader.h"
+#include "platform/pictures/picture_loader.h"
 #include "support/temp_tree.h"
 
 #include <QFile>

@@ -1,5 +1,5 @@
 #include "native/native_fixture.h"
-#include "platform/qt_desktop.h"
+#include "platform/desktop/qt_desktop.h"
 #include "viewer/picture_viewer.h"
 
 #include <QAbstractButton>

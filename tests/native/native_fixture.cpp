@@ -5,10 +5,10 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "native/hand.h"
-#include "platform/delivered_files.h"
-#include "platform/folder_tree.h"
-#include "platform/profile.h"
-#include "platform/pump.h"
+#include "platform/desktop/folder_tree.h"
+#include "platform/desktop/pump.h"
+#include "platform/os/delivered_files.h"
+#include "platform/os/profile.h"
 #include "shell/program.h"
 
 #include <QApplication>

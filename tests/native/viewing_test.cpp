@@ -2,7 +2,7 @@
 #include "formats/hooks.h"
 #include "native/hand.h"
 #include "native/native_fixture.h"
-#include "platform/picture_saver.h"
+#include "platform/pictures/picture_saver.h"
 #include "viewer/picture_viewer.h"
 
 #include <QPainter>

@@ -1,7 +1,7 @@
 #include "core/window_registry.h"
 #include "native/hand.h"
 #include "native/native_fixture.h"
-#include "platform/picture_saver.h"
+#include "platform/pictures/picture_saver.h"
 #include "shell/menus.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
 #include "core/services.h"
 #include "core/state.h"
-#include "platform/folder_tree.h"
+#include "platform/desktop/folder_tree.h"
 #include "shell/running_program.h"
 #include "thumbs/browser_pane.h"
 #include "thumbs/thumbnail_list.h"

@@ -1,6 +1,6 @@
 #include "core/state.h"
-#include "platform/clipboard.h"
-#include "platform/pointer.h"
+#include "platform/desktop/clipboard.h"
+#include "platform/desktop/pointer.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
 #include "thumbs/page_viewport.h"

@@ -1,6 +1,6 @@
 #include "base/twips.h"
 #include "core/constants.h"
-#include "platform/paths.h"
+#include "platform/os/paths.h"
 #include "shell/menus.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"

@@ -1,7 +1,7 @@
 #include "core/interfaces.h"
 #include "core/services.h"
 #include "core/state.h"
-#include "platform/pointer.h"
+#include "platform/desktop/pointer.h"
 #include "shell/menus.h"
 #include "shell/running_program.h"
 #include "viewer/picture_viewer.h"

@@ -1,4 +1,4 @@
-#include "platform/registry.h"
+#include "platform/os/registry.h"
 #include "support/temp_tree.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "platform/pointer.h"
+#include "platform/desktop/pointer.h"
 #include "shell/menus.h"
 #include "shell/running_program.h"
 #include "shell/tab_stops.h"

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/window_registry.h"
-#include "platform/fake_desktop.h"
-#include "platform/fake_dialogs.h"
-#include "platform/file_list.h"
+#include "platform/os/file_list.h"
 #include "shell/main_window.h"
+#include "support/fake_desktop.h"
+#include "support/fake_dialogs.h"
 #include "support/temp_tree.h"
 
 #include <QStringList>

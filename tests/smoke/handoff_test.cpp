@@ -1,5 +1,5 @@
-#include "platform/picture_loader.h"
-#include "platform/picture_saver.h"
+#include "platform/pictures/picture_loader.h"
+#include "platform/pictures/picture_saver.h"
 #include "smoke/smoke_fixture.h"
 
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "smoke/smoke_fixture.h"
 
-#include "platform/profile.h"
+#include "platform/os/profile.h"
 
 namespace smoke {
 

@@ -3,7 +3,7 @@
 #include "core/config_store.h"
 #include "core/interfaces.h"
 #include "core/services.h"
-#include "platform/file_list.h"
+#include "platform/os/file_list.h"
 
 #include <QPoint>
 #include <QStringList>

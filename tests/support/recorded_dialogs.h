@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/desktop.h"
-#include "platform/dialogs.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/dialogs.h"
 
 #include <QStringList>
 #include <functional>

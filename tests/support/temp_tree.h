@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/files.h"
-#include "platform/paths.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
 
 #include <QByteArray>
 #include <QString>

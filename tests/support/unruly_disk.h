@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/disk.h"
+#include "platform/os/disk.h"
 
 #include <algorithm>
 #include <array>

@@ -3,9 +3,9 @@
 #include "base/twips.h"
 #include "core/window_registry.h"
 #include "pane_fixture.h"
-#include "platform/folder_tree.h"
-#include "platform/pointer.h"
-#include "platform/registry.h"
+#include "platform/desktop/folder_tree.h"
+#include "platform/desktop/pointer.h"
+#include "platform/os/registry.h"
 #include "thumbs/pane_layout.h"
 #include "widgets/title_strip.h"
 

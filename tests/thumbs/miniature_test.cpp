@@ -2,7 +2,7 @@
 
 #include "core/state.h"
 #include "formats/hooks.h"
-#include "platform/picture_saver.h"
+#include "platform/pictures/picture_saver.h"
 #include "support/temp_tree.h"
 
 #include <QImage>

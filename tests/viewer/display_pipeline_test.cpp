@@ -1,6 +1,6 @@
 #include "core/state.h"
-#include "platform/file_list.h"
-#include "platform/pump.h"
+#include "platform/desktop/pump.h"
+#include "platform/os/file_list.h"
 #include "support/temp_tree.h"
 #include "viewer/display_pipeline.h"
 

@@ -1,6 +1,6 @@
 #include "core/state.h"
 #include "formats/hooks.h"
-#include "platform/picture_loader.h"
+#include "platform/pictures/picture_loader.h"
 #include "support/temp_tree.h"
 #include "test_pictures.h"
 #include "viewer/open_psd.h"

@@ -1,4 +1,4 @@
-#include "platform/picture_loader.h"
+#include "platform/pictures/picture_loader.h"
 #include "viewer_window.h"
 
 #include <QPainter>

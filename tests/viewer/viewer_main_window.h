@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/pointer.h"
+#include "platform/desktop/pointer.h"
 #include "support/fake_main_window.h"
 #include "viewer/picture_viewer.h"
 

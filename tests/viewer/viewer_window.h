@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/fake_dialogs.h"
+#include "support/fake_dialogs.h"
 #include "support/temp_tree.h"
 #include "test_pictures.h"
 #include "viewer/picture_viewer.h"

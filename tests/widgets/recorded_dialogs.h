@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/dialogs.h"
+#include "platform/desktop/dialogs.h"
 
 // Dialogs that answer what they are told, and write down what they were asked.
 class RecordedDialogs : public platform::Dialogs {

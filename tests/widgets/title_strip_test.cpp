@@ -2,7 +2,7 @@
 
 #include "core/config_store.h"
 #include "core/services.h"
-#include "platform/paths.h"
+#include "platform/os/paths.h"
 
 #include <QAbstractButton>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "widgets/transform.h"
 
-#include "platform/picture_box.h"
+#include "platform/pictures/picture_box.h"
 #include "recorded_dialogs.h"
 
 #include <QPainter>

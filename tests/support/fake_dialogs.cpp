@@ -1,0 +1,67 @@
+#include "support/fake_dialogs.h"
+
+namespace platform {
+
+template<typename Answer> Answer FakeDialogs::next(std::deque<Answer>& answers)
+{
+    if (whileOpen) {
+        whileOpen();
+    }
+    Answer answer = Answer();
+    if (!answers.empty()) {
+        answer = std::move(answers.front());
+        answers.pop_front();
+    }
+    return answer;
+}
+
+QStringList FakeDialogs::boxTexts() const
+{
+    QStringList texts;
+    for (const Box& box : boxes) {
+        texts.append(box.text);
+    }
+    return texts;
+}
+
+void FakeDialogs::showMessage(const QString& text, const QString& title, BoxIcon icon)
+{
+    boxes.push_back({text, title, icon});
+    if (whileOpen) {
+        whileOpen();
+    }
+}
+
+bool FakeDialogs::askYesNo(const QString& text, const QString& title, const Subject& subject)
+{
+    boxes.push_back({text, title, BoxIcon::Question});
+    subjects.push_back(subject);
+    return next(yesNoAnswers);
+}
+
+QStringList FakeDialogs::openFiles(const FileRequest& request)
+{
+    fileRequests.push_back(request);
+    return next(openAnswers);
+}
+
+std::optional<SaveChoice> FakeDialogs::saveFile(const FileRequest& request)
+{
+    fileRequests.push_back(request);
+    return next(saveAnswers);
+}
+
+std::optional<base::Colour> FakeDialogs::chooseColour(base::Colour initial)
+{
+    colourRequests.push_back(initial);
+    return next(colourAnswers);
+}
+
+std::optional<QString> FakeDialogs::askText(const QString& label, const QString& title,
+                                            const QString& initial)
+{
+    textRequests.push_back({label, title, initial});
+    return next(textAnswers);
+}
+
+} // namespace platform

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/desktop/dialogs.h"
+
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace platform {
+
+// Dialogs for tests: records what is shown and answers from a script. Where the script has ended, a
+// question is answered with No and a dialog is cancelled.
+class FakeDialogs : public Dialogs {
+public:
+    struct Box {
+        QString text;
+        QString title;
+        BoxIcon icon = BoxIcon::None; // Question for a Yes/No box
+        bool operator==(const Box&) const = default;
+    };
+    struct TextRequest {
+        QString label;
+        QString title;
+        QString initial;
+    };
+
+    // Everything shown so far, in order.
+    std::vector<Box> boxes;
+    std::vector<Subject> subjects; // one for each Yes/No box
+    std::vector<FileRequest> fileRequests;
+    std::vector<base::Colour> colourRequests;
+    std::vector<TextRequest> textRequests;
+
+    // Answers, used from the front.
+    std::deque<bool> yesNoAnswers;
+    std::deque<QStringList> openAnswers;
+    std::deque<std::optional<SaveChoice>> saveAnswers;
+    std::deque<std::optional<base::Colour>> colourAnswers;
+    std::deque<std::optional<QString>> textAnswers;
+
+    // Called while a dialog of any kind "is open", for what may happen meanwhile.
+    std::function<void()> whileOpen;
+
+    // Texts of the boxes, for a short comparison.
+    [[nodiscard]] QStringList boxTexts() const;
+
+    void showMessage(const QString& text, const QString& title, BoxIcon icon) override;
+    bool askYesNo(const QString& text, const QString& title, const Subject& subject) override;
+    QStringList openFiles(const FileRequest& request) override;
+    std::optional<SaveChoice> saveFile(const FileRequest& request) override;
+    std::optional<base::Colour> chooseColour(base::Colour initial) override;
+    std::optional<QString> askText(const QString& label, const QString& title,
+                                   const QString& initial) override;
+
+private:
+    template<typename Answer> Answer next(std::deque<Answer>& answers);
+};
+
+} // namespace platform
