@@ -22,11 +22,12 @@ if(VISTARA_FUZZERS)
     target_link_options(vistara_compiler INTERFACE -fsanitize=address,undefined)
 endif()
 
-# One library per folder of src/: its name, then the libraries of lower levels that it links.
-# QOBJECTS says that its headers declare Q_OBJECT classes.
+# One library per folder of src/: its name, then the libraries of lower levels that it links. SOURCES
+# compute and name no widget, WINDOWS show; a header without a source stands there too when it names
+# one. QOBJECTS says that its headers declare Q_OBJECT classes.
 function(vistara_library name)
-    cmake_parse_arguments(ARG "QOBJECTS" "" "SOURCES;LINK" ${ARGN})
-    add_library(${name} STATIC ${ARG_SOURCES})
+    cmake_parse_arguments(ARG "QOBJECTS" "" "SOURCES;WINDOWS;LINK" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES} ${ARG_WINDOWS})
     set_target_properties(${name} PROPERTIES AUTOMOC ${ARG_QOBJECTS})
     target_link_libraries(${name} PUBLIC vistara_compiler ${ARG_LINK})
 endfunction()
