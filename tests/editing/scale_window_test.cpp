@@ -230,6 +230,7 @@ TEST_F(ScaleWindow, PressesItsButtonsByReturnAndEscape)
     EXPECT_FALSE(isOpen());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     open(100, 50);
+    core::windows().show("Form4");
     QTest::keyClick(control<QPushButton>("cmdCancel"), Qt::Key_Return);
     EXPECT_FALSE(isOpen());
     EXPECT_TRUE(core::state().ResizeCancelled);
