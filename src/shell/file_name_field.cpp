@@ -82,7 +82,7 @@ void FileNameField::showPopup()
     const int bar = list.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &list);
     const int wanted = widestEntry() + bar + kPopupFrame;
     QWidget& popup = *list.parentWidget();
-    popup.setMinimumWidth(std::min(wanted, screenArea.width()));
+    popup.setMinimumWidth(std::min(wanted, screenArea.width() - kPopupFrame));
     QComboBox::showPopup();
     const int beyond = popup.frameGeometry().right() - screenArea.right();
     if (beyond > 0) {

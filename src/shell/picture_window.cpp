@@ -4,11 +4,11 @@
 #include "platform/os/paths.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace shell {
@@ -67,6 +67,26 @@ int PictureWindow::pictureHeight() const
     return m_picture.isNull() ? 0 : m_picture.size().height();
 }
 
+QPushButton& PictureWindow::addClose()
+{
+    m_close = new QPushButton(QStringLiteral("&Close"), this);
+    m_close->setObjectName(QStringLiteral("cmdOk"));
+    m_close->setAccessibleName(QStringLiteral("Close"));
+    m_close->setAutoDefault(true); // Return presses it
+    m_column->addWidget(m_close, 0, Qt::AlignRight);
+    connect(m_close, &QPushButton::clicked, this, &QWidget::close);
+    return *m_close;
+}
+
+void PictureWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (m_close != nullptr && event->key() == Qt::Key_Escape) {
+        m_close->click();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
 void PictureWindow::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
@@ -101,16 +121,8 @@ QWidget* makeAboutWindow(QWidget* parent)
     window->addLine(
         QStringLiteral("Free software under the GNU General Public License, version 2 or later"),
         kSmallSize);
-    auto* close = new QPushButton(QStringLiteral("&Close"), window);
-    close->setObjectName(QStringLiteral("cmdOk"));
-    close->setAccessibleName(QStringLiteral("Close"));
-    close->setAutoDefault(true); // Return presses it
     column.addSpacing(kAboutSpacing);
-    column.addWidget(close, 0, Qt::AlignRight);
-    QObject::connect(close, &QPushButton::clicked, window, &QWidget::close);
-    const auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), window);
-    QObject::connect(escape, &QShortcut::activated, window, &QWidget::close);
-    close->setFocus();
+    window->addClose().setFocus();
     window->setFixedSize(kAboutWidth, column.sizeHint().height());
     if (parent != nullptr) {
         moveToMiddle(*window, QRect(parent->mapToGlobal(QPoint()), parent->size()));

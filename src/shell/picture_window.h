@@ -5,6 +5,7 @@
 #include <QString>
 #include <QWidget>
 
+class QPushButton;
 class QVBoxLayout;
 
 namespace shell {
@@ -22,12 +23,16 @@ public:
     [[nodiscard]] QVBoxLayout& column() { return *m_column; }
     // The height of the picture, 0 without one.
     [[nodiscard]] int pictureHeight() const;
+    // Adds the button that closes the window, as Esc does.
+    QPushButton& addClose();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QVBoxLayout* m_column = nullptr;
+    QPushButton* m_close = nullptr;
     widgets::ScaledPicture m_picture;
 };
 
