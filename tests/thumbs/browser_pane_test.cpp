@@ -539,7 +539,7 @@ TEST_F(PaneWindowsTest, RenamesInAModalWindow)
     press(3);
     EXPECT_EQ(m_shown, (QStringList{"Form5rf "}));
     EXPECT_TRUE(m_modal);
-    EXPECT_EQ(m_pointer, platform::Pointer::HourGlass);
+    EXPECT_EQ(m_pointer, platform::Pointer::Default);
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
 
