@@ -110,16 +110,17 @@ void Form1::placeStrips()
 void Form1::placeParts()
 {
     const shell::WindowMeasures now = measures();
-    if (core::state().PictureWide) {
-        if (m_pictureRestored && !m_touch->hasCome()) {
-            m_viewerExtent = shell::pictureLayoutOnSwitch(now, m_viewerExtent);
-        }
-        m_viewerExtent = shell::pictureLayoutOnResize(now, m_viewerExtent);
-    } else {
-        const shell::BrowseLayout layout = shell::browseLayout(now);
-        m_viewerExtent = layout.viewer;
-        m_aviHost->setGeometry(pixelsFromTwips(layout.aviLeft),
-                               pixelsFromTwips(layout.aviTop) +
+    const shell::BrowseLayout browse = shell::browseLayout(now);
+    const bool pictureAlone = core::state().PictureWide;
+    const bool starting = pictureAlone && m_pictureRestored && !m_touch->hasCome();
+    if (starting) {
+        m_viewerExtent = shell::pictureLayoutOnSwitch(now, m_viewerExtent);
+    }
+    m_viewerExtent =
+        pictureAlone ? shell::pictureLayoutOnResize(now, m_viewerExtent) : browse.viewer;
+    if (!pictureAlone || starting) {
+        m_aviHost->setGeometry(pixelsFromTwips(browse.aviLeft),
+                               pixelsFromTwips(browse.aviTop) +
                                    (shell::CoolBar::kRowHeight - kAviSize.height()) / 2,
                                kAviSize.width(), kAviSize.height());
     }

@@ -108,5 +108,6 @@ TEST_F(Desktops, ShowThePictureAloneInTheMiddleOfTheWindow)
         EXPECT_NEAR(boundsOf(shot, window, kGreen).center().x(), window.center().x(), 2);
         EXPECT_TRUE(isWhole(shot, pictureArea(form), kViewerColour));
         EXPECT_NEAR(onScreen(pictureArea(form)).right(), window.right(), 2);
+        EXPECT_NEAR(onScreen(part(form, "AviHost")).right(), window.right(), 2);
     });
 }
