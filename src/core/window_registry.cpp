@@ -25,101 +25,108 @@ void giveActivityBack(QWidget* owner)
 
 } // namespace
 
-void WindowRegistry::add(const QString& name, Factory factory)
+void WindowRegistry::add(Window window, Factory factory)
 {
-    m_factories[name] = std::move(factory);
+    m_factories[window] = std::move(factory);
 }
 
-bool WindowRegistry::hasFactory(const QString& name) const
+bool WindowRegistry::hasFactory(Window window) const
 {
-    return m_factories.contains(name);
+    return m_factories.contains(window);
 }
 
-QStringList WindowRegistry::names() const
+std::vector<Window> WindowRegistry::withFactory() const
 {
-    QStringList names;
-    for (const auto& [name, factory] : m_factories) {
-        names.append(name);
+    std::vector<Window> windows;
+    for (const auto& [window, factory] : m_factories) {
+        windows.push_back(window);
     }
-    return names;
+    return windows;
 }
 
-QWidget* WindowRegistry::find(const QString& name) const
+QWidget* WindowRegistry::find(Window window) const
 {
-    const auto found = m_windows.find(name);
+    const auto found = m_windows.find(window);
     return found == m_windows.end() ? nullptr : found->second.data();
 }
 
-QWidget* WindowRegistry::load(const QString& name)
+QWidget* WindowRegistry::load(Window window)
 {
-    if (QWidget* loaded = find(name)) {
+    if (QWidget* loaded = find(window)) {
         return loaded;
     }
-    const auto factory = m_factories.find(name);
+    const auto factory = m_factories.find(window);
     if (factory == m_factories.end() || platform::isClosing()) {
         return nullptr;
     }
-    QWidget* window = factory->second();
-    if (window == nullptr) {
+    QWidget* made = factory->second();
+    if (made == nullptr) {
         return nullptr;
     }
-    if (window->objectName().isEmpty()) {
-        window->setObjectName(name);
+    if (made->objectName().isEmpty()) {
+        made->setObjectName(windowName(window));
     }
-    m_windows[name] = window;
-    window->installEventFilter(this);
-    return window;
+    m_windows[window] = made;
+    made->installEventFilter(this);
+    return made;
 }
 
-QWidget* WindowRegistry::show(const QString& name, ShowMode mode)
+QWidget* WindowRegistry::show(Window window, ShowMode mode)
 {
-    const QPointer<QWidget> window = load(name);
-    if (window == nullptr) {
+    const QPointer<QWidget> shown = load(window);
+    if (shown == nullptr) {
         return nullptr;
     }
     if (mode == ShowMode::Modeless) {
-        window->show();
-        window->raise();
-        return window;
+        shown->show();
+        shown->raise();
+        return shown;
     }
-    const QPointer<QWidget> owner = window->parentWidget();
+    const QPointer<QWidget> owner = shown->parentWidget();
     const platform::PointerPause pause;
     QEventLoop loop;
-    window->setWindowModality(Qt::ApplicationModal);
-    window->show();
-    window->activateWindow();
+    shown->setWindowModality(Qt::ApplicationModal);
+    shown->show();
+    shown->activateWindow();
     // A closing program hides its windows, so watching the window is enough to end the wait.
-    while (window != nullptr && window->isVisible() && !platform::isClosing()) {
+    while (shown != nullptr && shown->isVisible() && !platform::isClosing()) {
         loop.processEvents(QEventLoop::WaitForMoreEvents);
     }
     giveActivityBack(owner);
-    return window;
+    return shown;
 }
 
-void WindowRegistry::hide(const QString& name)
+void WindowRegistry::hide(Window window)
 {
-    if (QWidget* window = find(name)) {
-        window->hide();
+    if (QWidget* loaded = find(window)) {
+        loaded->hide();
     }
 }
 
-void WindowRegistry::unload(const QString& name)
+void WindowRegistry::unload(Window window)
 {
-    const QPointer<QWidget> window = find(name);
-    if (window == nullptr) {
+    const QPointer<QWidget> loaded = find(window);
+    if (loaded == nullptr) {
         return;
     }
-    window->close();
+    loaded->close();
     // A window that refused or doesn't listen to its close event still has to go.
-    if (window != nullptr && find(name) == window) {
-        forget(window);
+    if (loaded != nullptr && find(window) == loaded) {
+        forget(loaded);
     }
 }
 
-void WindowRegistry::unloadAll(const QStringList& order)
+void WindowRegistry::unload(std::span<const Window> inOrder)
 {
-    for (const QString& name : order) {
-        unload(name);
+    for (const Window window : inOrder) {
+        unload(window);
+    }
+}
+
+void WindowRegistry::unloadAll()
+{
+    for (std::size_t place = 0; place < kWindowCount; ++place) {
+        unload(static_cast<Window>(place));
     }
 }
 
@@ -129,12 +136,12 @@ void WindowRegistry::forget(QWidget* window)
         if (it->second != window) {
             continue;
         }
-        const QString name = it->first;
+        const Window which = it->first;
         m_windows.erase(it);
         window->removeEventFilter(this);
         window->hide();
         if (m_watcher) {
-            m_watcher(name);
+            m_watcher(which);
         }
         if (platform::isClosing()) {
             m_forgotten.emplace_back(window);

@@ -80,7 +80,7 @@ void scale(core::MainWindow& form)
     core::state().ResizeSourceHeight = height;
     core::state().ResizeCancelled = true;
     platform::setPointer(platform::Pointer::Default);
-    core::windows().show(QStringLiteral("Form4"), core::ShowMode::Modal);
+    core::windows().show(core::Window::Form4, core::ShowMode::Modal);
     if (!platform::pump(form.window()) || core::state().ResizeCancelled) {
         return;
     }

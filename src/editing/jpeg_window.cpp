@@ -1,6 +1,7 @@
 #include "editing/jpeg_window.h"
 
 #include "base/numbers.h"
+#include "core/window_names.h"
 #include "editing/working_files.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
@@ -35,7 +36,7 @@ frmSaveJPGc::frmSaveJPGc()
     , m_preview(std::make_shared<JpegPreview>(workingFile(WorkingFile::Save),
                                               workingFile(WorkingFile::JpegPreview)))
 {
-    setObjectName(editing::kJpegWindowName);
+    setObjectName(core::windowName(core::Window::frmSaveJPGc));
     buildControls();
     connect(m_slider, &QSlider::valueChanged, this, &frmSaveJPGc::convertAtSlider);
     connect(m_qualitys, &QLineEdit::textChanged, this, &frmSaveJPGc::takeTypedQuality);

@@ -12,8 +12,6 @@ class QSlider;
 
 namespace editing {
 
-inline const QString kJpegWindowName = QStringLiteral("frmSaveJPGc");
-
 } // namespace editing
 
 // Asks for the quality of a JPEG file and writes it from the save's working file. Every quality

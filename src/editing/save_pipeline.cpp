@@ -40,9 +40,10 @@ void saveGif(core::MainWindow& form, const QString& path)
 
 void saveJpeg(core::MainWindow&, const QString& path)
 {
-    if (auto* window = qobject_cast<frmSaveJPGc*>(core::windows().load(kJpegWindowName))) {
+    if (auto* window =
+            qobject_cast<frmSaveJPGc*>(core::windows().load(core::Window::frmSaveJPGc))) {
         window->setOutputPath(path);
-        core::windows().show(kJpegWindowName, core::ShowMode::Modal);
+        core::windows().show(core::Window::frmSaveJPGc, core::ShowMode::Modal);
     }
 }
 

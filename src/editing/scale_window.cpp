@@ -4,6 +4,7 @@
 #include "core/interfaces.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "core/window_names.h"
 #include "editing/transforms.h"
 #include "editing/working_files.h"
 #include "platform/desktop/pointer.h"
@@ -71,7 +72,7 @@ std::optional<int> editing::proportionalLength(double length, int ownSide, int o
 Form4::Form4()
     : StripWindow(QStringLiteral("Scale"))
 {
-    setObjectName(QStringLiteral("Form4"));
+    setObjectName(core::windowName(core::Window::Form4));
     buildControls();
     const core::State& state = core::state();
     m_original->setText(

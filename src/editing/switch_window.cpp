@@ -2,6 +2,7 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/window_names.h"
 #include "files/text_list.h"
 #include "platform/os/mounts.h"
 #include "platform/os/paths.h"
@@ -51,7 +52,7 @@ QLineEdit* makeField(const char* name, const QString& accessibleName)
 FrmSwitch::FrmSwitch()
     : StripWindow(QStringLiteral("Add Editors"))
 {
-    setObjectName(QStringLiteral("FrmSwitch"));
+    setObjectName(core::windowName(core::Window::FrmSwitch));
     buildControls();
     m_drives->addItems(QStringList{kRoot, platform::homeFolder()} + platform::mediaMounts());
     enterFolder(kRoot);

@@ -9,9 +9,9 @@ namespace editing {
 
 void registerWindows()
 {
-    core::windows().add(QStringLiteral("Form4"), [] { return new Form4; });
-    core::windows().add(kJpegWindowName, [] { return new frmSaveJPGc; });
-    core::windows().add(QStringLiteral("FrmSwitch"), [] { return new FrmSwitch; });
+    core::windows().add(core::Window::Form4, [] { return new Form4; });
+    core::windows().add(core::Window::frmSaveJPGc, [] { return new frmSaveJPGc; });
+    core::windows().add(core::Window::FrmSwitch, [] { return new FrmSwitch; });
 }
 
 } // namespace editing

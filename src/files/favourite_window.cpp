@@ -2,6 +2,7 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/window_names.h"
 #include "files/text_list.h"
 #include "widgets/window_parts.h"
 
@@ -19,7 +20,7 @@ constexpr int kFieldWidth = 320; // pixels
 Favorties::Favorties()
     : StripWindow(QStringLiteral("Add to Favorties"))
 {
-    setObjectName(QStringLiteral("Favorties"));
+    setObjectName(core::windowName(core::Window::Favorties));
     const core::MainWindow* window = core::services().mainWindow;
 
     m_underName = widgets::addOption(content(), *this, QStringLiteral("Option1"),

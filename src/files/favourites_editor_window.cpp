@@ -2,6 +2,7 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/window_names.h"
 #include "platform/desktop/dialogs.h"
 #include "widgets/window_parts.h"
 
@@ -21,7 +22,7 @@ constexpr QSize kListSize{320, 220}; // pixels
 FavortiesModi::FavortiesModi()
     : StripWindow(QString())
 {
-    setObjectName(QStringLiteral("FavortiesModi"));
+    setObjectName(core::windowName(core::Window::FavortiesModi));
     setAccessibleName(QStringLiteral("Favourites"));
     m_names = new QListWidget(this);
     m_names->setObjectName(QStringLiteral("List1"));

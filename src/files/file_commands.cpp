@@ -19,7 +19,6 @@ namespace files {
 
 namespace {
 
-const QString kTransferWindow = QStringLiteral("Movefile");
 const QString kDeleteTitle = QStringLiteral("Delete");
 
 constexpr int kIconSide = 48;       // pixels
@@ -100,7 +99,7 @@ void deleteWithQuestion(const QString& path, const QImage& miniature)
 void openTransferWindow(core::MainWindow& window, const QString& title, Transfer kind)
 {
     core::state().MoveNotCopy = kind == Transfer::Move;
-    QWidget* const transfer = core::windows().load(kTransferWindow);
+    QWidget* const transfer = core::windows().load(core::Window::Movefile);
     if (transfer == nullptr) {
         return;
     }
@@ -109,7 +108,7 @@ void openTransferWindow(core::MainWindow& window, const QString& title, Transfer
     transfer->setProperty("captionText", title);
     transfer->setProperty("pictureFile", platform::appFile(picture));
     transfer->setProperty("previewFile", previewFile(window));
-    core::windows().show(kTransferWindow, core::ShowMode::Modal);
+    core::windows().show(core::Window::Movefile, core::ShowMode::Modal);
 }
 
 } // namespace files

@@ -37,28 +37,25 @@ void openIn(QWidget* window, const QString& path)
 
 void routeToFlash(core::MainWindow& window, const QString& path)
 {
-    const QString name = QStringLiteral("FlashP");
-    core::windows().unload(name);
-    openIn(core::windows().show(name), path);
+    core::windows().unload(core::Window::FlashP);
+    openIn(core::windows().show(core::Window::FlashP), path);
     window.setXiala(path);
 }
 
 // Sound and pictures begin before the window appears.
 void routeToMedia(const QString& path)
 {
-    const QString name = QStringLiteral("MpegForm");
-    core::windows().hide(name);
-    openIn(core::windows().load(name), path);
-    core::windows().show(name);
+    core::windows().hide(core::Window::MpegForm);
+    openIn(core::windows().load(core::Window::MpegForm), path);
+    core::windows().show(core::Window::MpegForm);
 }
 
 void routeToWeb(const QString& path)
 {
-    const QString name = QStringLiteral("FrmBrowser");
     if (core::state().BrowserOpen) {
-        core::windows().unload(name);
+        core::windows().unload(core::Window::FrmBrowser);
     }
-    openIn(core::windows().show(name), path);
+    openIn(core::windows().show(core::Window::FrmBrowser), path);
 }
 
 } // namespace

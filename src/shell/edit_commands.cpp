@@ -74,22 +74,22 @@ void moveTo(Form1& form, int /*index*/)
 
 void rename(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("Form5rf"), kModal);
+    form.showWindow(core::Window::Form5rf, kModal);
 }
 
 void search(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("FrmFind"), kModal);
+    form.showWindow(core::Window::FrmFind, kModal);
 }
 
 void composeFrame(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("FrmBord"), kModal);
+    form.showWindow(core::Window::FrmBord, kModal);
 }
 
 void showPreferences(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("OptionsForm"), kModal);
+    form.showWindow(core::Window::OptionsForm, kModal);
 }
 
 void editImage(Form1& form, int index)
@@ -119,15 +119,15 @@ void startSeparateEditor(Form1& form, int /*index*/)
 
 void addEditor(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("FrmSwitch"), kModal);
+    form.showWindow(core::Window::FrmSwitch, kModal);
 }
 
 void configureEditors(Form1& form, int /*index*/)
 {
-    if (QWidget* window = core::windows().load(QStringLiteral("FavortiesModi"))) {
+    if (QWidget* window = core::windows().load(core::Window::FavortiesModi)) {
         window->setProperty("listMode", QStringLiteral("T"));
     }
-    form.showWindow(QStringLiteral("FavortiesModi"), kModal);
+    form.showWindow(core::Window::FavortiesModi, kModal);
 }
 
 } // namespace shell::commands

@@ -108,7 +108,7 @@ void open(Form1& form, int /*index*/)
 
 void showFlashPlayer(Form1& form, int /*index*/)
 {
-    QWidget* const window = form.showWindow(QStringLiteral("FlashP"), kModeless);
+    QWidget* const window = form.showWindow(core::Window::FlashP, kModeless);
     if (auto* player = dynamic_cast<core::PlayerWindow*>(window)) {
         player->openPath(platform::appFile(QStringLiteral("flashplay.swf")));
     }
@@ -116,12 +116,12 @@ void showFlashPlayer(Form1& form, int /*index*/)
 
 void showMediaPlayer(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("MpegForm"), kModeless);
+    form.showWindow(core::Window::MpegForm, kModeless);
 }
 
 void showWebBrowser(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("FrmBrowser"), kModeless);
+    form.showWindow(core::Window::FrmBrowser, kModeless);
 }
 
 void createAlbum(Form1& /*form*/, int /*index*/)
@@ -133,44 +133,44 @@ void createAlbum(Form1& /*form*/, int /*index*/)
 
 void setUpAlbum(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("frmWebRelease"), kModal);
+    form.showWindow(core::Window::frmWebRelease, kModal);
 }
 
 void sendMail(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("frmMailSender"), kModeless);
+    form.showWindow(core::Window::frmMailSender, kModeless);
 }
 
 void acquire(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("Acquire"), kModal);
+    form.showWindow(core::Window::Acquire, kModal);
 }
 
 void print(Form1& form, int /*index*/)
 {
-    if (!core::windows().hasFactory(QStringLiteral("frmTemp"))) {
+    if (!core::windows().hasFactory(core::Window::frmTemp)) {
         return;
     }
     static_cast<void>(platform::savePicture(form.viewer().Picture(),
                                             platform::appFile(QStringLiteral("temp.bmp"))));
-    form.showWindow(QStringLiteral("frmTemp"), kModal);
+    form.showWindow(core::Window::frmTemp, kModal);
 }
 
 void captureScreen(Form1& form, int /*index*/)
 {
-    if (!core::windows().hasFactory(QStringLiteral("frmCapture"))) {
+    if (!core::windows().hasFactory(core::Window::frmCapture)) {
         return;
     }
     form.showMinimized();
-    form.showWindow(QStringLiteral("frmCapture"), kModeless);
+    form.showWindow(core::Window::frmCapture, kModeless);
 }
 
 void captureQuietly(Form1& form, int /*index*/)
 {
-    if (form.showWindow(QStringLiteral("frmCaputreN"), kModeless) == nullptr) {
+    if (form.showWindow(core::Window::frmCaputreN, kModeless) == nullptr) {
         return;
     }
-    core::windows().hide(QStringLiteral("frmCaputreN"));
+    core::windows().hide(core::Window::frmCaputreN);
     form.showMinimized();
 }
 

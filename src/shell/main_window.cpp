@@ -53,7 +53,7 @@ void startEditorAt(Form1& form, int place)
 
 Form1::Form1()
 {
-    setObjectName(QStringLiteral("Form1"));
+    setObjectName(core::windowName(core::Window::Form1));
     setWindowTitle(core::kProgramName);
     setAccessibleName(core::kProgramName);
     core::services().mainWindow = this;
@@ -194,12 +194,12 @@ void Form1::runCommand(shell::Need need, shell::Handler handler, int index)
     platform::setPointer(platform::Pointer::Default);
 }
 
-QWidget* Form1::showWindow(const QString& name, bool modal)
+QWidget* Form1::showWindow(core::Window window, bool modal)
 {
-    if (!core::windows().hasFactory(name)) {
+    if (!core::windows().hasFactory(window)) {
         return nullptr;
     }
-    return core::windows().show(name, modal ? core::ShowMode::Modal : core::ShowMode::Modeless);
+    return core::windows().show(window, modal ? core::ShowMode::Modal : core::ShowMode::Modeless);
 }
 
 void Form1::reportNoPicture()

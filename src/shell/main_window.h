@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/interfaces.h"
+#include "core/window_names.h"
 #include "shell/command_table.h"
 #include "shell/layout.h"
 
@@ -118,8 +119,8 @@ public:
     // Runs a command inside the common frame: hourglass, picture test, the work, focus to the
     // viewer, default pointer.
     void runCommand(shell::Need need, shell::Handler handler, int index);
-    // Opens a window of another folder by name; the hourglass ends before a modal one shows.
-    QWidget* showWindow(const QString& name, bool modal);
+    // Opens a window of another folder; the hourglass ends before a modal one shows.
+    QWidget* showWindow(core::Window window, bool modal);
     // The box that tells that there is no picture.
     void reportNoPicture();
 

@@ -98,7 +98,7 @@ void Form1::openRightMenu(const QPoint& screenPosition)
 {
     core::ConfigStore* config = core::services().config;
     if (config != nullptr && config->readNumber(QStringLiteral("WinState")) == 1) {
-        core::windows().show(QStringLiteral("frmMsg"));
+        core::windows().show(core::Window::frmMsg);
         return;
     }
     m_menus->menu(QString::fromLatin1(shell::kRightMenu))->popup(screenPosition);

@@ -25,9 +25,6 @@ constexpr int kTransparentType = 11;
 constexpr int kBarsAutomatic = 0;
 constexpr int kBarsOff = 1;
 
-const QString kPaneName = QStringLiteral("frmThumbnaillist");
-const QString kZoomToolName = QStringLiteral("fastZoom");
-
 // On a first reading the wrong way round: "0" stands for on in these keys, as start-up reads them.
 const QString kOn = QStringLiteral("0");
 const QString kOff = QStringLiteral("1");
@@ -46,7 +43,7 @@ void Form1::OCbrowse()
     chameleonButton* button = m_toolbars->button(kBrowseButton);
     m_pictureRestored = false;
     if (!core::state().BrowserShown) {
-        core::windows().show(kPaneName);
+        core::windows().show(core::Window::frmThumbnaillist);
         core::state().PictureWide = false;
         core::state().BrowserShown = true;
         button->setButtonType(kPressedType);
@@ -58,7 +55,7 @@ void Form1::OCbrowse()
         writeKey("ObcBrowse", QStringLiteral("1"));
         return;
     }
-    core::windows().hide(kPaneName);
+    core::windows().hide(core::Window::frmThumbnaillist);
     core::state().PictureWide = true;
     core::state().BrowserShown = false;
     m_viewerExtent = shell::pictureLayoutOnSwitch(measures(), m_viewerExtent);
@@ -115,9 +112,9 @@ void Form1::fastZoomshow()
     const bool on = !isChecked("optView", 15);
     if (on) {
         placeZoomTool();
-        core::windows().show(kZoomToolName);
+        core::windows().show(core::Window::fastZoom);
     } else {
-        core::windows().hide(kZoomToolName);
+        core::windows().hide(core::Window::fastZoom);
     }
     setChecks("optView", 15, "CmdRightView", 8, on);
     writeKey("fastZoomshow", on ? kOn : kOff);
@@ -126,7 +123,7 @@ void Form1::fastZoomshow()
 // Once only: after that the tool stays where the user drags it.
 void Form1::placeZoomTool()
 {
-    const QWidget* const tool = core::windows().load(kZoomToolName);
+    const QWidget* const tool = core::windows().load(core::Window::fastZoom);
     if (tool != nullptr && !tool->testAttribute(Qt::WA_Moved)) {
         moveZoomTool();
     }
@@ -134,7 +131,7 @@ void Form1::placeZoomTool()
 
 void Form1::moveZoomTool()
 {
-    QWidget* const tool = core::windows().load(kZoomToolName);
+    QWidget* const tool = core::windows().load(core::Window::fastZoom);
     if (tool == nullptr) {
         return;
     }

@@ -25,6 +25,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QWheelEvent>
+#include <array>
 
 namespace {
 
@@ -38,42 +39,9 @@ constexpr shell::Extent kFirstViewerPlace{263, 63, 6000, 4500}; // twips; the fi
 const QString kMarkerKey = QStringLiteral("Software\\Corvane\\Qlink");
 const QString kMarkerName = QStringLiteral("Brelmark");
 
-// Windows in the order in which they unload; the main window itself comes last.
-const QStringList kUnloadOrder{
-    QStringLiteral("frmThumbnaillist"),
-    QStringLiteral("Acquire"),
-    QStringLiteral("fastZoom"),
-    QStringLiteral("Favorties"),
-    QStringLiteral("FavortiesModi"),
-    QStringLiteral("FlashP"),
-    QStringLiteral("FlashQ"),
-    QStringLiteral("Form4"),
-    QStringLiteral("Form5rf"),
-    QStringLiteral("frmAbout"),
-    QStringLiteral("FrmBord"),
-    QStringLiteral("FrmBrowser"),
-    QStringLiteral("frmCapture"),
-    QStringLiteral("frmCaputreN"),
-    QStringLiteral("frmConfig"),
-    QStringLiteral("FrmFind"),
-    QStringLiteral("frmGetColor"),
-    QStringLiteral("frmMailSender"),
-    QStringLiteral("frmMsg"),
-    QStringLiteral("frmSaveJPGc"),
-    QStringLiteral("FrmSwitch"),
-    QStringLiteral("frmTemp"),
-    QStringLiteral("frmValueTip"),
-    QStringLiteral("frmWebRelease"),
-    QStringLiteral("frmWelcome"),
-    QStringLiteral("Movefile"),
-    QStringLiteral("MpegForm"),
-    QStringLiteral("OptionsForm"),
-    QStringLiteral("Form1"),
-};
-
 // What the Exit command takes down before the unload proper.
-const QStringList kPlayerWindows{QStringLiteral("MpegForm"), QStringLiteral("FlashP"),
-                                 QStringLiteral("FlashQ"), QStringLiteral("FrmBrowser")};
+constexpr std::array kPlayerWindows{core::Window::MpegForm, core::Window::FlashP,
+                                    core::Window::FlashQ, core::Window::FrmBrowser};
 
 double numberOf(const core::ConfigStore& config, const char* key)
 {
@@ -136,7 +104,7 @@ void Form1::load()
     m_bestFitToggle = numberOf(config, "BestFit") == 0;
     toggleBestFit();
     letEventsRun();
-    core::windows().unload(QStringLiteral("frmWelcome"));
+    core::windows().unload(core::Window::frmWelcome);
 }
 
 void Form1::prepareLists()
@@ -187,7 +155,7 @@ void Form1::becameActive()
 void Form1::exitProgram()
 {
     stopPlayer();
-    core::windows().unloadAll(kPlayerWindows);
+    core::windows().unload(kPlayerWindows);
     m_viewer->PanViewHide();
     m_listPath.clear();
     unload();
@@ -204,7 +172,7 @@ void Form1::unload()
     platform::setPointer(platform::Pointer::HourGlass);
     m_pipeline->stop_slideshow();
     m_viewer->PanViewHide();
-    core::windows().unloadAll(kUnloadOrder);
+    core::windows().unloadAll();
     stopPlayer();
     platform::removeFilesIn(platform::appFile(QStringLiteral("openTemp")));
     platform::deleteRegistryValue(kMarkerKey, kMarkerName);
@@ -235,7 +203,7 @@ void Form1::wheelEvent(QWheelEvent* event)
     const bool towardsUser = m_wheelRest < 0;
     m_wheelRest = 0;
     if (core::state().FlashPActive) {
-        QWidget* const flash = core::windows().find(QStringLiteral("FlashP"));
+        QWidget* const flash = core::windows().find(core::Window::FlashP);
         if (auto* player = dynamic_cast<core::PlayerWindow*>(flash)) {
             player->wheelStep(kFlashWheelCode);
         }

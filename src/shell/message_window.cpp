@@ -3,6 +3,7 @@
 #include "core/config_store.h"
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/window_names.h"
 #include "widgets/window_parts.h"
 
 #include <QLabel>
@@ -12,7 +13,7 @@
 frmMsg::frmMsg()
     : StripWindow(QStringLiteral("Import..."))
 {
-    setObjectName(QStringLiteral("frmMsg"));
+    setObjectName(core::windowName(core::Window::frmMsg));
     auto* text = new QLabel(QStringLiteral("Now Import to Vistara?"), this);
     text->setObjectName(QStringLiteral("Label1"));
     content().addWidget(text);

@@ -33,18 +33,15 @@ namespace shell {
 
 namespace {
 
-const QString kWelcome = QStringLiteral("frmWelcome");
-const QString kMain = QStringLiteral("Form1");
-const QString kPane = QStringLiteral("frmThumbnaillist");
 
 Form1* mainWindow()
 {
-    return qobject_cast<Form1*>(core::windows().find(kMain));
+    return qobject_cast<Form1*>(core::windows().find(core::Window::Form1));
 }
 
 frmThumbnaillist* pane()
 {
-    return qobject_cast<frmThumbnaillist*>(core::windows().find(kPane));
+    return qobject_cast<frmThumbnaillist*>(core::windows().find(core::Window::frmThumbnaillist));
 }
 
 QWidget* parentWindow()
@@ -107,8 +104,8 @@ void showWindows(Form1& form, const StepWatcher& watcher)
 {
     form.load();
     tell(watcher, "main window loaded");
-    core::windows().show(kMain);
-    core::windows().show(kPane);
+    core::windows().show(core::Window::Form1);
+    core::windows().show(core::Window::frmThumbnaillist);
     tell(watcher, "pane shown");
     if (Form1* alive = mainWindow()) {
         alive->watchPane(pane(), [] {
@@ -145,14 +142,15 @@ void openFolderTree(const StepWatcher& watcher)
 void registerWindows()
 {
     core::WindowRegistry& windows = core::windows();
-    windows.add(kWelcome, [] { return makeWelcomeWindow(); });
-    windows.add(kMain, [] { return new Form1; });
-    windows.add(kPane, [] { return new frmThumbnaillist(parentWindow()); });
-    windows.add(QStringLiteral("frmAbout"), [] { return makeAboutWindow(parentWindow()); });
-    windows.add(QStringLiteral("frmMsg"), [] { return new frmMsg; });
-    windows.add(QStringLiteral("fastZoom"), [] { return new fastZoom; });
-    windows.add(QStringLiteral("Favorties"), [] { return new Favorties; });
-    windows.add(QStringLiteral("FavortiesModi"), [] { return new FavortiesModi; });
+    windows.add(core::Window::frmWelcome, [] { return makeWelcomeWindow(); });
+    windows.add(core::Window::Form1, [] { return new Form1; });
+    windows.add(core::Window::frmThumbnaillist,
+                [] { return new frmThumbnaillist(parentWindow()); });
+    windows.add(core::Window::frmAbout, [] { return makeAboutWindow(parentWindow()); });
+    windows.add(core::Window::frmMsg, [] { return new frmMsg; });
+    windows.add(core::Window::fastZoom, [] { return new fastZoom; });
+    windows.add(core::Window::Favorties, [] { return new Favorties; });
+    windows.add(core::Window::FavortiesModi, [] { return new FavortiesModi; });
     editing::registerWindows();
 }
 
@@ -172,16 +170,16 @@ void runProgram(const StepWatcher& watcher)
     registerWindows();
     connectReaders();
 
-    if (QWidget* welcome = core::windows().show(kWelcome)) {
+    if (QWidget* welcome = core::windows().show(core::Window::frmWelcome)) {
         welcome->repaint();
     }
     tell(watcher, "welcome shown");
     letEventsRun();
-    if (auto* form = qobject_cast<Form1*>(core::windows().load(kMain))) {
+    if (auto* form = qobject_cast<Form1*>(core::windows().load(core::Window::Form1))) {
         showWindows(*form, watcher);
         openFolderTree(watcher);
     } else {
-        core::windows().unload(kWelcome);
+        core::windows().unload(core::Window::frmWelcome);
     }
     letEventsRun();
     core::windows().deleteForgotten();

@@ -28,7 +28,7 @@ ScreenshotRequest::ScreenshotRequest()
 
 void ScreenshotRequest::timerEvent(QTimerEvent* event)
 {
-    QWidget* const window = core::windows().find(QStringLiteral("Form1"));
+    QWidget* const window = core::windows().find(core::Window::Form1);
     const core::BrowserPane* pane = core::services().browserPane;
     if (window == nullptr || pane == nullptr || !platform::folderTree().isOpen() ||
         (core::state().BrowserShown && !pane->isFirstFolderShown())) {

@@ -76,15 +76,15 @@ void setWallpaper(Form1& /*form*/, int index)
 
 void addFavourite(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("Favorties"), kModal);
+    form.showWindow(core::Window::Favorties, kModal);
 }
 
 void modifyFavourites(Form1& form, int /*index*/)
 {
-    if (QWidget* window = core::windows().load(QStringLiteral("FavortiesModi"))) {
+    if (QWidget* window = core::windows().load(core::Window::FavortiesModi)) {
         window->setProperty("listMode", QStringLiteral("F"));
     }
-    form.showWindow(QStringLiteral("FavortiesModi"), kModal);
+    form.showWindow(core::Window::FavortiesModi, kModal);
 }
 
 void showHelp(Form1& /*form*/, int /*index*/)
@@ -110,7 +110,7 @@ void startLiveUpdate(Form1& /*form*/, int /*index*/)
 
 void showAbout(Form1& form, int /*index*/)
 {
-    form.showWindow(QStringLiteral("frmAbout"), kModeless);
+    form.showWindow(core::Window::frmAbout, kModeless);
 }
 
 } // namespace shell::commands

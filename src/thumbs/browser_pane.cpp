@@ -5,6 +5,7 @@
 #include "core/constants.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "core/window_names.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/os/paths.h"
 #include "platform/os/registry.h"
@@ -54,7 +55,7 @@ frmThumbnaillist::frmThumbnaillist(QWidget* parent)
     : QWidget(parent)
 {
     thumbs::installAccessibleParts(); // before any part gets a name, which readers are told of
-    setObjectName("frmThumbnaillist");
+    setObjectName(core::windowName(core::Window::frmThumbnaillist));
     setAccessibleName(tr("Browser"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_touch = std::make_unique<widgets::FirstTouch>(*this);

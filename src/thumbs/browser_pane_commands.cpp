@@ -81,7 +81,7 @@ void frmThumbnaillist::showProperties()
 void frmThumbnaillist::rename()
 {
     const platform::PointerGuard hourGlass;
-    core::windows().show("Form5rf", core::ShowMode::Modal);
+    core::windows().show(core::Window::Form5rf, core::ShowMode::Modal);
 }
 
 void frmThumbnaillist::deleteFile()
@@ -106,7 +106,7 @@ void frmThumbnaillist::moveFile()
 
 void frmThumbnaillist::openFavourites()
 {
-    core::windows().show("Favorties", core::ShowMode::Modal);
+    core::windows().show(core::Window::Favorties, core::ShowMode::Modal);
 }
 
 void frmThumbnaillist::refresh()

@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/window_names.h"
 #include "widgets/title_strip.h"
 #include "widgets/window_drag.h"
 
@@ -43,7 +44,7 @@ int heightWithKnob(const QSlider& slider)
 fastZoom::fastZoom()
     : StripWindow(tr("Zoom"), Qt::Widget)
 {
-    setObjectName("fastZoom");
+    setObjectName(core::windowName(core::Window::fastZoom));
     makeParts();
     setFixedSize(kWidth, sizeHint().height());
     connect(qApp, &QApplication::focusChanged, this, &fastZoom::followFocus);

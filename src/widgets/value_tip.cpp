@@ -1,5 +1,6 @@
 #include "widgets/value_tip.h"
 
+#include "core/window_names.h"
 #include "widgets/colour_conversion.h"
 
 #include <QPainter>
@@ -18,7 +19,7 @@ constexpr QSize kRoomAround{10, 6};
 frmValueTip::frmValueTip(QWidget* parent)
     : QWidget(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus)
 {
-    setObjectName("frmValueTip");
+    setObjectName(core::windowName(core::Window::frmValueTip));
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);

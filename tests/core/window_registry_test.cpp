@@ -8,15 +8,18 @@
 #include <QPushButton>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
-const QString kName = QStringLiteral("fastZoom");
+using core::Window;
+
+constexpr Window kTool = Window::fastZoom;
 
 // A window that counts its close events and may refuse them.
-class Window : public QWidget {
+class CountingWindow : public QWidget {
 public:
-    explicit Window(int& closed, QWidget* parent = nullptr)
+    explicit CountingWindow(int& closed, QWidget* parent = nullptr)
         : QWidget(parent, Qt::Window)
         , m_closed(closed)
     {
@@ -38,14 +41,14 @@ class WindowRegistryTest : public testing::Test {
 protected:
     WindowRegistryTest()
     {
-        m_registry.add(kName, [this] {
+        m_registry.add(kTool, [this] {
             ++m_made;
-            return m_window = new Window(m_closed);
+            return m_window = new CountingWindow(m_closed);
         });
     }
     ~WindowRegistryTest() override
     {
-        m_registry.unload(kName);
+        m_registry.unload(kTool);
         m_registry.deleteForgotten();
         deletePosted();
         platform::resetClosing();
@@ -57,7 +60,7 @@ protected:
     }
 
     core::WindowRegistry m_registry;
-    QPointer<Window> m_window;
+    QPointer<CountingWindow> m_window;
     int m_made = 0;
     int m_closed = 0;
 };
@@ -66,19 +69,19 @@ protected:
 
 TEST_F(WindowRegistryTest, MakesAWindowWhenItIsFirstAskedForAndOnlyOnce)
 {
-    EXPECT_EQ(m_registry.find(kName), nullptr);
-    QWidget* const loaded = m_registry.load(kName);
+    EXPECT_EQ(m_registry.find(kTool), nullptr);
+    QWidget* const loaded = m_registry.load(kTool);
     ASSERT_NE(loaded, nullptr);
     EXPECT_FALSE(loaded->isVisible());
-    EXPECT_EQ(loaded->objectName(), kName);
-    EXPECT_EQ(m_registry.show(kName), loaded);
+    EXPECT_EQ(loaded->objectName(), "fastZoom");
+    EXPECT_EQ(m_registry.show(kTool), loaded);
     EXPECT_TRUE(loaded->isVisible());
     EXPECT_EQ(m_made, 1);
 }
 
-TEST_F(WindowRegistryTest, DoesNothingForANameWithoutAFactory)
+TEST_F(WindowRegistryTest, DoesNothingForAWindowWithoutAFactory)
 {
-    const QString other = QStringLiteral("frmAbout");
+    const Window other = Window::frmAbout;
     EXPECT_FALSE(m_registry.hasFactory(other));
     EXPECT_EQ(m_registry.load(other), nullptr);
     EXPECT_EQ(m_registry.show(other), nullptr);
@@ -90,40 +93,40 @@ TEST_F(WindowRegistryTest, DoesNothingForANameWithoutAFactory)
 
 TEST_F(WindowRegistryTest, TakesAFactoryThatMakesNothingForNone)
 {
-    m_registry.add(kName, [] { return nullptr; });
-    EXPECT_EQ(m_registry.show(kName, core::ShowMode::Modal), nullptr);
-    EXPECT_FALSE(m_registry.isLoaded(kName));
+    m_registry.add(kTool, [] { return nullptr; });
+    EXPECT_EQ(m_registry.show(kTool, core::ShowMode::Modal), nullptr);
+    EXPECT_FALSE(m_registry.isLoaded(kTool));
 }
 
 TEST_F(WindowRegistryTest, HidingKeepsAWindow)
 {
-    m_registry.show(kName);
-    m_registry.hide(kName);
-    EXPECT_TRUE(m_registry.isLoaded(kName));
+    m_registry.show(kTool);
+    m_registry.hide(kTool);
+    EXPECT_TRUE(m_registry.isLoaded(kTool));
     EXPECT_FALSE(m_window->isVisible());
     EXPECT_EQ(m_closed, 0);
 }
 
 TEST_F(WindowRegistryTest, UnloadingRunsTheCloseHandlerForgetsAndDeletesLater)
 {
-    m_registry.show(kName);
-    const QPointer<Window> first = m_window;
-    m_registry.unload(kName);
+    m_registry.show(kTool);
+    const QPointer<CountingWindow> first = m_window;
+    m_registry.unload(kTool);
     EXPECT_EQ(m_closed, 1);
-    EXPECT_FALSE(m_registry.isLoaded(kName));
+    EXPECT_FALSE(m_registry.isLoaded(kTool));
     ASSERT_NE(first, nullptr) << "deleted while its handler may be on the stack";
     EXPECT_FALSE(first->isVisible());
     deletePosted();
     EXPECT_EQ(first, nullptr);
 
-    EXPECT_NE(m_registry.show(kName), nullptr);
+    EXPECT_NE(m_registry.show(kTool), nullptr);
     EXPECT_EQ(m_made, 2);
 }
 
 TEST_F(WindowRegistryTest, UnloadsAHiddenWindowTheSameWay)
 {
-    m_registry.load(kName);
-    m_registry.unload(kName);
+    m_registry.load(kTool);
+    m_registry.unload(kTool);
     EXPECT_EQ(m_closed, 1);
     deletePosted();
     EXPECT_EQ(m_window, nullptr);
@@ -131,37 +134,37 @@ TEST_F(WindowRegistryTest, UnloadsAHiddenWindowTheSameWay)
 
 TEST_F(WindowRegistryTest, ForgetsAWindowThatTheUserCloses)
 {
-    m_registry.show(kName);
+    m_registry.show(kTool);
     m_window->close();
     EXPECT_EQ(m_closed, 1);
-    EXPECT_FALSE(m_registry.isLoaded(kName));
+    EXPECT_FALSE(m_registry.isLoaded(kTool));
     deletePosted();
     EXPECT_EQ(m_window, nullptr);
 }
 
 TEST_F(WindowRegistryTest, KeepsAWindowThatRefusesTheUserButNotTheProgram)
 {
-    m_registry.show(kName);
+    m_registry.show(kTool);
     m_window->refuses = true;
     m_window->close();
     EXPECT_EQ(m_closed, 1);
-    EXPECT_TRUE(m_registry.isLoaded(kName));
+    EXPECT_TRUE(m_registry.isLoaded(kTool));
     EXPECT_TRUE(m_window->isVisible());
 
-    m_registry.unload(kName);
+    m_registry.unload(kTool);
     EXPECT_EQ(m_closed, 2);
-    EXPECT_FALSE(m_registry.isLoaded(kName));
+    EXPECT_FALSE(m_registry.isLoaded(kTool));
     deletePosted();
     EXPECT_EQ(m_window, nullptr);
 }
 
 TEST_F(WindowRegistryTest, AWindowMayUnloadItselfInItsOwnHandler)
 {
-    m_registry.show(kName);
+    m_registry.show(kTool);
     auto* const button = new QPushButton(m_window);
     bool aliveInHandler = false;
     QObject::connect(button, &QPushButton::clicked, button, [&] {
-        m_registry.unload(kName);
+        m_registry.unload(kTool);
         aliveInHandler = m_window != nullptr;
     });
     button->click();
@@ -170,18 +173,30 @@ TEST_F(WindowRegistryTest, AWindowMayUnloadItselfInItsOwnHandler)
     EXPECT_EQ(m_window, nullptr);
 }
 
-TEST_F(WindowRegistryTest, UnloadsInTheOrderTold)
+TEST_F(WindowRegistryTest, UnloadsSomeInTheOrderToldAndAllInTheirOwn)
 {
     int ignored = 0;
-    QStringList order;
-    m_registry.onUnload([&](const QString& name) { order.append(name); });
-    for (const char* name : {"FlashP", "Form4"}) {
-        m_registry.add(name, [&] { return new Window(ignored); });
-        m_registry.show(name);
+    std::vector<Window> order;
+    m_registry.onUnload([&](Window window) { order.push_back(window); });
+    for (const Window window : {Window::Form1, Window::Form4}) {
+        m_registry.add(window, [&] { return new CountingWindow(ignored); });
     }
-    m_registry.show(kName);
-    m_registry.unloadAll({"Form4", "frmAbout", kName, "FlashP"});
-    EXPECT_EQ(order, (QStringList{"Form4", kName, "FlashP"}));
+    const std::vector<Window> all{kTool, Window::Form4, Window::Form1};
+    EXPECT_EQ(m_registry.withFactory(), all);
+
+    for (const Window window : all) {
+        m_registry.show(window);
+    }
+    const std::vector<Window> told{Window::Form1, Window::frmAbout, kTool};
+    m_registry.unload(told);
+    EXPECT_EQ(order, (std::vector<Window>{Window::Form1, kTool}));
+
+    order.clear();
+    for (const Window window : all) {
+        m_registry.show(window);
+    }
+    m_registry.unloadAll();
+    EXPECT_EQ(order, all);
 }
 
 TEST_F(WindowRegistryTest, AModalWindowKeepsItsCallerWaitingUntilItCloses)
@@ -191,58 +206,58 @@ TEST_F(WindowRegistryTest, AModalWindowKeepsItsCallerWaitingUntilItCloses)
         modal = m_window->isModal();
         m_window->close();
     });
-    const QWidget* const shown = m_registry.show(kName, core::ShowMode::Modal);
+    const QWidget* const shown = m_registry.show(kTool, core::ShowMode::Modal);
     EXPECT_TRUE(modal);
     EXPECT_EQ(m_closed, 1);
-    EXPECT_FALSE(m_registry.isLoaded(kName));
+    EXPECT_FALSE(m_registry.isLoaded(kTool));
     EXPECT_TRUE(shown == nullptr || !shown->isVisible());
 }
 
 TEST_F(WindowRegistryTest, AModalWindowThatHidesItselfStaysLoaded)
 {
     QTimer::singleShot(0, &m_registry, [this] { m_window->hide(); });
-    EXPECT_EQ(m_registry.show(kName, core::ShowMode::Modal), m_window);
-    EXPECT_TRUE(m_registry.isLoaded(kName));
+    EXPECT_EQ(m_registry.show(kTool, core::ShowMode::Modal), m_window);
+    EXPECT_TRUE(m_registry.isLoaded(kTool));
 }
 
 TEST_F(WindowRegistryTest, AModalWindowThatIsDeletedEndsTheWaitWithNothing)
 {
     QTimer::singleShot(0, &m_registry, [this] { delete m_window.data(); });
-    EXPECT_EQ(m_registry.show(kName, core::ShowMode::Modal), nullptr);
-    EXPECT_FALSE(m_registry.isLoaded(kName));
+    EXPECT_EQ(m_registry.show(kTool, core::ShowMode::Modal), nullptr);
+    EXPECT_FALSE(m_registry.isLoaded(kTool));
 }
 
 TEST_F(WindowRegistryTest, TheEndOfTheProgramEndsEveryWait)
 {
     QTimer::singleShot(0, &m_registry, [this] {
         platform::beginClosing();
-        m_registry.unloadAll({kName});
+        m_registry.unloadAll();
     });
-    m_registry.show(kName, core::ShowMode::Modal);
-    EXPECT_FALSE(m_registry.isLoaded(kName));
+    m_registry.show(kTool, core::ShowMode::Modal);
+    EXPECT_FALSE(m_registry.isLoaded(kTool));
 }
 
 TEST_F(WindowRegistryTest, AClosingProgramKeepsItsWindowsUntilTheStackIsUnwound)
 {
-    m_registry.show(kName);
+    m_registry.show(kTool);
     platform::beginClosing();
-    m_registry.unload(kName);
+    m_registry.unload(kTool);
     deletePosted();
     ASSERT_NE(m_window, nullptr);
     EXPECT_FALSE(m_window->isVisible());
-    EXPECT_EQ(m_registry.load(kName), nullptr) << "nothing is made any more";
+    EXPECT_EQ(m_registry.load(kTool), nullptr) << "nothing is made any more";
     m_registry.deleteForgotten();
     EXPECT_EQ(m_window, nullptr);
 }
 
 TEST_F(WindowRegistryTest, AnOwnerMayTakeItsWindowsAlong)
 {
-    m_registry.show(kName);
-    QPointer<Window> owned;
-    m_registry.add("Form4", [&] { return owned = new Window(m_closed, m_window); });
-    m_registry.show("Form4");
+    m_registry.show(kTool);
+    QPointer<CountingWindow> owned;
+    m_registry.add(Window::Form4, [&] { return owned = new CountingWindow(m_closed, m_window); });
+    m_registry.show(Window::Form4);
     platform::beginClosing();
-    m_registry.unloadAll({kName, "Form4"});
+    m_registry.unloadAll();
     m_registry.deleteForgotten();
     EXPECT_EQ(m_window, nullptr);
     EXPECT_EQ(owned, nullptr);

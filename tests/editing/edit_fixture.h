@@ -26,7 +26,10 @@ protected:
 
     ~EditTest() override
     {
-        core::windows().unloadAll({"Form4", "frmSaveJPGc", "FrmSwitch"});
+        for (const core::Window window :
+             {core::Window::Form4, core::Window::frmSaveJPGc, core::Window::FrmSwitch}) {
+            core::windows().unload(window);
+        }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         core::services().config = nullptr;
         core::state() = {};

@@ -24,7 +24,7 @@ protected:
     void whenScaleWindowOpens(const std::function<void(QWidget&)>& use)
     {
         QTimer::singleShot(0, qApp, [use] {
-            QWidget* window = core::windows().find("Form4");
+            QWidget* window = core::windows().find(core::Window::Form4);
             ASSERT_NE(window, nullptr);
             use(*window);
         });
@@ -113,7 +113,7 @@ TEST_F(ImageCommands, ScaleToTheSizeOfTheDialog)
     EXPECT_FALSE(exists("Images/Temp.bmp"));
     EXPECT_EQ(form.log, QStringList({"viewer picture 50x25", "rebuildSizeText", "viewer Refresh",
                                      "PanViewRefresh", "viewer Refresh"}));
-    EXPECT_FALSE(core::windows().isLoaded("Form4"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::Form4));
 }
 
 TEST_F(ImageCommands, LeaveTheSizeTextWhenTheSizeStays)

@@ -26,9 +26,9 @@ protected:
     // Loads the window, and shows it where its slider is to move on screen.
     frmSaveJPGc& open(bool onScreen = false)
     {
-        m_window = qobject_cast<frmSaveJPGc*>(core::windows().load("frmSaveJPGc"));
+        m_window = qobject_cast<frmSaveJPGc*>(core::windows().load(core::Window::frmSaveJPGc));
         if (onScreen) {
-            core::windows().show("frmSaveJPGc");
+            core::windows().show(core::Window::frmSaveJPGc);
         }
         return *m_window;
     }
@@ -157,7 +157,7 @@ TEST_F(JpegWindow, WritesTheOutputAndClosesUnderOk)
     EXPECT_EQ(dialogs.boxes[0],
               (platform::FakeDialogs::Box{tree.path("picture.jpg"), "", platform::BoxIcon::None}));
     EXPECT_TRUE(tree.content("picture.jpg") == convertedAt(50));
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_TRUE(exists("saveJpgTemp.jpg"));
 }
 
@@ -165,14 +165,14 @@ TEST_F(JpegWindow, StaysOpenWhileTheOutputCantBeWritten)
 {
     open().setOutputPath(tree.path("later/picture.jpg"));
     press("Command1_0");
-    EXPECT_TRUE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_TRUE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     press("Command1_0");
-    EXPECT_TRUE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_TRUE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_EQ(dialogs.boxes.size(), 2U);
     tree.add({"later/", ""});
     press("Command1_0");
     EXPECT_EQ(dialogs.boxes.size(), 3U);
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_TRUE(tree.exists("later/picture.jpg"));
 }
 
@@ -180,7 +180,7 @@ TEST_F(JpegWindow, RefusesToWriteOverItsSource)
 {
     open().setOutputPath(tree.path("app/saveTemp.bmp"));
     press("Command1_0");
-    EXPECT_TRUE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_TRUE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     expectFile("saveTemp.bmp", numbered(200, 150));
 }
 
@@ -188,12 +188,12 @@ TEST_F(JpegWindow, DeletesThePreviewUnderCancelOnly)
 {
     open();
     control<widgets::TitleStrip>("Picture2")->closeBox()->click();
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_TRUE(exists("saveJpgTemp.jpg"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     open();
     press("Command1_1");
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_FALSE(exists("saveJpgTemp.jpg"));
 }
 
@@ -202,7 +202,7 @@ TEST_F(JpegWindow, PressesItsButtonsByReturnAndEscape)
     open(true).setOutputPath(tree.path("picture.jpg"));
     QTest::keyClick(slider(), Qt::Key_Return);
     EXPECT_TRUE(tree.exists("picture.jpg"));
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     open(true);
     QTest::keyClick(slider(), Qt::Key_Escape);
@@ -251,7 +251,7 @@ TEST_F(LongConversion, IsCompletedBeforeOkWritesTheOutput)
     m_window->setOutputPath(tree.path("picture.jpg"));
     meanwhile([&] { press("Command1_0"); });
     slider()->setValue(40);
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_TRUE(tree.content("picture.jpg") == convertedAt(40));
     expectPreviewAt(40);
 }
@@ -260,7 +260,7 @@ TEST_F(LongConversion, EndsWithoutAFileUnderCancel)
 {
     meanwhile([&] { press("Command1_1"); });
     slider()->setValue(40);
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_FALSE(exists("saveJpgTemp.jpg"));
 }
 

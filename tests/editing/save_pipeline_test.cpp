@@ -142,7 +142,7 @@ TEST_F(SavePipeline, OpensTheJpegWindowUnderTheThirdFilter)
     core::state().PictureChanged = true;
     answerSaveDialog("picture.bmp", 3);
     QTimer::singleShot(0, qApp, [&] {
-        QWidget* window = core::windows().find("frmSaveJPGc");
+        QWidget* window = core::windows().find(core::Window::frmSaveJPGc);
         ASSERT_NE(window, nullptr);
         EXPECT_TRUE(window->isModal());
         EXPECT_EQ(window->findChild<QLineEdit*>("OutputPath")->text(), tree.path("picture.bmp"));
@@ -151,7 +151,7 @@ TEST_F(SavePipeline, OpensTheJpegWindowUnderTheThirdFilter)
     save();
     EXPECT_EQ(signature("picture.bmp", 2), "\xFF\xD8");
     EXPECT_EQ(dialogs.boxTexts(), QStringList({tree.path("picture.bmp")}));
-    EXPECT_FALSE(core::windows().isLoaded("frmSaveJPGc"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_FALSE(core::state().PictureChanged);
 }
 
@@ -165,7 +165,7 @@ TEST_F(SavePipeline, MakesTheMainWindowActiveAgainAfterAJpeg)
     showInViewer(numbered(20, 10));
     answerSaveDialog("picture.jpg", 3);
     QTimer::singleShot(0, qApp, [&] {
-        QWidget* window = core::windows().find("frmSaveJPGc");
+        QWidget* window = core::windows().find(core::Window::frmSaveJPGc);
         EXPECT_TRUE(QTest::qWaitForWindowActive(window));
         window->findChild<QPushButton*>("Command1_0")->click();
     });

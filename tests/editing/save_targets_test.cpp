@@ -51,8 +51,8 @@ protected:
 
     static void press(const char* button)
     {
-        QWidget* window = core::windows().find("frmSaveJPGc");
-        if (window != nullptr && core::windows().isLoaded("frmSaveJPGc")) {
+        QWidget* window = core::windows().find(core::Window::frmSaveJPGc);
+        if (window != nullptr && core::windows().isLoaded(core::Window::frmSaveJPGc)) {
             window->findChild<QPushButton*>(button)->click();
         }
     }

@@ -23,7 +23,7 @@ protected:
         core::state().ResizeSourceWidth = width;
         core::state().ResizeSourceHeight = height;
         core::state().ResizeCancelled = true;
-        m_window = core::windows().load("Form4");
+        m_window = core::windows().load(core::Window::Form4);
     }
 
     template<typename Control> Control* control(const char* name) const
@@ -33,7 +33,7 @@ protected:
     [[nodiscard]] QLineEdit* width() const { return control<QLineEdit>("txtWidth"); }
     [[nodiscard]] QLineEdit* height() const { return control<QLineEdit>("txtHeight"); }
     void press(const char* button) const { control<QPushButton>(button)->click(); }
-    [[nodiscard]] static bool isOpen() { return core::windows().isLoaded("Form4"); }
+    [[nodiscard]] static bool isOpen() { return core::windows().isLoaded(core::Window::Form4); }
 
     void expectNothingHappened(const QSize& size) const
     {
@@ -208,7 +208,7 @@ TEST_F(ScaleWindow, CountsAsCancelledUnlessItScales)
 TEST_F(ScaleWindow, MarksTheFieldThatHasTheFocus)
 {
     open(100, 50);
-    core::windows().show("Form4");
+    core::windows().show(core::Window::Form4);
     m_window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_window));
     EXPECT_EQ(m_window->focusWidget(), width()); // the first field of the window
@@ -230,7 +230,7 @@ TEST_F(ScaleWindow, PressesItsButtonsByReturnAndEscape)
     EXPECT_FALSE(isOpen());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     open(100, 50);
-    core::windows().show("Form4");
+    core::windows().show(core::Window::Form4);
     QTest::keyClick(control<QPushButton>("cmdCancel"), Qt::Key_Return);
     EXPECT_FALSE(isOpen());
     EXPECT_TRUE(core::state().ResizeCancelled);

@@ -109,7 +109,7 @@ TEST_F(ScarceMemoryTest, LeavesAScaleItsPicture)
     const QSize size(kWidth - 100, kHeight - 100);
     tryAll(image, editing::scaledTo(image, size), [this, size] {
         QTimer::singleShot(0, qApp, [size] {
-            QWidget* window = core::windows().find("Form4");
+            QWidget* window = core::windows().find(core::Window::Form4);
             ASSERT_NE(window, nullptr);
             window->findChild<QAbstractButton*>("chkKeepProportions")->setChecked(false);
             window->findChild<QLineEdit*>("txtWidth")->setText(QString::number(size.width()));

@@ -16,7 +16,7 @@ protected:
     {
         tree.add({"home/tools/paint"});
         tree.add({"home/tools/old/draw"});
-        m_window = qobject_cast<FrmSwitch*>(core::windows().load("FrmSwitch"));
+        m_window = qobject_cast<FrmSwitch*>(core::windows().load(core::Window::FrmSwitch));
     }
 
     template<typename Control> Control* control(const char* name) const
@@ -84,7 +84,7 @@ TEST_F(SwitchWindow, OpensAFolderByReturnAndAddsNothing)
     select(*folders, "tools");
     QTest::keyClick(folders, Qt::Key_Return);
     EXPECT_EQ(entries(*folders), QStringList({"..", "old"}));
-    EXPECT_TRUE(core::windows().isLoaded("FrmSwitch"));
+    EXPECT_TRUE(core::windows().isLoaded(core::Window::FrmSwitch));
     EXPECT_TRUE(config.values.empty());
 }
 
@@ -95,10 +95,10 @@ TEST_F(SwitchWindow, AddsByReturnInItsFieldsAndItsFileList)
     auto* list = control<QListWidget>("Filelist");
     select(*list, "paint");
     QTest::keyClick(control<QLineEdit>("SwitchName"), Qt::Key_Return);
-    EXPECT_TRUE(core::windows().isLoaded("FrmSwitch"));
+    EXPECT_TRUE(core::windows().isLoaded(core::Window::FrmSwitch));
     type("SwitchName", "Paint");
     QTest::keyClick(list, Qt::Key_Return);
-    EXPECT_FALSE(core::windows().isLoaded("FrmSwitch"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::FrmSwitch));
     EXPECT_EQ(tree.content("app/SwitchName.txt"),
               ("Paint#" + tree.path("home/tools/paint") + ";").toStdString());
 }
@@ -130,7 +130,7 @@ TEST_F(SwitchWindow, NeedsBothTexts)
     EXPECT_FALSE(exists("SwitchName.txt"));
     EXPECT_TRUE(config.values.empty());
     EXPECT_TRUE(form.log.isEmpty());
-    EXPECT_TRUE(core::windows().isLoaded("FrmSwitch"));
+    EXPECT_TRUE(core::windows().isLoaded(core::Window::FrmSwitch));
 }
 
 TEST_F(SwitchWindow, AppendsTheProgramAndRebuildsTheMenu)
@@ -142,5 +142,5 @@ TEST_F(SwitchWindow, AppendsTheProgramAndRebuildsTheMenu)
     EXPECT_EQ(tree.content("app/SwitchName.txt"), "Draw#/usr/bin/draw;Paint#/usr/bin/paint;");
     EXPECT_EQ(config.values["Sno"], "2");
     EXPECT_EQ(form.log, QStringList({"refillListMenus"}));
-    EXPECT_FALSE(core::windows().isLoaded("FrmSwitch"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::FrmSwitch));
 }

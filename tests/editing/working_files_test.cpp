@@ -36,7 +36,7 @@ TEST_F(Undo, BringsThePictureBackFromEveryEdit)
     for (const int entry : {2, 3, 4, 5, 7}) {
         showInViewer(image);
         QTimer::singleShot(0, qApp, [] {
-            if (QWidget* window = core::windows().find("Form4")) {
+            if (QWidget* window = core::windows().find(core::Window::Form4)) {
                 window->findChild<QLineEdit*>("txtWidth")->setText("10");
                 window->findChild<QPushButton*>("cmdOk")->click();
             }

@@ -42,17 +42,18 @@ protected:
         EXPECT_TRUE(platform::savePicture(platform::Picture(image), tree.path("pics/red.jpg")));
     }
 
-    void addPlayer(const char* name)
+    void addPlayer(core::Window window)
     {
-        const QString window = QString::fromLatin1(name);
-        core::windows().add(window, [this, window] { return new FakePlayer(main.log, window); });
+        core::windows().add(
+            window, [this, window] { return new FakePlayer(main.log, core::windowName(window)); });
     }
 
     void TearDown() override
     {
-        for (const char* name : {"FlashP", "MpegForm", "FrmBrowser"}) {
-            core::windows().unload(QString::fromLatin1(name));
-            core::windows().add(QString::fromLatin1(name), [] { return nullptr; });
+        for (const core::Window window :
+             {core::Window::FlashP, core::Window::MpegForm, core::Window::FrmBrowser}) {
+            core::windows().unload(window);
+            core::windows().add(window, [] { return nullptr; });
         }
         core::state().BrowserOpen = false;
     }
@@ -117,23 +118,23 @@ TEST_F(RoutingTest, PassesOverAMissingFile)
 
 TEST_F(RoutingTest, OpensFlashFilesAndWritesTheField)
 {
-    addPlayer("FlashP");
+    addPlayer(core::Window::FlashP);
     const QString path = QStringLiteral("/p/film.swf");
     files::goEnter(main, path);
     EXPECT_EQ(main.log, QStringList{QStringLiteral("FlashP opens ") + path});
-    EXPECT_TRUE(core::windows().find(QStringLiteral("FlashP"))->isVisible());
+    EXPECT_TRUE(core::windows().find(core::Window::FlashP)->isVisible());
     EXPECT_EQ(main.xiala, path);
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
 
 TEST_F(RoutingTest, OpensMediaAndTellsTheFacts)
 {
-    addPlayer("MpegForm");
+    addPlayer(core::Window::MpegForm);
     const QString path = tree.path("pics/m.avi");
     main.image1.resize(30, 40);
     files::goEnter(main, path);
     EXPECT_EQ(main.log, QStringList{QStringLiteral("MpegForm opens ") + path});
-    EXPECT_TRUE(core::windows().find(QStringLiteral("MpegForm"))->isVisible());
+    EXPECT_TRUE(core::windows().find(core::Window::MpegForm)->isVisible());
     EXPECT_EQ(main.xiala, path);
     EXPECT_EQ(main.statusBar.panel(core::Panel::FileName), QStringLiteral("m.avi") + kBlanks);
     EXPECT_EQ(main.statusBar.panel(core::Panel::Width), QStringLiteral("30 Pixel"));
@@ -142,12 +143,12 @@ TEST_F(RoutingTest, OpensMediaAndTellsTheFacts)
 
 TEST_F(RoutingTest, MakesTheWebWindowAnewForASecondPage)
 {
-    addPlayer("FrmBrowser");
+    addPlayer(core::Window::FrmBrowser);
     files::goEnter(main, QStringLiteral("/p/a.htm"));
-    const QPointer<QWidget> first = core::windows().find(QStringLiteral("FrmBrowser"));
+    const QPointer<QWidget> first = core::windows().find(core::Window::FrmBrowser);
     core::state().BrowserOpen = true;
     files::goEnter(main, QStringLiteral("/p/b.html"));
-    EXPECT_NE(core::windows().find(QStringLiteral("FrmBrowser")), first);
+    EXPECT_NE(core::windows().find(core::Window::FrmBrowser), first);
     EXPECT_EQ(main.log, (QStringList{QStringLiteral("FrmBrowser opens /p/a.htm"),
                                      QStringLiteral("FrmBrowser opens /p/b.html")}));
 }

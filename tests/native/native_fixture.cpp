@@ -29,7 +29,7 @@ constexpr int kPatience = 60000;
 
 Form1* mainWindow()
 {
-    return qobject_cast<Form1*>(core::windows().find(QStringLiteral("Form1")));
+    return qobject_cast<Form1*>(core::windows().find(core::Window::Form1));
 }
 
 // The tree's event loop is the one that the script has to run in.

@@ -95,7 +95,7 @@ TEST_F(RealInput, LeavesTheKeysToTheMainWindowBesideTheZoomTool)
     run([this](Form1& form) {
         click(onScreen(pictureArea(form)).center());
         key(QStringLiteral("F5"));
-        const auto findTool = [] { return core::windows().find(QStringLiteral("fastZoom")); };
+        const auto findTool = [] { return core::windows().find(core::Window::fastZoom); };
         ASSERT_TRUE(waitUntil([&] { return findTool() != nullptr; }));
         const QWidget* tool = findTool();
         ASSERT_TRUE(isUp(*tool));

@@ -171,7 +171,7 @@ TEST_F(Viewing, SetsTheZoomByTheZoomTool)
         ASSERT_TRUE(showsAlone(form, kGreen, kJpegSize));
         hand::click(pictureArea(form));
         hand::key(form, Qt::Key_F5);
-        QWidget* tool = core::windows().find(QStringLiteral("fastZoom"));
+        QWidget* tool = core::windows().find(core::Window::fastZoom);
         ASSERT_NE(tool, nullptr);
         ASSERT_TRUE(isUp(*tool));
 
@@ -185,7 +185,7 @@ TEST_F(Viewing, SetsTheZoomByTheZoomTool)
 
         hand::click(part(*tool, "Max"));
         EXPECT_TRUE(
-            waitUntil([] { return core::windows().find(QStringLiteral("fastZoom")) == nullptr; }));
+            waitUntil([] { return core::windows().find(core::Window::fastZoom) == nullptr; }));
     });
 }
 

@@ -146,7 +146,7 @@ TEST_F(Windows, LeavesAWindowByTheBoxOfItsStrip)
                               EXPECT_TRUE(alive == nullptr || !alive->isVisible());
                           });
         }
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("Favorties")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::Favorties));
     });
 }
 
@@ -159,7 +159,7 @@ TEST_F(Windows, EndsByTheLastEntryOfTheFileMenu)
         ASSERT_TRUE(opens(menu));
         QAction* exit = form.menus().entry(QStringLiteral("optFile"), 14);
         hand::click(menu, menu.actionGeometry(exit).center());
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("Form1")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::Form1));
     });
     EXPECT_FALSE(tree.exists("app/temp.bmp"));
 }

@@ -15,12 +15,6 @@ namespace {
 
 using accessible_tree::Part;
 
-// Every window that the program can make now, by name; those of the start are open already.
-QStringList windowNames()
-{
-    return core::windows().names();
-}
-
 bool isIconOnly(const QAbstractButton& button)
 {
     return button.text().isEmpty();
@@ -34,10 +28,11 @@ protected:
         program.run([&](Form1& form) {
             form.viewer().setPicture(platform::Picture(QImage(40, 30, QImage::Format_RGB32)));
             form.Smallfrm();
-            for (const QString& name : windowNames()) {
-                QWidget* window = core::windows().load(name);
+            // Those of the start are open already.
+            for (const core::Window which : core::windows().withFactory()) {
+                QWidget* window = core::windows().load(which);
                 if (window != nullptr) { // a factory of another test makes none
-                    look(name, *window);
+                    look(core::windowName(which), *window);
                 }
             }
         });

@@ -130,7 +130,7 @@ TEST_F(ClosingTest, EndsWhileAModalWindowIsOpen)
 
 TEST_F(ClosingTest, EndsWhileAModalWindowThatAKeyOpenedIsOpen)
 {
-    program.stubWindow("frmTemp");
+    program.stubWindow(core::Window::frmTemp);
     program.run([this](Form1& form) {
         form.setXiala(program.picture("a.bmp"));
         form.clickXiala();
@@ -182,11 +182,11 @@ TEST_F(ClosingTest, TakesNoCommandOnceItHasBegun)
 TEST_F(ClosingTest, StopsThePlayerBeforeAndAfterTheWindowsOfTheExitCommand)
 {
     QStringList order;
-    program.stubWindow("MpegForm");
+    program.stubWindow(core::Window::MpegForm);
     program.run([&](Form1& form) {
-        core::windows().show(QStringLiteral("MpegForm"));
+        core::windows().show(core::Window::MpegForm);
         core::services().stopPlayer = [&] {
-            const bool open = core::windows().isLoaded(QStringLiteral("MpegForm"));
+            const bool open = core::windows().isLoaded(core::Window::MpegForm);
             order.append(open ? QStringLiteral("with window") : QStringLiteral("without window"));
         };
         RunningProgram::trigger(form, "optFile", 14);
@@ -242,13 +242,13 @@ TEST_F(ClosingTest, ComesWhenASignalAsksForIt)
 TEST_F(ClosingTest, ComesWhenTheSessionEnds)
 {
     QStringList order;
-    program.stubWindow("MpegForm");
+    program.stubWindow(core::Window::MpegForm);
     platform::EndRequests requests;
     requests.deliverTo(&shell::endProgram);
     program.run([&](Form1&) {
-        core::windows().show(QStringLiteral("MpegForm"));
+        core::windows().show(core::Window::MpegForm);
         core::services().stopPlayer = [&] {
-            const bool open = core::windows().isLoaded(QStringLiteral("MpegForm"));
+            const bool open = core::windows().isLoaded(core::Window::MpegForm);
             order.append(open ? QStringLiteral("with window") : QStringLiteral("without window"));
         };
         QEvent quit(QEvent::Quit);
@@ -275,8 +275,9 @@ TEST_F(ClosingTest, LeavesNoTraceOfAStartThatASignalEnds)
         EXPECT_TRUE(platform::isClosing()) << last;
         EXPECT_FALSE(platform::folderTree().isOpen()) << last;
         EXPECT_FALSE(platform::registryValue(kMarkerKey, kMarkerName)) << last;
-        for (const char* window : {"frmWelcome", "Form1", "frmThumbnaillist"}) {
-            EXPECT_FALSE(core::windows().isLoaded(QLatin1String(window))) << last << window;
+        for (const core::Window window :
+             {core::Window::frmWelcome, core::Window::Form1, core::Window::frmThumbnaillist}) {
+            EXPECT_FALSE(core::windows().isLoaded(window)) << last << core::windowName(window);
         }
     }
 }

@@ -628,7 +628,7 @@ TEST_F(CommandsTest, OpenHelpAndPagesByTheDesktop)
         EXPECT_EQ(program.desktop.started[0].path,
                   program.tree.path("app/LiveUpdate/LiveUpdate.exe"));
         RunningProgram::trigger(form, "CmdAbout", -1);
-        EXPECT_TRUE(core::windows().isLoaded(QStringLiteral("frmAbout")));
+        EXPECT_TRUE(core::windows().isLoaded(core::Window::frmAbout));
     });
 }
 
@@ -686,7 +686,7 @@ TEST_F(CommandsTest, WaitForWindowsUnderTheDefaultPointerAndGoOnUnderTheHourglas
     program.onModal = [&](QWidget&) { during = platform::pointer(); };
     program.run([&](Form1& /*form*/) {
         const platform::PointerGuard hourglass;
-        core::windows().show(QStringLiteral("Favorties"), core::ShowMode::Modal);
+        core::windows().show(core::Window::Favorties, core::ShowMode::Modal);
         EXPECT_EQ(during, platform::Pointer::Default);
         EXPECT_EQ(platform::pointer(), platform::Pointer::HourGlass);
     });
@@ -697,7 +697,7 @@ TEST_F(CommandsTest, AskOnceForAnImportThenOpenTheMenu)
     program.config[QStringLiteral("WinState")] = QStringLiteral("1");
     program.run([this](Form1& form) {
         emit form.cpvPicScroll1().MouseDown(2, 0, 0, 0);
-        QWidget* question = core::windows().find(QStringLiteral("frmMsg"));
+        QWidget* question = core::windows().find(core::Window::frmMsg);
         ASSERT_NE(question, nullptr);
         EXPECT_EQ(question->windowTitle(), QStringLiteral("Import..."));
         EXPECT_EQ(question->findChild<QLabel*>(QStringLiteral("Label1"))->text(),
@@ -705,7 +705,7 @@ TEST_F(CommandsTest, AskOnceForAnImportThenOpenTheMenu)
         question->findChild<QPushButton*>(QStringLiteral("Cancel"))->click();
         EXPECT_EQ(program.stored("WinState"), QStringLiteral("0"));
         EXPECT_FALSE(form.viewer().PictureExists());
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("frmMsg")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::frmMsg));
         emit form.cpvPicScroll1().MouseDown(2, 0, 0, 0);
         EXPECT_TRUE(form.menus().menu(QStringLiteral("CmdRm"))->isVisible());
         form.menus().menu(QStringLiteral("CmdRm"))->close();
@@ -752,13 +752,13 @@ TEST_F(CommandsTest, ImportThePictureOfTheClipboardWhenTold)
         image.fill(Qt::green);
         platform::setClipboardPicture(platform::Picture(image));
         emit form.cpvPicScroll1().MouseDown(2, 0, 0, 0);
-        QWidget* question = core::windows().find(QStringLiteral("frmMsg"));
+        QWidget* question = core::windows().find(core::Window::frmMsg);
         ASSERT_NE(question, nullptr);
         question->findChild<QPushButton*>(QStringLiteral("Ok"))->click();
         EXPECT_EQ(program.stored("WinState"), QStringLiteral("0"));
         EXPECT_EQ(shownWidth(form), 7);
         EXPECT_EQ(form.Xiala(), program.tree.path("app/temp.bmp"));
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("frmMsg")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::frmMsg));
     });
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/window_names.h"
 #include "shell/command_table.h"
 #include "shell/main_window.h"
 
+#include <array>
 #include <functional>
 #include <string>
 #include <vector>
@@ -23,9 +25,11 @@ std::vector<CommandRoute> everyCommand();
 // The first route of each handler, for tests that start a program for every one.
 std::vector<CommandRoute> everyHandler();
 
-// Windows that commands open by name and that this build may not have.
-inline const char* const kWindowsByName[] = {
-    "FlashP",  "MpegForm", "FrmBrowser",  "frmWebRelease", "frmMailSender",
-    "Acquire", "frmTemp",  "frmCapture",  "frmCaputreN",   "Form5rf",
-    "FrmFind", "FrmBord",  "OptionsForm", "Movefile",
+// Windows that commands open and that this build may not have.
+inline constexpr std::array kLaterWindows{
+    core::Window::FlashP,        core::Window::MpegForm,      core::Window::FrmBrowser,
+    core::Window::frmWebRelease, core::Window::frmMailSender, core::Window::Acquire,
+    core::Window::frmTemp,       core::Window::frmCapture,    core::Window::frmCaputreN,
+    core::Window::Form5rf,       core::Window::FrmFind,       core::Window::FrmBord,
+    core::Window::OptionsForm,   core::Window::Movefile,
 };

@@ -45,8 +45,8 @@ protected:
 
     static void useStubWindows(RunningProgram& program)
     {
-        for (const char* const name : kWindowsByName) {
-            program.stubWindow(name);
+        for (const core::Window window : kLaterWindows) {
+            program.stubWindow(window);
         }
     }
 
@@ -66,8 +66,8 @@ protected:
     static void settle(Form1& form)
     {
         QApplication::processEvents();
-        for (const char* const name : kWindowsByName) {
-            core::windows().unload(QString::fromLatin1(name));
+        for (const core::Window window : kLaterWindows) {
+            core::windows().unload(window);
         }
         if (form.isMinimized()) {
             form.setWindowState(Qt::WindowMaximized);

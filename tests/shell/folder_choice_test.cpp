@@ -77,7 +77,7 @@ protected:
     static frmThumbnaillist& pane()
     {
         return *qobject_cast<frmThumbnaillist*>(
-            core::windows().find(QStringLiteral("frmThumbnaillist")));
+            core::windows().find(core::Window::frmThumbnaillist));
     }
 
     RunningProgram program;

@@ -60,8 +60,9 @@ class KeysTest : public testing::Test {
 protected:
     KeysTest()
     {
-        for (const char* name : {"FrmBrowser", "frmCaputreN", "frmMailSender", "frmTemp"}) {
-            program.stubWindow(name);
+        for (const core::Window window : {core::Window::FrmBrowser, core::Window::frmCaputreN,
+                                          core::Window::frmMailSender, core::Window::frmTemp}) {
+            program.stubWindow(window);
         }
     }
 
@@ -176,8 +177,8 @@ TEST_F(KeysTest, OpenTheirWindowsWhateverModifierIsHeld)
                                    QStringLiteral("frmTemp")}));
             EXPECT_EQ(program.dialogs.fileRequests.size(), 1U);
             EXPECT_EQ(program.desktop.started.size(), 1U);
-            core::windows().unloadAll(
-                {QStringLiteral("FrmBrowser"), QStringLiteral("frmMailSender")});
+            core::windows().unload(core::Window::FrmBrowser);
+            core::windows().unload(core::Window::frmMailSender);
             EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
         }
     });
@@ -189,11 +190,11 @@ TEST_F(KeysTest, PutTheCaptureIntoTheTrayWhateverModifierIsHeld)
         for (const Qt::KeyboardModifier held :
              {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier}) {
             RunningProgram::pressKey(form, Qt::Key_F12, held);
-            QWidget* capture = core::windows().find(QStringLiteral("frmCaputreN"));
+            QWidget* capture = core::windows().find(core::Window::frmCaputreN);
             ASSERT_NE(capture, nullptr) << held;
             EXPECT_FALSE(capture->isVisible()) << held;
             EXPECT_TRUE(form.isMinimized()) << held;
-            core::windows().unload(QStringLiteral("frmCaputreN"));
+            core::windows().unload(core::Window::frmCaputreN);
             form.setWindowState(Qt::WindowMaximized);
         }
     });

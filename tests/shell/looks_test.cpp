@@ -26,8 +26,11 @@ namespace {
 
 constexpr QRgb kMenuGrey = 0xFFE0E0E0;
 
-const char* const kWindowNames[] = {"frmAbout",      "frmMsg",      "fastZoom",  "Favorties",
-                                    "FavortiesModi", "frmSaveJPGc", "FrmSwitch", "Form4"};
+constexpr std::array kSmallWindows{
+    core::Window::frmAbout,  core::Window::frmMsg,        core::Window::fastZoom,
+    core::Window::Favorties, core::Window::FavortiesModi, core::Window::frmSaveJPGc,
+    core::Window::FrmSwitch, core::Window::Form4,
+};
 
 QPalette darkPalette()
 {
@@ -153,7 +156,7 @@ TEST_F(LooksTest, OpensTheZoomToolOverTheViewerAndLeavesItWhereItIsPut)
 {
     program.run([](Form1& form) {
         form.fastZoomshow();
-        QWidget* tool = core::windows().find(QStringLiteral("fastZoom"));
+        QWidget* tool = core::windows().find(core::Window::fastZoom);
         ASSERT_NE(tool, nullptr);
         EXPECT_TRUE(onScreen(form.cpvPicScroll1()).contains(onScreen(*tool)));
         tool->move(17, 23);
@@ -169,13 +172,14 @@ TEST_F(LooksTest, ClipsNoTextInAnyWindow)
         form.setXiala(program.picture("a.bmp"));
         form.goEnter();
         EXPECT_EQ(clippedTexts(*form.menus().bar()->window()), QStringList());
-        for (const char* name : kWindowNames) {
-            QWidget* window = core::windows().load(QString::fromLatin1(name));
+        for (const core::Window which : kSmallWindows) {
+            const std::string name = core::windowName(which).toStdString();
+            QWidget* window = core::windows().load(which);
             ASSERT_NE(window, nullptr) << name;
             window->show();
             QApplication::processEvents();
             EXPECT_EQ(clippedTexts(*window), QStringList()) << name;
-            core::windows().unload(QString::fromLatin1(name));
+            core::windows().unload(which);
         }
     });
 }
@@ -197,12 +201,12 @@ TEST_F(LooksTest, NamesTheProgramOnceInTheAboutWindow)
 {
     program.run([](Form1& /*form*/) {
         const auto names = [] {
-            QWidget* about = core::windows().load(QStringLiteral("frmAbout"));
+            QWidget* about = core::windows().load(core::Window::frmAbout);
             int count = 0;
             for (const QLabel* label : about->findChildren<QLabel*>()) {
                 count += label->text() == core::kProgramName ? 1 : 0;
             }
-            core::windows().unload(QStringLiteral("frmAbout"));
+            core::windows().unload(core::Window::frmAbout);
             return count;
         };
         EXPECT_EQ(names(), 1);
@@ -270,13 +274,13 @@ TEST_F(LooksTest, KeepsTheAboutWindowAboveTheMainOne)
 {
     program.run([](Form1& form) {
         RunningProgram::trigger(form, "CmdAbout", -1);
-        QPointer<QWidget> about = core::windows().find(QStringLiteral("frmAbout"));
+        QPointer<QWidget> about = core::windows().find(core::Window::frmAbout);
         ASSERT_NE(about, nullptr);
         EXPECT_TRUE(about->isWindow());
         EXPECT_EQ(about->parentWidget()->window(), &form);
         EXPECT_EQ(about->windowHandle()->transientParent(), form.windowHandle());
         QTest::keyClick(about->focusWidget(), Qt::Key_Return);
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("frmAbout")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::frmAbout));
     });
 }
 

@@ -57,7 +57,7 @@ protected:
         form.form1paint();
     }
 
-    static QWidget* pane() { return core::windows().find(QStringLiteral("frmThumbnaillist")); }
+    static QWidget* pane() { return core::windows().find(core::Window::frmThumbnaillist); }
 
     RunningProgram program;
 };
@@ -163,7 +163,7 @@ TEST_F(ModesTest, SwitchesScrollBarsAndZoomTool)
         EXPECT_EQ(form.cpvPicScroll1().ScrollBars(), 0);
         EXPECT_EQ(program.stored("Scrollshow"), QStringLiteral("0"));
         form.fastZoomshow();
-        EXPECT_TRUE(core::windows().find(QStringLiteral("fastZoom"))->isVisible());
+        EXPECT_TRUE(core::windows().find(core::Window::fastZoom)->isVisible());
         EXPECT_TRUE(isChecked(form, "optView", 15) && isChecked(form, "CmdRightView", 8));
         EXPECT_EQ(program.stored("fastZoomshow"), QStringLiteral("0"));
         form.fastZoomshow();
@@ -176,14 +176,14 @@ TEST_F(ModesTest, LeavesTheKeyOfTheZoomToolWhenItsBoxClosesIt)
 {
     program.run([this](Form1& form) {
         form.fastZoomshow();
-        QWidget* tool = core::windows().find(QStringLiteral("fastZoom"));
+        QWidget* tool = core::windows().find(core::Window::fastZoom);
         ASSERT_NE(tool, nullptr);
         tool->findChild<QAbstractButton*>(QStringLiteral("Max"))->click();
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("fastZoom")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::fastZoom));
         EXPECT_FALSE(isChecked(form, "optView", 15) || isChecked(form, "CmdRightView", 8));
         EXPECT_EQ(program.stored("fastZoomshow"), QStringLiteral("0"));
         form.fastZoomshow();
-        EXPECT_TRUE(core::windows().find(QStringLiteral("fastZoom"))->isVisible());
+        EXPECT_TRUE(core::windows().find(core::Window::fastZoom)->isVisible());
         EXPECT_TRUE(isChecked(form, "optView", 15) && isChecked(form, "CmdRightView", 8));
     });
 }

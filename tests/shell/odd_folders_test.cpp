@@ -163,7 +163,7 @@ TEST_F(OddFoldersTest, SharesItsSettingsWithAnotherProcess)
         ASSERT_TRUE(
             platform::writeProfile(file, section, QStringLiteral("WinState"), QStringLiteral("1")));
         emit form.cpvPicScroll1().MouseDown(2, 0, 0, 0);
-        EXPECT_TRUE(core::windows().isLoaded(QStringLiteral("frmMsg")));
+        EXPECT_TRUE(core::windows().isLoaded(core::Window::frmMsg));
         program.tree.remove("app/config.ini");
         form.Scrollshow();
         EXPECT_EQ(program.tree.content("app/config.ini"), "[QUILLPOST]\nScrollshow=0\n");

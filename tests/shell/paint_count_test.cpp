@@ -104,7 +104,7 @@ protected:
         });
     }
 
-    static QWidget& pane() { return *core::windows().find(QStringLiteral("frmThumbnaillist")); }
+    static QWidget& pane() { return *core::windows().find(core::Window::frmThumbnaillist); }
 
     static QWidget& picture(Form1& form)
     {

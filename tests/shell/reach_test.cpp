@@ -268,7 +268,7 @@ TEST_F(ReachTest, TheZoomToolWorksByKeys)
         EXPECT_EQ(form.viewer().ZoomFactor(), 3);
         EXPECT_EQ(focusName(), QStringLiteral("scrZoom2"));
         press(Qt::Key_Escape);
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("fastZoom")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::fastZoom));
         EXPECT_FALSE(RunningProgram::entry(form, "optView", 15).isChecked());
         EXPECT_EQ(focusName(), QStringLiteral("cpvPicScroll1"));
     });
@@ -381,7 +381,7 @@ TEST_F(ReachTest, TheMenuKeyAsksInPlaceOfTheMenuWhileAPictureWaits)
         form.viewer().giveFocus();
         press(Qt::Key_Menu);
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-        EXPECT_TRUE(core::windows().isLoaded(QStringLiteral("frmMsg")));
+        EXPECT_TRUE(core::windows().isLoaded(core::Window::frmMsg));
     });
 }
 
@@ -479,9 +479,10 @@ TEST_F(ReachTest, NoWindowOpensWithTheFocusOnItsCloseBox)
     program.run([](Form1& form) {
         form.viewer().setPicture(platform::Picture(QImage(40, 30, QImage::Format_RGB32)));
         int windows = 0;
-        for (const QString& name : core::windows().names()) {
-            const QWidget* loaded = core::windows().find(name);
-            QWidget* window = loaded != nullptr ? nullptr : core::windows().show(name);
+        for (const core::Window which : core::windows().withFactory()) {
+            const QString name = core::windowName(which);
+            const QWidget* loaded = core::windows().find(which);
+            QWidget* window = loaded != nullptr ? nullptr : core::windows().show(which);
             const auto* box =
                 window != nullptr ? window->findChild<QWidget*>(QStringLiteral("Max")) : nullptr;
             if (box == nullptr || !window->isWindow()) {
@@ -503,11 +504,12 @@ TEST_F(ReachTest, EscapeClosesEverySecondaryWindow)
     program.run([](Form1& form) {
         form.viewer().setPicture(platform::Picture(QImage(40, 30, QImage::Format_RGB32)));
         int windows = 0;
-        for (const QString& name : core::windows().names()) {
-            if (core::windows().isLoaded(name) || name == QStringLiteral("frmWelcome")) {
+        for (const core::Window which : core::windows().withFactory()) {
+            if (core::windows().isLoaded(which) || which == core::Window::frmWelcome) {
                 continue;
             }
-            QWidget* window = core::windows().show(name);
+            const QString name = core::windowName(which);
+            QWidget* window = core::windows().show(which);
             if (window == nullptr) {
                 continue;
             }
@@ -515,7 +517,7 @@ TEST_F(ReachTest, EscapeClosesEverySecondaryWindow)
             window->activateWindow();
             ASSERT_TRUE(QTest::qWaitForWindowActive(window)) << name.toStdString();
             QTest::keyClick(window, Qt::Key_Escape);
-            EXPECT_FALSE(core::windows().isLoaded(name)) << name.toStdString();
+            EXPECT_FALSE(core::windows().isLoaded(which)) << name.toStdString();
         }
         EXPECT_GE(windows, 7);
     });

@@ -41,7 +41,7 @@ private:
 
 Form1* mainWindow()
 {
-    return qobject_cast<Form1*>(core::windows().find(QStringLiteral("Form1")));
+    return qobject_cast<Form1*>(core::windows().find(core::Window::Form1));
 }
 
 } // namespace
@@ -73,9 +73,9 @@ RunningProgram::RunningProgram()
 RunningProgram::~RunningProgram()
 {
     core::windows().onUnload({});
-    for (const QString& name : m_stubs) {
-        core::windows().unload(name);
-        core::windows().add(name, [] { return nullptr; });
+    for (const core::Window window : m_stubs) {
+        core::windows().unload(window);
+        core::windows().add(window, [] { return nullptr; });
     }
     platform::resetClosing();
     core::state() = {};
@@ -88,7 +88,8 @@ void RunningProgram::run(const std::function<void(Form1&)>& script)
     }
     core::state() = {};
     platform::resetClosing();
-    core::windows().onUnload([this](const QString& name) { unloaded.append(name); });
+    core::windows().onUnload(
+        [this](core::Window window) { unloaded.append(core::windowName(window)); });
     bool scriptRan = false;
     QTimer poll;
     QElapsedTimer waited;
@@ -155,11 +156,11 @@ bool RunningProgram::waitFor(const std::function<bool()>& condition)
     return true;
 }
 
-void RunningProgram::stubWindow(const char* name)
+void RunningProgram::stubWindow(core::Window window)
 {
-    const QString window = QString::fromLatin1(name);
-    core::windows().add(window, [this, window] { return new StubWindow(window, shown); });
-    m_stubs.append(window);
+    core::windows().add(window,
+                        [this, window] { return new StubWindow(core::windowName(window), shown); });
+    m_stubs.push_back(window);
 }
 
 void RunningProgram::pressKey(Form1& form, int key, Qt::KeyboardModifiers modifiers,

@@ -10,6 +10,7 @@
 #include <QStringList>
 #include <functional>
 #include <map>
+#include <vector>
 
 // The whole program in the process of a test, with a home of its own and scripted dialogs.
 class RunningProgram {
@@ -35,7 +36,7 @@ public:
     static bool waitFor(const std::function<bool()>& condition);
 
     // A plain window stands under this name from here on.
-    void stubWindow(const char* name);
+    void stubWindow(core::Window window);
 
     // Presses and releases a key on the viewer.
     static void pressKey(Form1& form, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
@@ -57,7 +58,7 @@ public:
 private:
     void serveModal();
 
-    QStringList m_stubs;
+    std::vector<core::Window> m_stubs;
     platform::ScopedDialogs m_dialogs;
     platform::ScopedDesktop m_desktop;
 };

@@ -124,7 +124,7 @@ TEST(SideActivationOfTheProgram, CountsAgainAfterAnotherFolderWasChosen)
     program.run([&](Form1& form) {
         RunningProgram::click(form.cpvPicScroll1());
         EXPECT_EQ(form.PictureCount, 3);
-        QWidget& pane = *core::windows().find(QStringLiteral("frmThumbnaillist"));
+        QWidget& pane = *core::windows().find(core::Window::frmThumbnaillist);
         RunningProgram::click(pane);
         core::state().CurrentFolder = program.tree.path("more");
         core::services().browserPane->PathChange();

@@ -82,7 +82,7 @@ TEST_F(StartTest, ComesUpInItsOrderAndLeavesWhenTheTreeCloses)
     program.run([](Form1& form) {
         EXPECT_TRUE(form.isVisible());
         EXPECT_TRUE(platform::folderTree().isOpen());
-        EXPECT_FALSE(core::windows().isLoaded(QStringLiteral("frmWelcome")));
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::frmWelcome));
     });
     EXPECT_EQ(program.steps,
               (QStringList{QStringLiteral("welcome shown"), QStringLiteral("main window loaded"),
@@ -96,8 +96,8 @@ TEST_F(StartTest, UnloadsItsWindowsInOrder)
 {
     program.run([](Form1& form) {
         form.fastZoomshow();
-        core::windows().show(QStringLiteral("frmAbout"));
-        core::windows().show(QStringLiteral("frmMsg"));
+        core::windows().show(core::Window::frmAbout);
+        core::windows().show(core::Window::frmMsg);
     });
     EXPECT_EQ(program.unloaded,
               (QStringList{QStringLiteral("frmWelcome"), QStringLiteral("frmThumbnaillist"),
@@ -112,7 +112,7 @@ TEST_F(StartTest, WithoutSettingsTurnsOnWhatTheInvertedKeysSay)
         EXPECT_TRUE(core::state().PictureWide);
         EXPECT_FALSE(core::state().BrowserShown);
         EXPECT_TRUE(form.cpvPicScroll1().PanViewVisible());
-        EXPECT_TRUE(core::windows().isLoaded(QStringLiteral("fastZoom")));
+        EXPECT_TRUE(core::windows().isLoaded(core::Window::fastZoom));
         EXPECT_EQ(form.cpvPicScroll1().ScrollBars(), 0);
         EXPECT_FALSE(form.cpvPicScroll1().BestFitMode());
     });
@@ -315,7 +315,7 @@ TEST_F(StartTest, RunsTheGalleryOnce)
         EXPECT_EQ(runs, 0); // the one of the start is over
         EXPECT_NE(tiles->state().ThumbTable.filledRow(2), nullptr);
         form.findChild<QWidget*>(QStringLiteral("Xiala"))->setFocus();
-        RunningProgram::click(*core::windows().find(QStringLiteral("frmThumbnaillist")));
+        RunningProgram::click(*core::windows().find(core::Window::frmThumbnaillist));
         QApplication::processEvents();
         EXPECT_EQ(runs, 0);
     });
@@ -341,7 +341,7 @@ TEST_F(StartTest, FollowsTheTreesSelectionOnce)
 TEST_F(StartTest, KeepsTheTreeInThePane)
 {
     program.run([](Form1& form) {
-        auto* pane = core::windows().find(QStringLiteral("frmThumbnaillist"));
+        auto* pane = core::windows().find(core::Window::frmThumbnaillist);
         const QWidget* host = form.findChild<QWidget*>(QStringLiteral("Dir1"));
         const QWidget* tree = platform::folderTree().widget();
         for (const int width : {300, 420}) {

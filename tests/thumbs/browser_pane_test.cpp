@@ -500,12 +500,12 @@ class PaneWindowsTest : public PaneTest {
 protected:
     PaneWindowsTest()
     {
-        for (const char* name : {"Form5rf", "Movefile", "Favorties"}) {
-            core::windows().add(name, [this, name] {
+        for (const core::Window which : kModalWindows) {
+            core::windows().add(which, [this, which] {
                 auto* window = new QWidget(&m_form);
                 window->setWindowFlag(Qt::Window);
-                QTimer::singleShot(0, window, [this, window, name] {
-                    m_shown.append(QString(name) + " " +
+                QTimer::singleShot(0, window, [this, window, which] {
+                    m_shown.append(core::windowName(which) + " " +
                                    window->property("captionText").toString());
                     m_pictureFile = window->property("pictureFile").toString();
                     m_previewFile = window->property("previewFile").toString();
@@ -519,11 +519,14 @@ protected:
     }
     ~PaneWindowsTest() override
     {
-        for (const char* name : {"Form5rf", "Movefile", "Favorties"}) {
-            core::windows().unload(name);
-            core::windows().add(name, [] { return nullptr; });
+        for (const core::Window which : kModalWindows) {
+            core::windows().unload(which);
+            core::windows().add(which, [] { return nullptr; });
         }
     }
+
+    static constexpr std::array kModalWindows{core::Window::Form5rf, core::Window::Movefile,
+                                              core::Window::Favorties};
 
     QStringList m_shown;
     QString m_pictureFile;

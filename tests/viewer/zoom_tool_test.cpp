@@ -22,12 +22,12 @@ class ZoomTool : public testing::Test {
 protected:
     ZoomTool()
     {
-        core::windows().add("fastZoom", [] { return new fastZoom; });
-        tool = core::windows().load("fastZoom");
+        core::windows().add(core::Window::fastZoom, [] { return new fastZoom; });
+        tool = core::windows().load(core::Window::fastZoom);
     }
     ~ZoomTool() override
     {
-        core::windows().unload("fastZoom");
+        core::windows().unload(core::Window::fastZoom);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
@@ -159,7 +159,7 @@ TEST_F(ZoomTool, ClosesByItsBoxAndTellsTheMainWindow)
     ASSERT_NE(box, nullptr);
     box->click();
     EXPECT_EQ(main.log, QStringList("zoomToolClosed"));
-    EXPECT_FALSE(core::windows().isLoaded("fastZoom"));
+    EXPECT_FALSE(core::windows().isLoaded(core::Window::fastZoom));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(tool, nullptr);
 }
