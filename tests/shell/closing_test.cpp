@@ -277,7 +277,8 @@ TEST_F(ClosingTest, LeavesNoTraceOfAStartThatASignalEnds)
         EXPECT_FALSE(platform::registryValue(kMarkerKey, kMarkerName)) << last;
         for (const core::Window window :
              {core::Window::frmWelcome, core::Window::Form1, core::Window::frmThumbnaillist}) {
-            EXPECT_FALSE(core::windows().isLoaded(window)) << last << core::windowName(window);
+            EXPECT_FALSE(core::windows().isLoaded(window))
+                << last << qPrintable(core::windowName(window));
         }
     }
 }

@@ -287,30 +287,31 @@ TEST_F(LooksTest, KeepsTheAboutWindowAboveTheMainOne)
 TEST_F(LooksTest, PressesTheMainButtonOfEveryWindowByReturn)
 {
     const struct {
-        const char* window;
+        core::Window window;
         const char* button;
-    } kMainButtons[] = {{"frmAbout", "cmdOk"},
-                        {"frmMsg", "Ok"},
-                        {"Favorties", "Addok"},
-                        {"FavortiesModi", "cmdClose"},
-                        {"frmSaveJPGc", "Command1_0"},
-                        {"FrmSwitch", "Command1"},
-                        {"Form4", "cmdOk"}};
+    } kMainButtons[] = {{core::Window::frmAbout, "cmdOk"},
+                        {core::Window::frmMsg, "Ok"},
+                        {core::Window::Favorties, "Addok"},
+                        {core::Window::FavortiesModi, "cmdClose"},
+                        {core::Window::frmSaveJPGc, "Command1_0"},
+                        {core::Window::FrmSwitch, "Command1"},
+                        {core::Window::Form4, "cmdOk"}};
     program.run([&](Form1& /*form*/) {
-        for (const auto& [name, buttonName] : kMainButtons) {
-            QWidget* window = core::windows().load(QString::fromLatin1(name));
-            ASSERT_NE(window, nullptr) << name;
+        for (const auto& [which, buttonName] : kMainButtons) {
+            const QString name = core::windowName(which);
+            QWidget* window = core::windows().load(which);
+            ASSERT_NE(window, nullptr) << qPrintable(name);
             window->show();
             QApplication::processEvents();
             auto* button = window->findChild<QAbstractButton*>(QString::fromLatin1(buttonName));
-            ASSERT_NE(button, nullptr) << name;
-            ASSERT_NE(window->focusWidget(), nullptr) << name;
+            ASSERT_NE(button, nullptr) << qPrintable(name);
+            ASSERT_NE(window->focusWidget(), nullptr) << qPrintable(name);
             const QSignalSpy clicks(button, &QAbstractButton::clicked);
             const QPointer<QWidget> alive = window;
             QTest::keyClick(window->focusWidget(), Qt::Key_Return);
-            EXPECT_EQ(clicks.count(), 1) << name;
+            EXPECT_EQ(clicks.count(), 1) << qPrintable(name);
             if (alive != nullptr) {
-                core::windows().unload(QString::fromLatin1(name));
+                core::windows().unload(which);
             }
         }
     });
