@@ -9,7 +9,6 @@
 #include "platform/desktop/folder_tree.h"
 #include "platform/os/paths.h"
 #include "platform/os/registry.h"
-#include "thumbs/accessible_parts.h"
 #include "thumbs/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"
 #include "widgets/chameleon_button.h"
@@ -54,7 +53,6 @@ int colourEntry(const QString& stored)
 frmThumbnaillist::frmThumbnaillist(QWidget* parent)
     : QWidget(parent)
 {
-    thumbs::installAccessibleParts(); // before any part gets a name, which readers are told of
     setObjectName(core::windowName(core::Window::frmThumbnaillist));
     setAccessibleName(tr("Browser"));
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -1,5 +1,6 @@
 #include "thumbs/pane_splitter.h"
 
+#include "thumbs/accessible_bars.h"
 #include "widgets/colour_conversion.h"
 
 #include <QKeyEvent>
@@ -40,6 +41,7 @@ int keyDistance(int key, Qt::Key back, Qt::Key forth)
 PaneSplitter::PaneSplitter(QWidget* parent)
     : QWidget(parent)
 {
+    installAccessibleBars();
     setCursor(Qt::SizeVerCursor);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -111,6 +113,7 @@ void PaneSplitter::follow(const QMouseEvent& event)
 PaneGrip::PaneGrip(QWidget* parent)
     : QWidget(parent)
 {
+    installAccessibleBars();
     setCursor(Qt::SizeHorCursor);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);

@@ -5,8 +5,7 @@
 namespace thumbs {
 
 // The bar between folder tree and thumbnails, moved by the pointer or by Up, Down, Home and End. It
-// tells where it is dragged to; what that means, and
-// where the bar ends up, is the pane's business.
+// tells where it is dragged to; what that means, and where the bar ends up, is the pane's business.
 class PaneSplitter : public QWidget {
     Q_OBJECT
 

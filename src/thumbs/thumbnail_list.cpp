@@ -2,7 +2,7 @@
 
 #include "core/constants.h"
 #include "platform/os/system_memory.h"
-#include "thumbs/accessible_parts.h"
+#include "thumbs/accessible_tiles.h"
 #include "thumbs/frame_layout.h"
 #include "thumbs/gallery_run.h"
 #include "thumbs/info_bar.h"
@@ -30,7 +30,7 @@ ThumbNailList::ThumbNailList(QWidget* parent, Use use)
     , m_use(use)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    thumbs::installAccessibleParts();
+    thumbs::installAccessibleTiles();
     makeParts();
     m_files.setPattern(core::kPicturePattern);
     m_files.onPathChange([this] { followPathChange(); });

@@ -1,7 +1,6 @@
-#include "thumbs/accessible_parts.h"
+#include "thumbs/accessible_tiles.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/thumbnail_list.h"
-#include "thumbs/tile_keys.h"
 
 #include <QPointer>
 #include <QScrollBar>

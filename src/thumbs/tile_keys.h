@@ -1,13 +1,13 @@
 #pragma once
 
+#include "thumbs/tile_table.h"
+
 #include <optional>
 #include <span>
 
 // Where keys take the selection among the tiles, as plain numbers. The control itself knows the
 // pointer only; its host turns keys into presses on tiles.
 namespace thumbs {
-
-inline constexpr int kNoTile = -1;
 
 struct TileShelf {
     std::span<const int> tiles; // places that have a tile, ascending; a key leads to these alone

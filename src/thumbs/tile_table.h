@@ -8,6 +8,8 @@
 
 namespace thumbs {
 
+inline constexpr int kNoTile = -1; // in place of a row
+
 // One file's tile: its box on its page, its full path, its page from 0.
 struct TileRow {
     TileBox box;

@@ -1,8 +1,7 @@
-#include "thumbs/accessible_parts.h"
+#include "thumbs/accessible_tiles.h"
 
 #include "platform/os/paths.h"
 #include "thumbs/page_viewport.h"
-#include "thumbs/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"
 
 #include <QAccessibleWidget>
@@ -169,26 +168,18 @@ private:
     mutable std::map<int, QAccessible::Id> m_tiles;
 };
 
-QAccessibleInterface* makePart(const QString& /*className*/, QObject* object)
+QAccessibleInterface* makeThumbnails(const QString& /*className*/, QObject* object)
 {
-    if (auto* list = qobject_cast<ThumbNailList*>(object)) {
-        return new AccessibleThumbnails(list); // the toolkit owns what it gets here
-    }
-    if (auto* splitter = qobject_cast<PaneSplitter*>(object)) {
-        return new QAccessibleWidget(splitter, QAccessible::Splitter);
-    }
-    if (auto* grip = qobject_cast<PaneGrip*>(object)) {
-        return new QAccessibleWidget(grip, QAccessible::Grip);
-    }
-    return nullptr;
+    auto* list = qobject_cast<ThumbNailList*>(object);
+    return list != nullptr ? new AccessibleThumbnails(list) : nullptr; // the toolkit owns it
 }
 
 } // namespace
 
-void installAccessibleParts()
+void installAccessibleTiles()
 {
     static const bool isInstalled = [] {
-        QAccessible::installFactory(makePart);
+        QAccessible::installFactory(makeThumbnails);
         return true;
     }();
     static_cast<void>(isInstalled);
