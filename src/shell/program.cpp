@@ -22,7 +22,7 @@
 #include "shell/picture_window.h"
 #include "shell/screenshot_request.h"
 #include "shell/start_folder.h"
-#include "thumbs/browser_pane.h"
+#include "thumbs/pane/browser_pane.h"
 #include "viewer/zoom_tool_window.h"
 
 #include <QApplication>
@@ -32,7 +32,6 @@
 namespace shell {
 
 namespace {
-
 
 Form1* mainWindow()
 {

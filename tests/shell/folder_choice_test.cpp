@@ -2,7 +2,7 @@
 #include "core/state.h"
 #include "platform/desktop/folder_tree.h"
 #include "shell/running_program.h"
-#include "thumbs/browser_pane.h"
+#include "thumbs/pane/browser_pane.h"
 #include "thumbs/thumbnail_list.h"
 #include "widgets/chameleon_button.h"
 

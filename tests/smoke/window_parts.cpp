@@ -3,7 +3,7 @@
 #include "base/twips.h"
 #include "shell/command_table.h"
 #include "shell/cool_bar.h"
-#include "thumbs/pane_layout.h"
+#include "thumbs/pane/pane_layout.h"
 
 #include <QMenuBar>
 

@@ -1,8 +1,8 @@
 #include "core/state.h"
 #include "formats/hooks.h"
-#include "gallery_fixture.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
+#include "thumbs/gallery_fixture.h"
 
 #include <QScrollBar>
 #include <QSignalSpy>

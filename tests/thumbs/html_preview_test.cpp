@@ -1,4 +1,4 @@
-#include "gallery_fixture.h"
+#include "thumbs/gallery_fixture.h"
 #include "thumbs/html_preview.h"
 #include "thumbs/sample_picture.h"
 

@@ -1,4 +1,4 @@
-#include "gallery_fixture.h"
+#include "thumbs/gallery_fixture.h"
 #include "thumbs/info_bar.h"
 #include "thumbs/progress_strip.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/interfaces.h"
 #include "platform/os/file_list.h"
-#include "thumbs/pane_layout.h"
+#include "thumbs/pane/pane_layout.h"
 
 #include <QWidget>
 #include <array>

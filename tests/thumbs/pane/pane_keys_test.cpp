@@ -1,5 +1,5 @@
 #include "base/twips.h"
-#include "pane_fixture.h"
+#include "thumbs/pane/pane_fixture.h"
 
 #include <QAccessible>
 #include <QScrollBar>

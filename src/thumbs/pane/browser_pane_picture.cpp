@@ -3,9 +3,9 @@
 #include "files/classification.h"
 #include "platform/desktop/pointer.h"
 #include "platform/pictures/picture_loader.h"
-#include "thumbs/browser_pane.h"
+#include "thumbs/pane/browser_pane.h"
+#include "thumbs/pane/tile_keys.h"
 #include "thumbs/thumbnail_list.h"
-#include "thumbs/tile_keys.h"
 
 #include <QKeyEvent>
 #include <QPointer>

@@ -4,8 +4,8 @@
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/paths.h"
-#include "thumbs/browser_pane.h"
 #include "thumbs/miniature.h"
+#include "thumbs/pane/browser_pane.h"
 #include "thumbs/thumbnail_list.h"
 
 namespace {

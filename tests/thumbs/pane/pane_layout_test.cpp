@@ -1,4 +1,4 @@
-#include "thumbs/pane_layout.h"
+#include "thumbs/pane/pane_layout.h"
 
 #include <gtest/gtest.h>
 

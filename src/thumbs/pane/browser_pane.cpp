@@ -1,4 +1,4 @@
-#include "thumbs/browser_pane.h"
+#include "thumbs/pane/browser_pane.h"
 
 #include "base/twips.h"
 #include "core/config_store.h"
@@ -9,7 +9,7 @@
 #include "platform/desktop/folder_tree.h"
 #include "platform/os/paths.h"
 #include "platform/os/registry.h"
-#include "thumbs/pane_splitter.h"
+#include "thumbs/pane/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/first_touch.h"

@@ -1,12 +1,12 @@
-#include "thumbs/browser_pane.h"
+#include "thumbs/pane/browser_pane.h"
 
 #include "base/twips.h"
 #include "core/window_registry.h"
-#include "pane_fixture.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/registry.h"
-#include "thumbs/pane_layout.h"
+#include "thumbs/pane/pane_fixture.h"
+#include "thumbs/pane/pane_layout.h"
 #include "widgets/title_strip.h"
 
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
-#include "thumbs/accessible_bars.h"
+#include "thumbs/pane/accessible_bars.h"
 
-#include "thumbs/pane_splitter.h"
+#include "thumbs/pane/pane_splitter.h"
 
 #include <QAccessibleWidget>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/state.h"
-#include "gallery_fixture.h"
-#include "thumbs/browser_pane.h"
+#include "thumbs/gallery_fixture.h"
 #include "thumbs/page_viewport.h"
+#include "thumbs/pane/browser_pane.h"
 #include "widgets/chameleon_button.h"
 
 #include <QCoreApplication>
