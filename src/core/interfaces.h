@@ -64,34 +64,15 @@ public:
 
     virtual void form1paint() = 0;
     virtual void ThumbNailSize(int menuIndex) = 0;
-    virtual void setModi() = 0;
-    virtual void PasteTesselia() = 0;
     virtual void ThumbNailColor(int menuIndex) = 0;
-    virtual void nextpic() = 0;
-    virtual void prevpic() = 0;
-    virtual void SlideNext() = 0;
-    virtual void SlidePrevp() = 0;
-    virtual void start_slideshow() = 0;
-    virtual void stop_slideshow() = 0;
-    virtual void display_pic() = 0;
-    virtual void Np(const QString& folder) = 0;
-    virtual void ChangePath() = 0;
     virtual void Propers(const QString& path) = 0;
-    virtual void maskT() = 0;
-    virtual void colorChagne() = 0;
-    virtual void OCbrowse() = 0;
-    virtual void Smallfrm() = 0;
     // Checks the entry of the pan view and runs Smallfrm, so that the pan view ends up closed
     // whether it was open or not, and its key written.
     virtual void closePanView() = 0;
-    virtual void Scrollshow() = 0;
-    virtual void Dragpic() = 0;
-    virtual void fastZoomshow() = 0;
     // The zoom tool was closed by its own box: its menu checks go, the stored state stays.
     virtual void zoomToolClosed() = 0;
     virtual void openPsd(const QString& path) = 0;
     virtual void SaveGIF() = 0;
-    virtual void SetLoad() = 0;
 
     // Sends a path to its place by its extension: viewer, player or web window.
     virtual void routePath(const QString& path) = 0;
@@ -126,9 +107,7 @@ public:
 
     // Parent for windows that lie over the main window.
     virtual QWidget* window() = 0;
-    // Heights and sizes in twips, for the pane's layout.
-    [[nodiscard]] virtual int heightTwips() const = 0;
-    [[nodiscard]] virtual int coolBarHeightTwips() const = 0;
+    // Height in twips, for the pane's layout.
     [[nodiscard]] virtual int viewerHeightTwips() const = 0;
 };
 

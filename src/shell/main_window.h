@@ -54,7 +54,7 @@ public:
     // The work of loading, in its order; called once before the window is shown first.
     void load();
     // Restores the persisted modes.
-    void SetLoad() override;
+    void SetLoad();
     // The main window's side became active: a press, the focus or the window itself.
     void becameActive();
     // The pane takes part in what becomes active from here on.
@@ -65,12 +65,12 @@ public:
     void exitProgram();
 
     // Mode switches
-    void OCbrowse() override;
-    void Smallfrm() override;
+    void OCbrowse();
+    void Smallfrm();
     void closePanView() override;
-    void Scrollshow() override;
-    void Dragpic() override;
-    void fastZoomshow() override;
+    void Scrollshow();
+    void Dragpic();
+    void fastZoomshow();
     void toggleBestFit(); // toolbar entry 15
     void showFullScreenTopmost();
     void setBandShown(int band, bool shown); // 1 commands, 2 file name
@@ -78,17 +78,17 @@ public:
 
     // Display
     void form1paint() override;
-    void setModi() override;
-    void nextpic() override;
-    void prevpic() override;
-    void SlideNext() override;
-    void SlidePrevp() override;
-    void start_slideshow() override;
-    void stop_slideshow() override;
-    void display_pic() override;
+    void setModi();
+    void nextpic();
+    void prevpic();
+    void SlideNext();
+    void SlidePrevp();
+    void start_slideshow();
+    void stop_slideshow();
+    void display_pic();
     void openPsd(const QString& path) override;
-    void Np(const QString& folder) override;
-    void ChangePath() override;
+    void Np(const QString& folder);
+    void ChangePath();
     void goEnter();
     void clickXiala();
     void routePath(const QString& path) override;
@@ -101,12 +101,12 @@ public:
     // Commands of others
     void ThumbNailSize(int menuIndex) override;
     void ThumbNailColor(int menuIndex) override;
-    void PasteTesselia() override;
+    void PasteTesselia();
     void showFavourite(int place);     // from 1, in the order of the menu
     void startListedEditor(int place); // from 1
     void Propers(const QString& path) override;
-    void maskT() override {}
-    void colorChagne() override {}
+    void maskT() {}
+    void colorChagne() {}
     void SaveGIF() override;
     void addRecentPath(const QString& path) override;
     void refillListMenus() override;
@@ -137,8 +137,7 @@ public:
     shell::Menus& menus() { return *m_menus; }
     shell::Toolbars& toolbars() { return *m_toolbars; }
     [[nodiscard]] const QString& Dir2() const { return m_dir2; }
-    [[nodiscard]] int heightTwips() const override;
-    [[nodiscard]] int coolBarHeightTwips() const override;
+    [[nodiscard]] int coolBarHeightTwips() const;
     [[nodiscard]] int viewerHeightTwips() const override;
 
     // Members of the design that other code reads and writes as they stand.

@@ -131,11 +131,6 @@ void Form1::placeParts()
     }
 }
 
-int Form1::heightTwips() const
-{
-    return twipsFromPixels(height());
-}
-
 int Form1::coolBarHeightTwips() const
 {
     return twipsFromPixels(m_coolBar->height());

@@ -1,9 +1,9 @@
 #include "shell/message_window.h"
 
 #include "core/config_store.h"
-#include "core/interfaces.h"
 #include "core/services.h"
-#include "core/window_names.h"
+#include "core/window_registry.h"
+#include "shell/main_window.h"
 #include "widgets/window_parts.h"
 
 #include <QLabel>
@@ -33,7 +33,8 @@ void frmMsg::answer(bool import)
         config->write(QStringLiteral("WinState"), QStringLiteral("0"));
     }
     close();
-    if (import && core::services().mainWindow != nullptr) {
-        core::services().mainWindow->PasteTesselia();
+    auto* form = qobject_cast<Form1*>(core::windows().find(core::Window::Form1));
+    if (import && form != nullptr) {
+        form->PasteTesselia();
     }
 }

@@ -105,23 +105,8 @@ public:
 
     void form1paint() override { note("form1paint"); }
     void ThumbNailSize(int menuIndex) override { note("ThumbNailSize", menuIndex); }
-    void setModi() override { note("setModi"); }
-    void PasteTesselia() override { note("PasteTesselia"); }
     void ThumbNailColor(int menuIndex) override { note("ThumbNailColor", menuIndex); }
-    void nextpic() override { note("nextpic"); }
-    void prevpic() override { note("prevpic"); }
-    void SlideNext() override { note("SlideNext"); }
-    void SlidePrevp() override { note("SlidePrevp"); }
-    void start_slideshow() override { note("start_slideshow"); }
-    void stop_slideshow() override { note("stop_slideshow"); }
-    void display_pic() override { note("display_pic"); }
-    void Np(const QString& folder) override { log.append(QStringLiteral("Np ") + folder); }
-    void ChangePath() override { note("ChangePath"); }
     void Propers(const QString& path) override { log.append(QStringLiteral("Propers ") + path); }
-    void maskT() override {}
-    void colorChagne() override {}
-    void OCbrowse() override { note("OCbrowse"); }
-    void Smallfrm() override { note("Smallfrm"); }
     void closePanView() override
     {
         note("closePanView");
@@ -129,12 +114,8 @@ public:
             onClosePanView();
         }
     }
-    void Scrollshow() override { note("Scrollshow"); }
-    void Dragpic() override { note("Dragpic"); }
-    void fastZoomshow() override { note("fastZoomshow"); }
     void openPsd(const QString& path) override { log.append(QStringLiteral("openPsd ") + path); }
     void SaveGIF() override { note("SaveGIF"); }
-    void SetLoad() override { note("SetLoad"); }
     void routePath(const QString& path) override
     {
         log.append(QStringLiteral("routePath ") + path);
@@ -165,8 +146,6 @@ public:
     core::StatusBar& StateBar() override { return statusBar; }
     core::ProgressStrip& Gradient() override { return gradient; }
     QWidget* window() override { return parentWindow; }
-    [[nodiscard]] int heightTwips() const override { return height; }
-    [[nodiscard]] int coolBarHeightTwips() const override { return coolBarHeight; }
     [[nodiscard]] int viewerHeightTwips() const override { return viewerHeight; }
 
     void note(const char* name) { log.append(QString::fromLatin1(name)); }
@@ -185,8 +164,6 @@ public:
     platform::PictureBox original{1, 1};
     QWidget* parentWindow = nullptr;
     std::function<void()> onClosePanView;
-    int height = 15000;
-    int coolBarHeight = 540;
     int viewerHeight = 12000;
 };
 
