@@ -3,7 +3,7 @@
 // Prints the milliseconds of the median repetition: both flips of 24 megapixels beside a copy of
 // the same pixels, and 100 megapixels brought to 1600 by 1200 beside the toolkit's smooth scaling.
 
-#include "editing/transforms.h"
+#include "platform/pictures/transforms.h"
 
 #include <QImage>
 #include <algorithm>
@@ -60,14 +60,14 @@ int main(int count, char** arguments)
                [&] { std::memcpy(touched.data(), image.constBits(), touched.size()); });
         report("copy_fresh_24mp", repetitions, [&] { keep(image.copy()); });
         report("flip_vertical_24mp", repetitions,
-               [&] { keep(editing::flippedTopToBottom(image)); });
+               [&] { keep(platform::flippedTopToBottom(image)); });
         report("flip_horizontal_24mp", repetitions,
-               [&] { keep(editing::flippedLeftToRight(image)); });
+               [&] { keep(platform::flippedLeftToRight(image)); });
         report("mirror_24mp", repetitions,
-               [&] { keep(editing::mirrored(image, editing::Half::Left)); });
+               [&] { keep(platform::mirrored(image, platform::Half::Left)); });
     }
     const QImage image = pattern(12000, 8400);
-    report("scale_100mp", repetitions, [&] { keep(editing::scaledTo(image, QSize(1600, 1200))); });
+    report("scale_100mp", repetitions, [&] { keep(platform::scaledTo(image, QSize(1600, 1200))); });
     report("toolkit_smooth_100mp", repetitions, [&] {
         keep(image.scaled(1600, 1200, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     });

@@ -4,11 +4,11 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "editing/picture_test.h"
-#include "editing/transforms.h"
 #include "editing/working_files.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
+#include "platform/pictures/transforms.h"
 
 #include <QWidget>
 #include <algorithm>
@@ -38,17 +38,17 @@ void flip(core::MainWindow& form, const QImage& flipped)
 
 void flipVertical(core::MainWindow& form)
 {
-    flip(form, flippedTopToBottom(pixelsInHand(form)));
+    flip(form, platform::flippedTopToBottom(pixelsInHand(form)));
 }
 
 void flipHorizontal(core::MainWindow& form)
 {
-    flip(form, flippedLeftToRight(pixelsInHand(form)));
+    flip(form, platform::flippedLeftToRight(pixelsInHand(form)));
 }
 
-void mirror(core::MainWindow& form, Half kept)
+void mirror(core::MainWindow& form, platform::Half kept)
 {
-    const QImage result = mirrored(pixelsInHand(form), kept);
+    const QImage result = platform::mirrored(pixelsInHand(form), kept);
     if (result.isNull()) {
         return;
     }
@@ -59,12 +59,12 @@ void mirror(core::MainWindow& form, Half kept)
 // Both entries work across the vertical centre line, whatever their captions say.
 void mirrorVertical(core::MainWindow& form)
 {
-    mirror(form, Half::Left);
+    mirror(form, platform::Half::Left);
 }
 
 void mirrorHorizontal(core::MainWindow& form)
 {
-    mirror(form, Half::Right);
+    mirror(form, platform::Half::Right);
 }
 
 void scale(core::MainWindow& form)

@@ -17,9 +17,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-using editing::JpegPreview;
 using editing::WorkingFile;
 using editing::workingFile;
+using platform::JpegPreview;
 
 namespace {
 

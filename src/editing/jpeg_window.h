@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editing/jpeg_preview.h"
+#include "platform/pictures/jpeg_preview.h"
 #include "widgets/strip_window.h"
 
 #include <QString>
@@ -43,5 +43,5 @@ private:
     QPushButton* m_ok = nullptr;
     QPushButton* m_cancel = nullptr;
     // Shared with the handler that runs a conversion, which may see the window go meanwhile.
-    std::shared_ptr<editing::JpegPreview> m_preview;
+    std::shared_ptr<platform::JpegPreview> m_preview;
 };

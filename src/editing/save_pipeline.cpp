@@ -3,7 +3,6 @@
 #include "core/interfaces.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "editing/gif_export.h"
 #include "editing/jpeg_window.h"
 #include "editing/picture_test.h"
 #include "editing/working_files.h"
@@ -11,6 +10,7 @@
 #include "platform/desktop/pointer.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
+#include "platform/pictures/gif_export.h"
 #include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
 #include "platform/pictures/picture_saver.h"
@@ -35,7 +35,7 @@ void saveBmp(core::MainWindow& form, const QString& path)
 
 void saveGif(core::MainWindow& form, const QString& path)
 {
-    static_cast<void>(SaveGIF(form.Image1().picture(), path));
+    static_cast<void>(platform::writeGif(form.Image1().picture(), path));
 }
 
 void saveJpeg(core::MainWindow&, const QString& path)

@@ -5,9 +5,9 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_names.h"
-#include "editing/transforms.h"
 #include "editing/working_files.h"
 #include "platform/desktop/pointer.h"
+#include "platform/pictures/transforms.h"
 #include "widgets/focus_field.h"
 
 #include <QCheckBox>
@@ -50,7 +50,7 @@ bool scaleViewerTo(QSize size)
         return false;
     }
     platform::PictureBox& box = form->Image1();
-    const QImage scaled = editing::scaledTo(box.picture().flattened(), size);
+    const QImage scaled = platform::scaledTo(box.picture().flattened(), size);
     if (scaled.isNull()) {
         return false;
     }

@@ -1,8 +1,8 @@
 #include "editing/image_commands.h"
 
 #include "editing/edit_fixture.h"
-#include "editing/transforms.h"
 #include "editing/working_files.h"
+#include "platform/pictures/transforms.h"
 #include "support/full_disk.h"
 #include "support/ordinary_user.h"
 
@@ -44,7 +44,7 @@ TEST_F(ImageCommands, FlipTopToBottomUnderTheVerticalEntry)
     const QImage image = numbered(30, 21);
     showInViewer(image);
     editing::optImage(form, 2);
-    expectPixels(shown(), editing::flippedTopToBottom(image));
+    expectPixels(shown(), platform::flippedTopToBottom(image));
     expectFile("Frametemp.bmp", image);
     EXPECT_FALSE(exists("Images/Temp.bmp"));
     EXPECT_EQ(form.log, QStringList({"viewer picture 30x21", "PanViewRefresh", "viewer Refresh"}));
@@ -55,7 +55,7 @@ TEST_F(ImageCommands, FlipLeftToRightUnderTheHorizontalEntry)
     const QImage image = numbered(30, 21);
     showInViewer(image);
     editing::optImage(form, 3);
-    expectPixels(shown(), editing::flippedLeftToRight(image));
+    expectPixels(shown(), platform::flippedLeftToRight(image));
     expectFile("Frametemp.bmp", image);
     EXPECT_FALSE(exists("Images/Temp.bmp"));
 }
@@ -92,10 +92,10 @@ TEST_F(ImageCommands, KeepTheMiddleColumnWhenTheyMirrorAnOddWidth)
 {
     const QImage image = numbered(31, 9);
     for (const auto& [entry, half] :
-         {std::pair(4, editing::Half::Left), std::pair(5, editing::Half::Right)}) {
+         {std::pair(4, platform::Half::Left), std::pair(5, platform::Half::Right)}) {
         showInViewer(image);
         editing::optImage(form, entry);
-        expectPixels(shown(), editing::mirrored(image, half));
+        expectPixels(shown(), platform::mirrored(image, half));
     }
 }
 
@@ -108,7 +108,7 @@ TEST_F(ImageCommands, ScaleToTheSizeOfTheDialog)
         scaleBy(window, "50");
     });
     editing::optImage(form, 7);
-    expectPixels(shown(), editing::scaledTo(image, QSize(50, 25)));
+    expectPixels(shown(), platform::scaledTo(image, QSize(50, 25)));
     expectFile("Frametemp.bmp", image);
     EXPECT_FALSE(exists("Images/Temp.bmp"));
     EXPECT_EQ(form.log, QStringList({"viewer picture 50x25", "rebuildSizeText", "viewer Refresh",
@@ -220,5 +220,5 @@ TEST_F(ImageCommands, StandAReadOnlyFolder)
     }
     EXPECT_TRUE(dialogs.boxes.empty());
     EXPECT_FALSE(exists("Frametemp.bmp"));
-    expectPixels(shown(), editing::mirrored(image, editing::Half::Left));
+    expectPixels(shown(), platform::mirrored(image, platform::Half::Left));
 }

@@ -1,7 +1,7 @@
 #include "editing/scale_window.h"
 
 #include "editing/edit_fixture.h"
-#include "editing/transforms.h"
+#include "platform/pictures/transforms.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -113,7 +113,7 @@ TEST_F(ScaleWindow, ScalesUnderOk)
     control<QCheckBox>("chkKeepProportions")->setChecked(false);
     width()->setText(" 41 ");
     press("cmdOk");
-    test::expectPixels(shown(), editing::scaledTo(numbered(100, 50), QSize(41, 30)));
+    test::expectPixels(shown(), platform::scaledTo(numbered(100, 50), QSize(41, 30)));
     EXPECT_FALSE(core::state().ResizeCancelled);
     EXPECT_EQ(core::state().ResizeSourceWidth, 41);
     EXPECT_EQ(core::state().ResizeSourceHeight, 30);

@@ -4,12 +4,12 @@
 
 #include "editing/clipboard_commands.h"
 #include "editing/edit_fixture.h"
-#include "editing/gif_export.h"
 #include "editing/image_commands.h"
-#include "editing/transforms.h"
 #include "editing/working_files.h"
 #include "platform/desktop/clipboard.h"
+#include "platform/pictures/gif_export.h"
 #include "platform/pictures/large_image.h"
+#include "platform/pictures/transforms.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -94,11 +94,11 @@ TEST_F(ScarceMemoryTest, LeavesFlipsAndMirrorsAPictureToReturnTo)
 {
     for (const QImage& image : {large(), translucent()}) {
         const QImage flat = platform::Picture(image).flattened();
-        tryAll(image, editing::flippedTopToBottom(flat), [this] { editing::optImage(form, 2); });
-        tryAll(image, editing::flippedLeftToRight(flat), [this] { editing::optImage(form, 3); });
-        tryAll(image, editing::mirrored(flat, editing::Half::Left),
+        tryAll(image, platform::flippedTopToBottom(flat), [this] { editing::optImage(form, 2); });
+        tryAll(image, platform::flippedLeftToRight(flat), [this] { editing::optImage(form, 3); });
+        tryAll(image, platform::mirrored(flat, platform::Half::Left),
                [this] { editing::optImage(form, 4); });
-        tryAll(image, editing::mirrored(flat, editing::Half::Right),
+        tryAll(image, platform::mirrored(flat, platform::Half::Right),
                [this] { editing::optImage(form, 5); });
     }
 }
@@ -107,7 +107,7 @@ TEST_F(ScarceMemoryTest, LeavesAScaleItsPicture)
 {
     const QImage image = large();
     const QSize size(kWidth - 100, kHeight - 100);
-    tryAll(image, editing::scaledTo(image, size), [this, size] {
+    tryAll(image, platform::scaledTo(image, size), [this, size] {
         QTimer::singleShot(0, qApp, [size] {
             QWidget* window = core::windows().find(core::Window::Form4);
             ASSERT_NE(window, nullptr);
@@ -164,7 +164,7 @@ TEST_F(ScarceMemoryTest, MakesAWholeGifOrNone)
         bool refused = false;
         {
             const ScarceMemory scarce(given, ScarceMemory::Refusal::FromThenOn);
-            saved = SaveGIF(picture, path);
+            saved = platform::writeGif(picture, path);
             refused = ScarceMemory::hasRefused();
         }
         EXPECT_EQ(saved, exists("out.gif"));

@@ -1,11 +1,11 @@
-#include "editing/transforms.h"
+#include "platform/pictures/transforms.h"
 
 #include "platform/pictures/large_image.h"
 #include "platform/pictures/transfers.h"
 
 #include <QtGlobal>
 
-namespace editing {
+namespace platform {
 
 namespace {
 
@@ -19,14 +19,14 @@ bool isPossibleSize(QSize size)
            qint64(size.width()) * size.height() <= kMostPixels;
 }
 
-QImage copiedFrom(const QImage& image, platform::Area source)
+QImage copiedFrom(const QImage& image, Area source)
 {
     if (image.isNull()) {
         return {};
     }
-    QImage copy = platform::unsetImage(image.size(), image.format());
-    const platform::Area whole{0, 0, image.width(), image.height()};
-    if (copy.isNull() || !platform::StretchBlt(copy, whole, image, source)) {
+    QImage copy = unsetImage(image.size(), image.format());
+    const Area whole{0, 0, image.width(), image.height()};
+    if (copy.isNull() || !StretchBlt(copy, whole, image, source)) {
         return {};
     }
     return copy;
@@ -46,7 +46,7 @@ QImage flippedLeftToRight(const QImage& image)
 
 QImage mirrored(const QImage& image, Half kept)
 {
-    QImage result = platform::unsetImage(image.size(), image.format());
+    QImage result = unsetImage(image.size(), image.format());
     if (result.isNull()) {
         return {};
     }
@@ -57,11 +57,11 @@ QImage mirrored(const QImage& image, Half kept)
     const int otherLeft = kept == Half::Left ? keptWidth : 0;
     // The outermost column of the kept half is the one that the other half ends with.
     const int outermost = kept == Half::Left ? half - 1 : image.width() - 1;
-    if (!platform::BitBlt(result, keptLeft, 0, keptWidth, height, image, keptLeft, 0)) {
+    if (!BitBlt(result, keptLeft, 0, keptWidth, height, image, keptLeft, 0)) {
         return {};
     }
-    const bool isWhole = half == 0 || platform::StretchBlt(result, {otherLeft, 0, half, height},
-                                                           image, {outermost, 0, -half, height});
+    const bool isWhole = half == 0 || StretchBlt(result, {otherLeft, 0, half, height}, image,
+                                                 {outermost, 0, -half, height});
     return isWhole ? result : QImage();
 }
 
@@ -70,13 +70,13 @@ QImage scaledTo(const QImage& image, QSize size)
     if (image.isNull() || !isPossibleSize(size)) {
         return {};
     }
-    QImage result = platform::unsetImage(size, image.format());
-    const platform::Area whole{0, 0, image.width(), image.height()};
-    if (result.isNull() || !platform::StretchBlt(result, {0, 0, size.width(), size.height()}, image,
-                                                 whole, platform::StretchMode::HalfTone)) {
+    QImage result = unsetImage(size, image.format());
+    const Area whole{0, 0, image.width(), image.height()};
+    if (result.isNull() || !StretchBlt(result, {0, 0, size.width(), size.height()}, image, whole,
+                                       StretchMode::HalfTone)) {
         return {};
     }
     return result;
 }
 
-} // namespace editing
+} // namespace platform

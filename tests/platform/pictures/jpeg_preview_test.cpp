@@ -1,10 +1,10 @@
-#include "editing/jpeg_preview.h"
+#include "platform/pictures/jpeg_preview.h"
 
 #include "platform/pictures/picture_saver.h"
 #include "platform/pictures/test_images.h"
 #include "support/temp_tree.h"
 
-using editing::JpegPreview;
+using platform::JpegPreview;
 using Outcome = JpegPreview::Outcome;
 
 namespace {

@@ -5,7 +5,7 @@
 
 // What the edits do to pixels. Images are 32 bits a pixel and come back in their own format. Null
 // where there is no memory for the result; a null image gives a null one.
-namespace editing {
+namespace platform {
 
 [[nodiscard]] QImage flippedTopToBottom(const QImage& image);
 [[nodiscard]] QImage flippedLeftToRight(const QImage& image);
@@ -19,4 +19,4 @@ enum class Half { Left, Right };
 // beyond the memory that a picture may take, and sides longer than the viewer counts.
 [[nodiscard]] QImage scaledTo(const QImage& image, QSize size);
 
-} // namespace editing
+} // namespace platform

@@ -1,10 +1,11 @@
 // Files of the program as other programs read them.
 
-#include "editing/gif_export.h"
-
-#include "editing/edit_fixture.h"
+#include "platform/pictures/gif_export.h"
 #include "platform/pictures/jpeg_converter.h"
+#include "platform/pictures/picture_loader.h"
 #include "platform/pictures/picture_saver.h"
+#include "platform/pictures/test_images.h"
+#include "support/temp_tree.h"
 
 #include <QProcess>
 #include <random>
@@ -24,7 +25,7 @@ Colours coloursOf(const QImage& image)
     return colours;
 }
 
-class ForeignDecoders : public EditTest {
+class ForeignDecoders : public testing::Test {
 protected:
     // What a program writes about a file, given as its last arguments.
     [[nodiscard]] Colours answerOf(const char* program, const QStringList& arguments) const
@@ -51,11 +52,13 @@ protected:
     void expectGifOf(const QImage& image, const QImage& expected) const
     {
         const std::string name = "picture.gif";
-        ASSERT_TRUE(SaveGIF(platform::Picture(image), tree.path(name)));
+        ASSERT_TRUE(platform::writeGif(platform::Picture(image), tree.path(name)));
         const Colours colours = coloursOf(expected);
         EXPECT_TRUE(byGiflib(name) == colours) << image.width() << "x" << image.height();
         EXPECT_TRUE(byImageMagick(name) == colours) << image.width() << "x" << image.height();
     }
+
+    support::TempTree tree;
 };
 
 // Runs and specks of some colours.
@@ -111,7 +114,7 @@ TEST_F(ForeignDecoders, SeeTheColoursThatAGifWasReducedTo)
 {
     const QImage image = test::imageOf(
         300, 200, [](int x, int y) { return qRgb(x * 255 / 299, y * 255 / 199, (x * y) & 255); });
-    ASSERT_TRUE(SaveGIF(platform::Picture(image), tree.path("reduced.gif")));
+    ASSERT_TRUE(platform::writeGif(platform::Picture(image), tree.path("reduced.gif")));
     const auto reduced = platform::loadPicture(tree.path("reduced.gif"));
     ASSERT_TRUE(reduced);
     EXPECT_LT(squaredError(coloursOf(image), coloursOf(reduced->flattened())), 250);

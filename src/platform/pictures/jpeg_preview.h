@@ -7,7 +7,7 @@
 #include <functional>
 #include <optional>
 
-namespace editing {
+namespace platform {
 
 // Keeps a JPEG file at the latest quality that was asked for. A conversion lets events run between
 // short pieces of work; a request that comes in meanwhile takes its place, so that the file of an
@@ -46,9 +46,9 @@ public:
 
 private:
     std::optional<Outcome> convert(const LetEventsRun& letEventsRun);
-    Outcome outcomeOf(platform::JpegConversion::Progress progress);
+    Outcome outcomeOf(JpegConversion::Progress progress);
 
-    platform::BitmapSource m_source;
+    BitmapSource m_source;
     QString m_target;
     Piece m_piece;
     int m_quality = 0;
@@ -60,4 +60,4 @@ private:
     std::optional<Outcome> m_finished;
 };
 
-} // namespace editing
+} // namespace platform

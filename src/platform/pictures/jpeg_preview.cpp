@@ -1,10 +1,10 @@
-#include "editing/jpeg_preview.h"
+#include "platform/pictures/jpeg_preview.h"
 
-namespace editing {
+namespace platform {
 
 namespace {
 
-using Progress = platform::JpegConversion::Progress;
+using Progress = JpegConversion::Progress;
 
 constexpr std::chrono::hours kWithoutPause{1};
 
@@ -50,7 +50,7 @@ std::optional<JpegPreview::Outcome> JpegPreview::convert(const LetEventsRun& let
 {
     const int request = m_requests;
     ++m_started;
-    platform::JpegConversion conversion(m_source, m_target, m_quality);
+    JpegConversion conversion(m_source, m_target, m_quality);
     while (true) {
         const Progress progress = conversion.work(letEventsRun ? m_piece : kWithoutPause);
         if (progress != Progress::Working) {
@@ -77,8 +77,8 @@ void JpegPreview::finishNow()
         return;
     }
     ++m_started;
-    platform::JpegConversion conversion(m_source, m_target, m_quality);
+    JpegConversion conversion(m_source, m_target, m_quality);
     m_finished = outcomeOf(conversion.work(kWithoutPause));
 }
 
-} // namespace editing
+} // namespace platform

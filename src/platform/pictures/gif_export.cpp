@@ -1,4 +1,4 @@
-#include "editing/gif_export.h"
+#include "platform/pictures/gif_export.h"
 
 #include "formats/gif_writer.h"
 #include "platform/os/files.h"
@@ -7,9 +7,11 @@
 #include <new>
 #include <vector>
 
+namespace platform {
+
 namespace {
 
-formats::GifBitmapInfo infoOf(const platform::IndexedPicture& picture)
+formats::GifBitmapInfo infoOf(const IndexedPicture& picture)
 {
     formats::GifBitmapInfo info;
     info.width = picture.width;
@@ -24,7 +26,7 @@ formats::GifBitmapInfo infoOf(const platform::IndexedPicture& picture)
 }
 
 // Nobody knows how long the file becomes before it is coded, so it takes memory as it grows.
-bool encode(const platform::IndexedPicture& picture, std::vector<std::byte>& file)
+bool encode(const IndexedPicture& picture, std::vector<std::byte>& file)
 {
     try {
         return WriteGifFile(infoOf(picture), picture.bits, file);
@@ -35,19 +37,20 @@ bool encode(const platform::IndexedPicture& picture, std::vector<std::byte>& fil
 
 } // namespace
 
-bool SaveGIF(const platform::Picture& picture, const QString& fileName)
+bool writeGif(const Picture& picture, const QString& fileName)
 {
-    if (picture.type() != platform::PictureType::Bitmap) {
+    if (picture.type() != PictureType::Bitmap) {
         return false;
     }
-    const auto reduced = platform::reduceColours(picture.flattened());
+    const auto reduced = reduceColours(picture.flattened());
     std::vector<std::byte> bytes;
     if (!reduced || !encode(*reduced, bytes)) {
         return false;
     }
-    return platform::writeFileWhole(
-        fileName,
-        QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                static_cast<qsizetype>(bytes.size())),
-        platform::Flush::ToDisk);
+    return writeFileWhole(fileName,
+                          QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                                  static_cast<qsizetype>(bytes.size())),
+                          Flush::ToDisk);
 }
+
+} // namespace platform
