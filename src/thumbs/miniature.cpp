@@ -6,8 +6,8 @@
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
+#include "platform/pictures/raw_image_drawing.h"
 #include "thumbs/picture_fit.h"
-#include "viewer/raw_image_show.h"
 
 namespace thumbs {
 

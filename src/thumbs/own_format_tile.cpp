@@ -1,8 +1,9 @@
+#include "core/state.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
 #include "platform/pictures/picture_saver.h"
+#include "platform/pictures/raw_image_drawing.h"
 #include "thumbs/thumbnail_list.h"
-#include "viewer/raw_image_show.h"
 
 #include <QPointer>
 
@@ -12,7 +13,7 @@ void ThumbNailList::openPsd(const QString& path)
     const QPointer<ThumbNailList> alive = this;
     platform::PictureBox box;
     const QString workingFile = platform::appFile("temp.bmp");
-    if (!viewer::decodeAcceptedToBox(path, box) ||
+    if (!platform::decodeAcceptedToBox(path, box, core::state().rawImage) ||
         !platform::savePicture(box.drawnImage(), workingFile)) {
         return;
     }

@@ -1,11 +1,12 @@
 #include "viewer/open_psd.h"
 
 #include "core/interfaces.h"
+#include "core/state.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
 #include "platform/pictures/picture_saver.h"
-#include "viewer/raw_image_show.h"
+#include "platform/pictures/raw_image_drawing.h"
 
 #include <tuple>
 
@@ -30,7 +31,7 @@ void showThroughWorkingFile(core::MainWindow& window)
 void openPsd(core::MainWindow& window, const QString& path)
 {
     const platform::PointerGuard pointer;
-    if (decodeToBox(path, window.Image1())) {
+    if (platform::decodeToBox(path, window.Image1(), core::state().rawImage)) {
         showThroughWorkingFile(window);
     }
     const core::Viewer& viewer = window.viewer();

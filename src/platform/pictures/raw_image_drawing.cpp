@@ -1,6 +1,5 @@
-#include "viewer/raw_image_show.h"
+#include "platform/pictures/raw_image_drawing.h"
 
-#include "core/state.h"
 #include "formats/format.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/transfers.h"
@@ -26,14 +25,13 @@ void ShowRawImage(platform::PictureBox& box, const RawImage& image)
     platform::StretchDIBits(box.surface(), header, std::as_bytes(pixels));
 }
 
-namespace viewer {
+namespace platform {
 
 namespace {
 
 // False, with the box at the size that it had, for a record without a size.
-bool drawRecord(platform::PictureBox& box)
+bool drawRecord(PictureBox& box, const RawImage& record)
 {
-    const RawImage& record = core::state().rawImage;
     if (!box.resize(record.Width, record.Height)) {
         return false;
     }
@@ -43,20 +41,20 @@ bool drawRecord(platform::PictureBox& box)
 
 } // namespace
 
-bool decodeToBox(const QString& path, platform::PictureBox& box)
+bool decodeToBox(const QString& path, PictureBox& box, RawImage& record)
 {
     box.setPicture({}); // first, since a reader may show a message
-    OpenRawImage(platform::toNative(path), core::state().rawImage);
-    return drawRecord(box);
+    OpenRawImage(toNative(path), record);
+    return drawRecord(box, record);
 }
 
-bool decodeAcceptedToBox(const QString& path, platform::PictureBox& box)
+bool decodeAcceptedToBox(const QString& path, PictureBox& box, RawImage& record)
 {
-    if (!formats::readPicture(platform::toNative(path), core::state().rawImage)) {
+    if (!formats::readPicture(toNative(path), record)) {
         return false;
     }
     box.setPicture({});
-    return drawRecord(box);
+    return drawRecord(box, record);
 }
 
-} // namespace viewer
+} // namespace platform

@@ -10,17 +10,17 @@
 // long comes out sheared; what lies behind the end of Pixels is drawn as zeros.
 void ShowRawImage(platform::PictureBox& box, const RawImage& image);
 
-namespace viewer {
+namespace platform {
 
 // The way of a file in one of the own formats onto a box: takes the box's picture away, decodes
-// into the process's one record, gives the box the record's size and draws the record, which then
-// is the box's drawn image. A file that no reader accepts draws what the record held before. False,
-// with the box empty at the size that it had, when the record has no size that a box can take
-// (nothing was ever decoded).
-[[nodiscard]] bool decodeToBox(const QString& path, platform::PictureBox& box);
+// into the record, gives the box the record's size and draws the record, which then is the box's
+// drawn image. A file that no reader accepts draws what the record held before. False, with the
+// box empty at the size that it had, when the record has no size that a box can take (nothing was
+// ever decoded).
+[[nodiscard]] bool decodeToBox(const QString& path, PictureBox& box, RawImage& record);
 
 // The same for a file that a reader accepts. False also for a refused one: nothing is drawn then,
 // and the box stays as it is.
-[[nodiscard]] bool decodeAcceptedToBox(const QString& path, platform::PictureBox& box);
+[[nodiscard]] bool decodeAcceptedToBox(const QString& path, PictureBox& box, RawImage& record);
 
-} // namespace viewer
+} // namespace platform
