@@ -5,8 +5,8 @@
 // A new quality comes every 16 milliseconds, as from a hand that drags. Prints the longest time for
 // which the window took no event, beside the time of one whole conversion.
 
+#include "core/working_files.h"
 #include "editing/jpeg_window.h"
-#include "editing/working_files.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/jpeg_converter.h"
 #include "platform/pictures/picture_loader.h"
@@ -99,11 +99,11 @@ int main(int count, char** arguments)
     const QApplication application(count, arguments);
     platform::initialisePaths();
     const auto picture = platform::loadPicture(QString::fromLocal8Bit(arguments[1]));
-    if (!picture || !editing::saveAs(editing::WorkingFile::Save, *picture)) {
+    if (!picture || !core::saveAs(core::WorkingFile::Save, *picture)) {
         std::fputs("The picture can't be read.\n", stderr);
         return 1;
     }
-    const double whole = wholeConversion(workingFile(editing::WorkingFile::Save),
+    const double whole = wholeConversion(core::workingFile(core::WorkingFile::Save),
                                          home.filePath(QStringLiteral("whole.jpg")));
     auto window = std::make_unique<frmSaveJPGc>();
     window->show();

@@ -2,8 +2,8 @@
 
 #include "core/interfaces.h"
 #include "core/state.h"
+#include "core/working_files.h"
 #include "editing/picture_test.h"
-#include "editing/working_files.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
@@ -41,10 +41,10 @@ void pastePicture(core::MainWindow& form)
     }
     core::state().PictureChanged = true;
     form.Image1().setPicture(*pasted);
-    if (!saveAs(WorkingFile::Picture, form.Image1().picture())) {
+    if (!core::saveAs(core::WorkingFile::Picture, form.Image1().picture())) {
         return;
     }
-    const QString path = workingFile(WorkingFile::Picture);
+    const QString path = core::workingFile(core::WorkingFile::Picture);
     form.setXiala(path);
     if (const auto picture = platform::loadPicture(path)) {
         form.viewer().setPicture(*picture);

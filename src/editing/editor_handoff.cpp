@@ -3,8 +3,9 @@
 #include "core/config_store.h"
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/working_files.h"
+#include "editing/edit_steps.h"
 #include "editing/picture_test.h"
-#include "editing/working_files.h"
 #include "files/text_list.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/pointer.h"
@@ -22,7 +23,7 @@ const QString kFilterKey = QStringLiteral("Filter");
 bool savePictureInHand(core::MainWindow& form)
 {
     form.Image1().setPicture(form.viewer().Picture());
-    return saveAs(WorkingFile::Picture, form.Image1().picture());
+    return core::saveAs(core::WorkingFile::Picture, form.Image1().picture());
 }
 
 } // namespace
@@ -69,7 +70,8 @@ void startListedEditor(core::MainWindow& form, int place)
     if (place < 1 || entry >= editors.size() || editors[entry].path.isEmpty()) {
         return;
     }
-    platform::desktop().startProgram(editors[entry].path, {workingFile(WorkingFile::Picture)});
+    platform::desktop().startProgram(editors[entry].path,
+                                     {core::workingFile(core::WorkingFile::Picture)});
 }
 
 } // namespace editing

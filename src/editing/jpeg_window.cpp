@@ -2,7 +2,7 @@
 
 #include "base/numbers.h"
 #include "core/window_names.h"
-#include "editing/working_files.h"
+#include "core/working_files.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
@@ -17,8 +17,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-using editing::WorkingFile;
-using editing::workingFile;
 using platform::JpegPreview;
 
 namespace {
@@ -33,8 +31,8 @@ constexpr int kQualityWidth = 60;
 
 frmSaveJPGc::frmSaveJPGc()
     : StripWindow(QStringLiteral("JPEG Options"))
-    , m_preview(std::make_shared<JpegPreview>(workingFile(WorkingFile::Save),
-                                              workingFile(WorkingFile::JpegPreview)))
+    , m_preview(std::make_shared<JpegPreview>(core::workingFile(core::WorkingFile::Save),
+                                              core::workingFile(core::WorkingFile::JpegPreview)))
 {
     setObjectName(core::windowName(core::Window::frmSaveJPGc));
     buildControls();
@@ -129,7 +127,8 @@ void frmSaveJPGc::accept()
         return;
     }
     const platform::PointerGuard hourglass;
-    const int result = BMPToJPG(workingFile(WorkingFile::Save), m_outputPath->text(), quality());
+    const int result =
+        BMPToJPG(core::workingFile(core::WorkingFile::Save), m_outputPath->text(), quality());
     if ((result & 0xFFFF) == 0) {
         close();
     }
@@ -138,7 +137,7 @@ void frmSaveJPGc::accept()
 void frmSaveJPGc::cancel()
 {
     close();
-    platform::removeFile(workingFile(WorkingFile::JpegPreview));
+    platform::removeFile(core::workingFile(core::WorkingFile::JpegPreview));
 }
 
 void frmSaveJPGc::closeEvent(QCloseEvent* event)

@@ -3,9 +3,9 @@
 #include "core/interfaces.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "core/working_files.h"
 #include "editing/jpeg_window.h"
 #include "editing/picture_test.h"
-#include "editing/working_files.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/files.h"
@@ -79,8 +79,8 @@ platform::FileRequest requestFor(const QString& shownPath)
 // removed either would be taken for it.
 bool isReadyForDialog(const platform::Picture& picture)
 {
-    const QString path = workingFile(WorkingFile::Save);
-    return saveAs(WorkingFile::Save, picture) || platform::removeFile(path) ||
+    const QString path = core::workingFile(core::WorkingFile::Save);
+    return core::saveAs(core::WorkingFile::Save, picture) || platform::removeFile(path) ||
            !platform::isRegularFile(path);
 }
 
@@ -106,7 +106,7 @@ void saveByDialog(core::MainWindow& form)
         return;
     }
     const platform::PointerGuard hourglass;
-    if (const auto picture = platform::loadPicture(workingFile(WorkingFile::Save))) {
+    if (const auto picture = platform::loadPicture(core::workingFile(core::WorkingFile::Save))) {
         form.Image1().setPicture(*picture);
     }
     switch (choice->filterIndex) {

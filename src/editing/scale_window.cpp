@@ -5,7 +5,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_names.h"
-#include "editing/working_files.h"
+#include "editing/edit_steps.h"
 #include "platform/desktop/pointer.h"
 #include "platform/pictures/transforms.h"
 #include "widgets/focus_field.h"

@@ -3,6 +3,7 @@
 #include "core/interfaces.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "core/working_files.h"
 #include "files/classification.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/dialogs.h"
@@ -10,7 +11,6 @@
 #include "platform/os/folder_reader.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/delivered_icon.h"
-#include "platform/pictures/picture_saver.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -74,10 +74,9 @@ QString previewFile(core::MainWindow& window)
     if (!isOwnFormat(path)) {
         return path;
     }
-    const QString workingFile = platform::appFile(QStringLiteral("temp.bmp"));
     // Where it can't be written, the file of the last picture is shown instead.
-    static_cast<void>(platform::savePicture(window.viewer().Picture(), workingFile));
-    return workingFile;
+    static_cast<void>(core::saveAs(core::WorkingFile::Picture, window.viewer().Picture()));
+    return core::workingFile(core::WorkingFile::Picture);
 }
 
 } // namespace

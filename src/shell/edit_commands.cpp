@@ -2,10 +2,10 @@
 
 #include "core/window_registry.h"
 #include "editing/clipboard_commands.h"
+#include "editing/edit_steps.h"
 #include "editing/editor_handoff.h"
 #include "editing/image_commands.h"
 #include "editing/save_pipeline.h"
-#include "editing/working_files.h"
 #include "files/file_commands.h"
 #include "shell/main_window.h"
 #include "thumbs/miniature.h"

@@ -4,6 +4,7 @@
 #include "core/player_window.h"
 #include "core/services.h"
 #include "core/window_registry.h"
+#include "core/working_files.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/file_list.h"
@@ -151,8 +152,7 @@ void print(Form1& form, int /*index*/)
     if (!core::windows().hasFactory(core::Window::frmTemp)) {
         return;
     }
-    static_cast<void>(platform::savePicture(form.viewer().Picture(),
-                                            platform::appFile(QStringLiteral("temp.bmp"))));
+    static_cast<void>(core::saveAs(core::WorkingFile::Picture, form.viewer().Picture()));
     form.showWindow(core::Window::frmTemp, kModal);
 }
 

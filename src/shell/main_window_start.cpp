@@ -6,7 +6,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "editing/working_files.h"
+#include "core/working_files.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/folder_tree.h"
@@ -176,7 +176,7 @@ void Form1::unload()
     stopPlayer();
     platform::removeFilesIn(platform::appFile(QStringLiteral("openTemp")));
     platform::deleteRegistryValue(kMarkerKey, kMarkerName);
-    editing::removeWorkingFiles();
+    core::removeWorkingFiles();
     platform::setPointer(platform::Pointer::Default);
 }
 

@@ -4,8 +4,8 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "core/working_files.h"
 #include "editing/windows.h"
-#include "editing/working_files.h"
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
 #include "formats/hooks.h"
@@ -196,7 +196,7 @@ int enterProgram(int argc, char** argv)
         return 0;
     }
     platform::prepareAppPath();
-    editing::removeWorkingFiles();
+    core::removeWorkingFiles();
     QApplication application(argc, argv);
     QApplication::setApplicationName(core::kProgramName);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,4 +1,5 @@
 #include "core/state.h"
+#include "core/working_files.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
 #include "platform/pictures/picture_saver.h"
@@ -12,7 +13,7 @@ void ThumbNailList::openPsd(const QString& path)
 {
     const QPointer<ThumbNailList> alive = this;
     platform::PictureBox box;
-    const QString workingFile = platform::appFile("temp.bmp");
+    const QString workingFile = core::workingFile(core::WorkingFile::Picture);
     if (!platform::decodeAcceptedToBox(path, box, core::state().rawImage) ||
         !platform::savePicture(box.drawnImage(), workingFile)) {
         return;

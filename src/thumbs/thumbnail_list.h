@@ -97,8 +97,9 @@ public:
     // The rows of the files that have their tile, ascending.
     [[nodiscard]] std::span<const int> tiles() const;
 
-    // Decodes a file with the program's own readers into P_load, by way of "temp.bmp". One that is
-    // refused leaves P_load. A reader may show a box; the control may be gone afterwards.
+    // Decodes a file with the program's own readers into P_load, by way of WorkingFile::Picture.
+    // One that is refused leaves P_load. A reader may show a box; the control may be gone
+    // afterwards.
     void openPsd(const QString& path);
 
     void writeProperties(thumbs::PropertyBag& bag);

@@ -2,6 +2,7 @@
 
 #include "core/interfaces.h"
 #include "core/state.h"
+#include "core/working_files.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
@@ -19,7 +20,7 @@ const QString kPixelUnit = QStringLiteral("      Pixel");
 // The file is read back even where it couldn't be written: then the last one shows.
 void showThroughWorkingFile(core::MainWindow& window)
 {
-    const QString workingFile = platform::appFile("temp.bmp");
+    const QString workingFile = core::workingFile(core::WorkingFile::Picture);
     std::ignore = platform::savePicture(window.Image1().drawnImage(), workingFile);
     if (const auto picture = platform::loadPicture(workingFile)) {
         window.viewer().setPicture(*picture);

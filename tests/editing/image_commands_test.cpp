@@ -1,7 +1,7 @@
 #include "editing/image_commands.h"
 
 #include "editing/edit_fixture.h"
-#include "editing/working_files.h"
+#include "editing/edit_steps.h"
 #include "platform/pictures/transforms.h"
 #include "support/full_disk.h"
 #include "support/ordinary_user.h"

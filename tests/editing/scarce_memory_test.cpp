@@ -2,10 +2,11 @@
 
 #include "editing/scarce_memory.h"
 
+#include "core/working_files.h"
 #include "editing/clipboard_commands.h"
 #include "editing/edit_fixture.h"
+#include "editing/edit_steps.h"
 #include "editing/image_commands.h"
-#include "editing/working_files.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/pictures/gif_export.h"
 #include "platform/pictures/large_image.h"
@@ -127,7 +128,7 @@ TEST_F(ScarceMemoryTest, LeavesPasteAndUndoThePictureBefore)
     ASSERT_TRUE(platform::setClipboardPicture(platform::Picture(large())));
     tryAll(test::filled(kWidth, kHeight, qRgb(1, 2, 3)), large(),
            [this] { editing::pastePicture(form); });
-    ASSERT_TRUE(editing::saveAs(editing::WorkingFile::BeforeEdit, platform::Picture(large())));
+    ASSERT_TRUE(core::saveAs(core::WorkingFile::BeforeEdit, platform::Picture(large())));
     tryAll(other, large(), [this] { editing::undo(form); });
 }
 

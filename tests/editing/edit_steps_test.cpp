@@ -1,4 +1,4 @@
-#include "editing/working_files.h"
+#include "editing/edit_steps.h"
 
 #include "editing/clipboard_commands.h"
 #include "editing/edit_fixture.h"

@@ -1,0 +1,43 @@
+#include "editing/edit_steps.h"
+
+#include "core/interfaces.h"
+#include "core/working_files.h"
+#include "editing/picture_test.h"
+#include "platform/os/files.h"
+#include "platform/pictures/picture_box.h"
+#include "platform/pictures/picture_loader.h"
+
+namespace editing {
+
+void keepBeforeEdit(core::MainWindow& form)
+{
+    form.Image1().setPicture(form.viewer().Picture());
+    // An edit goes on without its undo.
+    static_cast<void>(core::saveAs(core::WorkingFile::BeforeEdit, form.Image1().picture()));
+}
+
+void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& box)
+{
+    const QString path = core::workingFile(core::WorkingFile::Transform);
+    if (core::saveAs(core::WorkingFile::Transform, box.drawnImage())) {
+        if (const auto picture = platform::loadPicture(path)) {
+            form.viewer().setPicture(*picture);
+        }
+    }
+    platform::removeFile(path);
+}
+
+void undo(core::MainWindow& form)
+{
+    if (!hasPicture(form)) {
+        return;
+    }
+    if (const auto picture =
+            platform::loadPicture(core::workingFile(core::WorkingFile::BeforeEdit))) {
+        form.viewer().setPicture(*picture);
+    }
+    form.orgPicture().setPicture(form.viewer().Picture());
+    form.rebuildSizeText();
+}
+
+} // namespace editing
