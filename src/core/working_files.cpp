@@ -2,6 +2,7 @@
 
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
+#include "platform/pictures/picture_loader.h"
 #include "platform/pictures/picture_saver.h"
 
 #include <array>
@@ -52,6 +53,15 @@ QString workingFile(WorkingFile file)
 bool saveAs(WorkingFile file, const platform::Picture& picture)
 {
     return platform::savePicture(picture, workingFile(file));
+}
+
+std::optional<platform::Picture> takenThrough(WorkingFile file, const platform::Picture& picture,
+                                              platform::OnFailure onFailure)
+{
+    if (!saveAs(file, picture) && onFailure == platform::OnFailure::Stop) {
+        return std::nullopt;
+    }
+    return platform::loadPicture(workingFile(file));
 }
 
 void removeWorkingFiles()

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QString>
+#include "platform/pictures/on_failure.h"
+#include "platform/pictures/picture.h"
 
-namespace platform {
-class Picture;
-}
+#include <QString>
+#include <optional>
 
 namespace core {
 
@@ -26,6 +26,11 @@ enum class WorkingFile {
 // Saves a picture as a working file. False when it couldn't be written: the file then is what it
 // was before, another picture perhaps, and mustn't be taken for this one.
 [[nodiscard]] bool saveAs(WorkingFile file, const platform::Picture& picture);
+
+// Takes a picture through a working file: what is loaded from there once it is saved. Where it
+// can't be written GoOn loads the file as it stands. Nothing without a file that can be read.
+[[nodiscard]] std::optional<platform::Picture>
+takenThrough(WorkingFile file, const platform::Picture& picture, platform::OnFailure onFailure);
 
 // Removes the working files that don't outlive the program: when it ends, and when it starts after
 // it couldn't end.

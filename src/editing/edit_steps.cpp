@@ -18,13 +18,12 @@ void keepBeforeEdit(core::MainWindow& form)
 
 void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& box)
 {
-    const QString path = core::workingFile(core::WorkingFile::Transform);
-    if (core::saveAs(core::WorkingFile::Transform, box.drawnImage())) {
-        if (const auto picture = platform::loadPicture(path)) {
-            form.viewer().setPicture(*picture);
-        }
+    constexpr auto kFile = core::WorkingFile::Transform;
+    if (const auto picture =
+            core::takenThrough(kFile, box.drawnImage(), platform::OnFailure::Stop)) {
+        form.viewer().setPicture(*picture);
     }
-    platform::removeFile(path);
+    platform::removeFile(core::workingFile(kFile));
 }
 
 void undo(core::MainWindow& form)

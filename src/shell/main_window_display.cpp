@@ -9,7 +9,7 @@
 #include "shell/main_window.h"
 #include "shell/status_bar.h"
 #include "viewer/display_pipeline.h"
-#include "viewer/open_psd.h"
+#include "viewer/own_format_show.h"
 #include "viewer/picture_viewer.h"
 
 namespace {
@@ -61,7 +61,7 @@ void Form1::display_pic()
 
 void Form1::openPsd(const QString& path)
 {
-    viewer::openPsd(*this, path);
+    viewer::showOwnFormat(*this, path);
 }
 
 void Form1::Np(const QString& folder)

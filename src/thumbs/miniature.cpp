@@ -1,10 +1,8 @@
 #include "thumbs/miniature.h"
 
 #include "files/classification.h"
-#include "formats/format.h"
 #include "formats/hooks.h"
 #include "platform/os/files.h"
-#include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
 #include "platform/pictures/raw_image_drawing.h"
 #include "thumbs/picture_fit.h"
@@ -35,12 +33,10 @@ QImage ownPicture(const QString& path)
     }
     const QuietReaders quiet;
     RawImage record;
-    OpenRawImage(platform::toNative(path), record);
     platform::PictureBox box;
-    if (record.Width <= 0 || record.Height <= 0 || !box.resize(record.Width, record.Height)) {
+    if (!platform::decodeToBox(path, box, record, platform::OnFailure::GoOn)) {
         return {};
     }
-    ShowRawImage(box, record);
     return box.drawnImage().flattened();
 }
 

@@ -1,24 +1,14 @@
-#include "core/state.h"
-#include "core/working_files.h"
-#include "platform/os/paths.h"
-#include "platform/pictures/picture_loader.h"
-#include "platform/pictures/picture_saver.h"
-#include "platform/pictures/raw_image_drawing.h"
+#include "core/own_formats.h"
+#include "platform/pictures/picture_box.h"
 #include "thumbs/thumbnail_list.h"
 
 #include <QPointer>
 
-// The decoded picture goes the way of all foreign pictures, through the working file.
 void ThumbNailList::openPsd(const QString& path)
 {
     const QPointer<ThumbNailList> alive = this;
     platform::PictureBox box;
-    const QString workingFile = core::workingFile(core::WorkingFile::Picture);
-    if (!platform::decodeAcceptedToBox(path, box, core::state().rawImage) ||
-        !platform::savePicture(box.drawnImage(), workingFile)) {
-        return;
-    }
-    const auto picture = platform::loadPicture(workingFile);
+    const auto picture = core::loadOwnFormat(path, box, platform::OnFailure::Stop);
     if (alive != nullptr && picture) {
         m_loaded = {*picture, QSize(picture->width(), picture->height())};
     }

@@ -27,34 +27,15 @@ void ShowRawImage(platform::PictureBox& box, const RawImage& image)
 
 namespace platform {
 
-namespace {
-
-// False, with the box at the size that it had, for a record without a size.
-bool drawRecord(PictureBox& box, const RawImage& record)
+bool decodeToBox(const QString& path, PictureBox& box, RawImage& record, OnFailure onRefusal)
 {
-    if (!box.resize(record.Width, record.Height)) {
+    box.setPicture({}); // first, since a reader may show a message
+    const bool accepted = formats::readPicture(toNative(path), record);
+    if ((!accepted && onRefusal == OnFailure::Stop) || !box.resize(record.Width, record.Height)) {
         return false;
     }
     ShowRawImage(box, record);
     return true;
-}
-
-} // namespace
-
-bool decodeToBox(const QString& path, PictureBox& box, RawImage& record)
-{
-    box.setPicture({}); // first, since a reader may show a message
-    OpenRawImage(toNative(path), record);
-    return drawRecord(box, record);
-}
-
-bool decodeAcceptedToBox(const QString& path, PictureBox& box, RawImage& record)
-{
-    if (!formats::readPicture(toNative(path), record)) {
-        return false;
-    }
-    box.setPicture({});
-    return drawRecord(box, record);
 }
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formats/raw_image.h"
+#include "platform/pictures/on_failure.h"
 #include "platform/pictures/picture_box.h"
 
 #include <QString>
@@ -14,13 +15,10 @@ namespace platform {
 
 // The way of a file in one of the own formats onto a box: takes the box's picture away, decodes
 // into the record, gives the box the record's size and draws the record, which then is the box's
-// drawn image. A file that no reader accepts draws what the record held before. False, with the
-// box empty at the size that it had, when the record has no size that a box can take (nothing was
-// ever decoded).
-[[nodiscard]] bool decodeToBox(const QString& path, PictureBox& box, RawImage& record);
-
-// The same for a file that a reader accepts. False also for a refused one: nothing is drawn then,
-// and the box stays as it is.
-[[nodiscard]] bool decodeAcceptedToBox(const QString& path, PictureBox& box, RawImage& record);
+// drawn image. For a file that no reader accepts GoOn draws what the record holds. False, with the
+// box empty at the size that it had, when nothing was drawn: after a refusal with Stop, and for a
+// record without a size that a box can take (nothing was ever decoded).
+[[nodiscard]] bool decodeToBox(const QString& path, PictureBox& box, RawImage& record,
+                               OnFailure onRefusal);
 
 } // namespace platform

@@ -1,10 +1,13 @@
 #include "platform/pictures/raw_image_drawing.h"
 
 #include "platform/pictures/own_format_files.h"
+#include "platform/pictures/test_images.h"
 #include "support/temp_tree.h"
 
 #include <gtest/gtest.h>
 #include <numeric>
+
+using platform::OnFailure;
 
 namespace {
 
@@ -114,10 +117,26 @@ TEST(ShowRawImage, BearsARecordThatDisagreesWithItself)
 TEST(DecodingToABox, GivesTheBoxTheSizeAndTheRowsOfThePicture)
 {
     const support::TempTree tree({{"pics/wide.pcx", test::pcxFile(40, 8)}});
+    for (const OnFailure onRefusal : {OnFailure::GoOn, OnFailure::Stop}) {
+        platform::PictureBox box(3, 3);
+        RawImage record;
+        EXPECT_TRUE(platform::decodeToBox(tree.path("pics/wide.pcx"), box, record, onRefusal));
+        EXPECT_EQ(box.width(), 40);
+        EXPECT_EQ(box.height(), 8);
+        EXPECT_EQ(box.surface().pixel(3, 0), qRgb(3, 252, 1));
+    }
+}
+
+TEST(DecodingToABox, DrawsTheRecordForARefusedFileOnlyWhenItGoesOn)
+{
+    const support::TempTree tree({{"pics/words.tga", "words"}});
+    RawImage record = indexedImage(12, 5);
     platform::PictureBox box(3, 3);
-    RawImage record;
-    EXPECT_TRUE(platform::decodeToBox(tree.path("pics/wide.pcx"), box, record));
-    EXPECT_EQ(box.width(), 40);
-    EXPECT_EQ(box.height(), 8);
-    EXPECT_EQ(box.surface().pixel(3, 0), qRgb(3, 252, 1));
+    box.setPicture(platform::Picture(test::filled(3, 3, qRgb(9, 9, 9))));
+    EXPECT_FALSE(platform::decodeToBox(tree.path("pics/words.tga"), box, record, OnFailure::Stop));
+    EXPECT_EQ(box.width(), 3);
+    EXPECT_EQ(box.surface().pixel(1, 1), qRgb(255, 255, 255));
+    EXPECT_TRUE(platform::decodeToBox(tree.path("pics/words.tga"), box, record, OnFailure::GoOn));
+    EXPECT_EQ(box.width(), 12);
+    EXPECT_EQ(box.surface().pixel(7, 4), paletteColour(55));
 }

@@ -4,16 +4,16 @@
 #include "platform/pictures/picture_loader.h"
 #include "support/temp_tree.h"
 #include "test_pictures.h"
-#include "viewer/open_psd.h"
+#include "viewer/own_format_show.h"
 #include "viewer_main_window.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class OpenPsd : public testing::Test {
+class OwnFormatShow : public testing::Test {
 protected:
-    OpenPsd()
+    OwnFormatShow()
         : tree({{"pics/a.pcx", test::pcxFile(12, 5)},
                 {"pics/wide.pcx", test::pcxFile(40, 8)},
                 {"pics/three.tif", "abc"},
@@ -21,15 +21,15 @@ protected:
     {
         core::state() = {};
     }
-    ~OpenPsd() override { core::state() = {}; }
+    ~OwnFormatShow() override { core::state() = {}; }
 
     support::TempTree tree;
     ViewerMainWindow main;
 };
 
-TEST_F(OpenPsd, ShowsTheFileThroughTheWorkingFile)
+TEST_F(OwnFormatShow, ShowsTheFileThroughTheWorkingFile)
 {
-    viewer::openPsd(main, tree.path("pics/a.pcx"));
+    viewer::showOwnFormat(main, tree.path("pics/a.pcx"));
     EXPECT_EQ(main.image1.width(), 12);
     EXPECT_EQ(main.image1.height(), 5);
     EXPECT_EQ(main.picture.PictureWidth(), 12);
@@ -44,24 +44,24 @@ TEST_F(OpenPsd, ShowsTheFileThroughTheWorkingFile)
     }
 }
 
-TEST_F(OpenPsd, WritesTheSizePanelsUnderTheHourglass)
+TEST_F(OwnFormatShow, WritesTheSizePanelsUnderTheHourglass)
 {
-    viewer::openPsd(main, tree.path("pics/a.pcx"));
+    viewer::showOwnFormat(main, tree.path("pics/a.pcx"));
     EXPECT_EQ(main.panels.panels[core::Panel::Width], "12      Pixel");
     EXPECT_EQ(main.panels.panels[core::Panel::Height], "5      Pixel");
     EXPECT_EQ(main.panels.pointer, platform::Pointer::HourGlass);
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
 
-TEST_F(OpenPsd, DropsThePictureThatStoodOnTheBox)
+TEST_F(OwnFormatShow, DropsThePictureThatStoodOnTheBox)
 {
     main.image1.setPicture(plainPicture(70, 70));
-    viewer::openPsd(main, tree.path("pics/a.pcx"));
+    viewer::showOwnFormat(main, tree.path("pics/a.pcx"));
     EXPECT_TRUE(main.image1.picture().isNothing());
     EXPECT_EQ(main.image1.width(), 12);
 }
 
-TEST_F(OpenPsd, ClearsTheBoxBeforeItReadsTheFile)
+TEST_F(OwnFormatShow, ClearsTheBoxBeforeItReadsTheFile)
 {
     // Three raw planes; the reader misses a fourth and says so while it reads.
     const std::string header("8BPS\0\1\0\0\0\0\0\0\0\3\0\0\0\1\0\0\0\2\0\10\0\3", 26);
@@ -75,62 +75,62 @@ TEST_F(OpenPsd, ClearsTheBoxBeforeItReadsTheFile)
                            EXPECT_EQ(main.image1.surface().pixel(35, 30), qRgb(255, 255, 255));
                        },
                        {}});
-    viewer::openPsd(main, tree.path("pics/three.psd"));
+    viewer::showOwnFormat(main, tree.path("pics/three.psd"));
     formats::setHooks({});
     EXPECT_EQ(reports, 1);
     EXPECT_EQ(main.image1.width(), 2);
     EXPECT_EQ(main.picture.Picture().image().pixel(1, 0), qRgb(255, 0, 0));
 }
 
-TEST_F(OpenPsd, ShowsThePreviousRecordForAFileThatNoReaderTakes)
+TEST_F(OwnFormatShow, ShowsThePreviousRecordForAFileThatNoReaderTakes)
 {
-    viewer::openPsd(main, tree.path("pics/a.pcx"));
+    viewer::showOwnFormat(main, tree.path("pics/a.pcx"));
     for (const char* name : {"pics/three.tif", "pics/empty.tga", "pics/missing.psd"}) {
         main.picture.setPicture(plainPicture(33, 33));
         ASSERT_TRUE(platform::removeFile(tree.path("app/temp.bmp")));
-        viewer::openPsd(main, tree.path(name));
+        viewer::showOwnFormat(main, tree.path(name));
         EXPECT_EQ(main.picture.PictureWidth(), 12) << name;
         EXPECT_TRUE(tree.exists("app/temp.bmp")) << name;
     }
 }
 
-TEST_F(OpenPsd, LeavesEverythingWhenNothingWasEverDecoded)
+TEST_F(OwnFormatShow, LeavesEverythingWhenNothingWasEverDecoded)
 {
     main.picture.setPicture(plainPicture(33, 33));
-    viewer::openPsd(main, tree.path("pics/three.tif"));
+    viewer::showOwnFormat(main, tree.path("pics/three.tif"));
     EXPECT_EQ(main.picture.PictureWidth(), 33);
     EXPECT_EQ(main.image1.width(), 1);
     EXPECT_FALSE(tree.exists("app/temp.bmp"));
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
 
-TEST_F(OpenPsd, LeavesEverythingForASizeThatNoBoxTakes)
+TEST_F(OwnFormatShow, LeavesEverythingForASizeThatNoBoxTakes)
 {
     for (const auto& [width, height] :
          {std::pair(-3, 5), std::pair(5, 0), std::pair(5, -2), std::pair(2000000000, 2000000000)}) {
         core::state().rawImage.Width = width;
         core::state().rawImage.Height = height;
-        viewer::openPsd(main, tree.path("pics/missing.psd"));
+        viewer::showOwnFormat(main, tree.path("pics/missing.psd"));
         EXPECT_EQ(main.image1.width(), 1);
         EXPECT_FALSE(tree.exists("app/temp.bmp"));
     }
 }
 
-TEST_F(OpenPsd, GoesOnWhereTheWorkingFileCannotBeWritten)
+TEST_F(OwnFormatShow, GoesOnWhereTheWorkingFileCannotBeWritten)
 {
     tree.add({"app/temp.bmp/in the way", ""});
     main.picture.setPicture(plainPicture(33, 33));
-    viewer::openPsd(main, tree.path("pics/a.pcx"));
+    viewer::showOwnFormat(main, tree.path("pics/a.pcx"));
     EXPECT_EQ(main.picture.PictureWidth(), 33);
     EXPECT_EQ(main.panels.panels[core::Panel::Width], "33      Pixel");
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
 
-TEST_F(OpenPsd, FollowsFilesOfDifferentSizes)
+TEST_F(OwnFormatShow, FollowsFilesOfDifferentSizes)
 {
     for (const auto& [name, width] : {std::pair("pics/a.pcx", 12), std::pair("pics/wide.pcx", 40),
                                       std::pair("pics/a.pcx", 12)}) {
-        viewer::openPsd(main, tree.path(name));
+        viewer::showOwnFormat(main, tree.path(name));
         EXPECT_EQ(main.picture.PictureWidth(), width);
         EXPECT_EQ(main.image1.width(), width);
     }
