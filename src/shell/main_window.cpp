@@ -26,6 +26,7 @@
 #include "widgets/avi.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/first_touch.h"
+#include "widgets/progress_strip.h"
 
 #include <QAction>
 #include <QCursor>
@@ -139,7 +140,7 @@ void Form1::buildStrip()
     m_picture4->setObjectName(QStringLiteral("Picture4"));
     m_stateBar = new shell::PanelBar(m_picture4);
     m_stateBar->setObjectName(QStringLiteral("StateBar"));
-    m_gradient = new shell::FillStrip(m_picture4);
+    m_gradient = new widgets::ProgressStrip(m_picture4);
     m_gradient->setObjectName(QStringLiteral("Gradient"));
     m_gradient->setAccessibleName(QStringLiteral("Progress"));
 }

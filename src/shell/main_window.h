@@ -23,7 +23,6 @@ class FileList;
 namespace shell {
 class CoolBar;
 class FileNameField;
-class FillStrip;
 class KeptMaximised;
 class Menus;
 class PanelBar;
@@ -33,7 +32,8 @@ class Toolbars;
 
 namespace widgets {
 class FirstTouch;
-}
+class ProgressStrip;
+} // namespace widgets
 
 namespace viewer {
 class DisplayHost;
@@ -190,7 +190,7 @@ private:
     shell::FileNameField* m_xiala = nullptr;
     QWidget* m_picture4 = nullptr; // strip along the bottom edge
     shell::PanelBar* m_stateBar = nullptr;
-    shell::FillStrip* m_gradient = nullptr;
+    widgets::ProgressStrip* m_gradient = nullptr;
     cpvPicViewer* m_viewer = nullptr;
     std::unique_ptr<shell::Menus> m_menus;
     std::unique_ptr<shell::Toolbars> m_toolbars;

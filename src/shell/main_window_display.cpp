@@ -7,10 +7,10 @@
 #include "platform/desktop/pointer.h"
 #include "platform/os/file_list.h"
 #include "shell/main_window.h"
-#include "shell/status_bar.h"
 #include "viewer/display_pipeline.h"
 #include "viewer/own_format_show.h"
 #include "viewer/picture_viewer.h"
+#include "widgets/progress_strip.h"
 
 namespace {
 

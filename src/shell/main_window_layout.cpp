@@ -11,6 +11,7 @@
 #include "shell/status_bar.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/first_touch.h"
+#include "widgets/progress_strip.h"
 
 #include <QMenuBar>
 #include <QResizeEvent>

@@ -1,13 +1,8 @@
 #include "shell/status_bar.h"
 
-#include "platform/desktop/screen_flush.h"
-
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <algorithm>
-#include <cmath>
-#include <utility>
 
 namespace shell {
 
@@ -30,17 +25,8 @@ constexpr std::array<PanelShape, 8> kShapes{{
     {"File size", "1023.99 Kb       ", 0},
 }};
 
-constexpr int kFrameMs = 25;
-
 constexpr int kSeparatorGap = 6;   // between a separator and the panels beside it, pixels
 constexpr int kSeparatorInset = 5; // from the bar's edges
-
-QColor qtColour(base::Colour colour)
-{
-    const base::Colour value = base::translated(colour);
-    return {static_cast<int>(base::redOf(value)), static_cast<int>(base::greenOf(value)),
-            static_cast<int>(base::blueOf(value))};
-}
 
 // What a screen reader says of a panel: its name replaces the text, so it has to hold that.
 QString spoken(std::size_t panel, const QString& text)
@@ -109,68 +95,6 @@ void PanelBar::setPanel(core::Panel panel, const QString& text)
 QString PanelBar::panel(core::Panel panel) const
 {
     return m_texts[static_cast<std::size_t>(panel) - 1];
-}
-
-FillStrip::FillStrip(QWidget* parent)
-    : QWidget(parent)
-{
-    setAttribute(Qt::WA_OpaquePaintEvent);
-    hide();
-}
-
-void FillStrip::showStrip(bool visible)
-{
-    m_fraction = 0;
-    setVisible(visible);
-}
-
-void FillStrip::setBackground(base::Colour colour)
-{
-    if (m_background != colour) {
-        m_background = colour;
-        update();
-    }
-}
-
-void FillStrip::fill(double fraction, base::Colour colour)
-{
-    if (!std::isfinite(fraction)) {
-        return;
-    }
-    const double cut = std::clamp(fraction, 0.0, 1.0);
-    const bool sameWidth =
-        static_cast<int>(cut * width()) == static_cast<int>(m_fraction * width());
-    m_fraction = cut;
-    if (sameWidth && m_colour == colour) {
-        return;
-    }
-    m_colour = colour;
-    update();
-}
-
-void FillStrip::fillAtOnce(double fraction, base::Colour colour)
-{
-    const bool done = fraction >= 1;
-    if (isHidden() && !done) {
-        show();
-        m_shownAtOnce = true;
-        m_painted.invalidate();
-    }
-    fill(fraction, colour);
-    if (done && std::exchange(m_shownAtOnce, false)) {
-        hide();
-    } else if (!m_painted.isValid() || m_painted.hasExpired(kFrameMs)) {
-        repaint();
-        platform::flushScreen();
-        m_painted.start();
-    }
-}
-
-void FillStrip::paintEvent(QPaintEvent* /*event*/)
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), qtColour(m_background));
-    painter.fillRect(QRectF(0, 0, m_fraction * width(), height()), qtColour(m_colour));
 }
 
 } // namespace shell

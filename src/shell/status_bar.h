@@ -2,7 +2,6 @@
 
 #include "core/interfaces.h"
 
-#include <QElapsedTimer>
 #include <QWidget>
 #include <array>
 
@@ -25,28 +24,6 @@ private:
     static constexpr int kPanels = 8;
     std::array<QLabel*, kPanels> m_labels{};
     std::array<QString, kPanels> m_texts;
-};
-
-// Gradient: the thin strip that fills from the left while something long runs.
-class FillStrip : public QWidget, public core::ProgressStrip {
-public:
-    explicit FillStrip(QWidget* parent);
-
-    void showStrip(bool visible) override;
-    void setBackground(base::Colour colour) override;
-    void fill(double fraction, base::Colour colour) override;
-    // The same for work that lets no events run: the strip shows until the fraction is 1 and is
-    // painted before this returns, though no oftener than a screen has use for.
-    void fillAtOnce(double fraction, base::Colour colour);
-
-private:
-    void paintEvent(QPaintEvent* event) override;
-
-    QElapsedTimer m_painted; // since the last painting at once
-    bool m_shownAtOnce = false;
-    double m_fraction = 0;
-    base::Colour m_colour = 0;
-    base::Colour m_background = 0xE0E0E0;
 };
 
 } // namespace shell

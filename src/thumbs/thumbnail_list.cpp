@@ -8,8 +8,8 @@
 #include "thumbs/info_bar.h"
 #include "thumbs/page_limit.h"
 #include "thumbs/page_viewport.h"
-#include "thumbs/progress_strip.h"
 #include "widgets/colour_conversion.h"
+#include "widgets/progress_strip.h"
 
 #include <QCoreApplication>
 #include <QPaintEvent>
@@ -46,10 +46,9 @@ void ThumbNailList::makeParts()
     m_viewport->setAccessibleName(tr("Thumbnails"));
     m_infoBar = new thumbs::InfoBar(this);
     m_infoBar->setObjectName("LbInfo");
-    m_strip = new thumbs::ProgressStrip(this);
+    m_strip = new widgets::ProgressStrip(this);
     m_strip->setObjectName("Gradient");
     m_strip->setAccessibleName(tr("Progress"));
-    m_strip->hide();
     m_scroll = new QScrollBar(Qt::Vertical, this);
     m_scroll->setObjectName("V_Scroll");
     m_scroll->setAccessibleName(tr("Thumbnail pages"));

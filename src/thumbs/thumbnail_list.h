@@ -20,7 +20,6 @@ namespace thumbs {
 
 class InfoBar;
 class PageViewport;
-class ProgressStrip;
 
 // What a run of the thumbnails leaves for the next step and for other runs. Runs may nest: a
 // handler that runs while one yields can start another, and both work on these fields.
@@ -40,6 +39,10 @@ struct GalleryState {
 };
 
 } // namespace thumbs
+
+namespace widgets {
+class ProgressStrip;
+}
 
 // One folder as a stack of pages. A page is one bitmap that every tile of it is painted into;
 // clicks are found in a table of tile boxes. Lengths are device-independent pixels.
@@ -170,7 +173,7 @@ private:
     std::function<void(ThumbNailList&)> m_printLayout;
 
     thumbs::InfoBar* m_infoBar = nullptr;
-    thumbs::ProgressStrip* m_strip = nullptr;
+    widgets::ProgressStrip* m_strip = nullptr;
     thumbs::PageViewport* m_viewport = nullptr;
     QScrollBar* m_scroll = nullptr;
 };
