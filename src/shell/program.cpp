@@ -48,6 +48,13 @@ QWidget* parentWindow()
     return core::services().mainWindow != nullptr ? core::services().mainWindow->window() : nullptr;
 }
 
+frmThumbnaillist* makePane()
+{
+    auto* const made = new frmThumbnaillist(parentWindow()); // the registry owns it
+    made->load();
+    return made;
+}
+
 // The icon goes to the desktop as raw pixels, so it is no larger than a task bar shows it.
 void showProgramIcon()
 {
@@ -143,8 +150,7 @@ void registerWindows()
     core::WindowRegistry& windows = core::windows();
     windows.add(core::Window::frmWelcome, [] { return makeWelcomeWindow(); });
     windows.add(core::Window::Form1, [] { return new Form1; });
-    windows.add(core::Window::frmThumbnaillist,
-                [] { return new frmThumbnaillist(parentWindow()); });
+    windows.add(core::Window::frmThumbnaillist, [] { return makePane(); });
     windows.add(core::Window::frmAbout, [] { return makeAboutWindow(parentWindow()); });
     windows.add(core::Window::frmMsg, [] { return new frmMsg; });
     windows.add(core::Window::fastZoom, [] { return new fastZoom; });

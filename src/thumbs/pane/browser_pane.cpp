@@ -63,13 +63,18 @@ frmThumbnaillist::frmThumbnaillist(QWidget* parent)
     m_files.onPathChange([this] { File1_PathChange(); });
     makeParts();
     resize(pixelsFromTwips(thumbs::kPaneDefaultWidth), height());
-    core::services().browserPane = this;
-    readThumbnailSettings();
 }
 
 frmThumbnaillist::~frmThumbnaillist()
 {
     unloadPane();
+}
+
+void frmThumbnaillist::load()
+{
+    m_title->applyLook();
+    core::services().browserPane = this;
+    readThumbnailSettings();
 }
 
 void frmThumbnaillist::readThumbnailSettings()

@@ -30,10 +30,12 @@ class frmThumbnaillist : public QWidget, public core::BrowserPane {
 public:
     static constexpr int kButtons = 9;
 
-    // Loading reads size and colours of the thumbnails from the settings and makes this the pane of
-    // core::services(); unloading takes it away again.
     explicit frmThumbnaillist(QWidget* parent = nullptr);
     ~frmThumbnaillist() override;
+
+    // Comes once, before the pane is shown: takes look, size and colours of the thumbnails from the
+    // settings and makes this the pane of core::services(); unloading takes it away again.
+    void load();
 
     // The folder that the first PathChange goes to in place of the one in the settings. Set by
     // whoever finds that one unfit to start with.

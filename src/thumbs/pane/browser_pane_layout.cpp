@@ -88,7 +88,6 @@ void frmThumbnaillist::makeParts()
     m_title->setDragTarget(this);
     m_title->setCaption(tr("Browser"));
     m_title->closeBox()->hide();
-    m_title->applyLook();
     m_dir1 = new QWidget(this);
     m_dir1->setObjectName("Dir1");
     m_dir1->setAccessibleName(tr("Folders"));

@@ -30,6 +30,13 @@ TEST_F(PaneTest, NamesItsParts)
     }
 }
 
+TEST_F(PaneTest, IsNobodysPaneBeforeItLoads)
+{
+    const frmThumbnaillist pane(&m_form);
+    EXPECT_EQ(core::services().browserPane, nullptr);
+    EXPECT_TRUE(m_main.log.isEmpty());
+}
+
 TEST_F(PaneTest, ReadsTheStoredSizeAndColours)
 {
     m_config.values["BrowserSize"] = "60";

@@ -42,6 +42,7 @@ protected:
     void load()
     {
         m_pane = std::make_unique<frmThumbnaillist>(&m_form);
+        m_pane->load();
         QObject::connect(&list(), &ThumbNailList::ThumbPageStatus, &list(), [this] { ++m_runs; });
     }
 
