@@ -26,8 +26,10 @@ waitUntil() {
 startXServer() {
     local size=${1:-1280x800} number_file
     number_file=$(mktemp)
-    # The server picks a free number itself and writes it when it is ready.
-    Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+    # The server picks a free number itself and writes it when it is ready. A server that begins anew
+    # when its last client leaves throws out who is just coming.
+    Xvfb -displayfd 3 -screen 0 "${size}x24" -noreset -nolisten tcp 3>"$number_file" \
+        >/dev/null 2>&1 &
     virtual_display_pids+=($!)
     trap endVirtualDisplay EXIT
     waitUntil [ -s "$number_file" ] || {
@@ -43,11 +45,18 @@ hasWindowManager() {
     xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
 }
 
+waitForWindowManager() {
+    waitUntil hasWindowManager || {
+        echo "The window manager didn't start." >&2
+        return 1
+    }
+}
+
 startVirtualDisplay() {
     startXServer "$@"
     openbox >/dev/null 2>&1 &
     virtual_display_pids+=($!)
-    waitUntil hasWindowManager || true
+    waitForWindowManager
 }
 
 # The window manager decides on every size itself: a window has the whole screen but for a border and
@@ -57,7 +66,7 @@ startTilingDisplay() {
     printf '%s\n' '# i3 config file (v4)' 'font pango:DejaVu Sans 8' >"$XDG_RUNTIME_DIR/i3.conf"
     i3 -c "$XDG_RUNTIME_DIR/i3.conf" >/dev/null 2>&1 &
     virtual_display_pids+=($!)
-    waitUntil hasWindowManager || true
+    waitForWindowManager
 }
 
 # startWeston WxH [HOST [SCALE [PANEL]]]. The size is counted in units of SCALE pixels. HOST is headless

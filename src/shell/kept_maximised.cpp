@@ -11,8 +11,8 @@ namespace shell {
 
 namespace {
 
-constexpr int kSilence = 250; // milliseconds
-constexpr int kRepetitions = 3;
+// Each silence is twice as long as the one before, so that the last one takes half a minute.
+constexpr int kRepetitions = 7;
 
 bool isNormal(Qt::WindowStates states)
 {
@@ -21,13 +21,12 @@ bool isNormal(Qt::WindowStates states)
 
 } // namespace
 
-KeptMaximised::KeptMaximised(QWidget& window)
+KeptMaximised::KeptMaximised(QWidget& window, int firstSilence)
     : m_window(window)
-    , m_repetitions(0)
+    , m_firstSilence(firstSilence)
 {
     window.installEventFilter(this);
     m_silence.setSingleShot(true);
-    m_silence.setInterval(kSilence);
     connect(&m_silence, &QTimer::timeout, this, &KeptMaximised::askAfterSilence);
 }
 
@@ -40,8 +39,8 @@ void KeptMaximised::keep()
     const auto done = qScopeGuard([this] { m_asking = false; });
     m_asked = true;
     m_asked = !platform::desktop().maximise(m_window);
-    if (m_asked) {
-        m_silence.start();
+    if (m_asked && m_repetitions > 0) {
+        m_silence.start(m_firstSilence << (kRepetitions - m_repetitions));
     }
 }
 
@@ -85,12 +84,14 @@ void KeptMaximised::told()
 }
 
 // An X server tells how a window stands, not how it stood: who presses the restore button fast
-// enough takes back what the desktop has just given before the window heard of it. Then nobody says
-// anything any more, and the window seems maximised though it isn't.
+// enough takes back what the desktop has just given before the window heard of it. Then the window
+// seems maximised though it isn't, or seems to be refused. A busy server may take its time over each
+// press, so the silences grow.
 void KeptMaximised::askAfterSilence()
 {
-    if (m_asked && m_window.isMaximized() && m_repetitions > 0) {
+    if (m_asked) {
         --m_repetitions;
+        m_asked = false;
         m_window.setWindowState(m_window.windowState() & ~Qt::WindowMaximized);
         keep();
     }

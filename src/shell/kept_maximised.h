@@ -12,7 +12,9 @@ namespace shell {
 // about again there would be no end of it.
 class KeptMaximised : public QObject {
 public:
-    explicit KeptMaximised(QWidget& window); // which outlives it
+    // The window outlives it. The first silence, in milliseconds, after which a desktop is asked
+    // again that has said nothing.
+    explicit KeptMaximised(QWidget& window, int firstSilence = 250);
 
     // Asks where the window is normal and hasn't been refused. Without a window manager it is
     // maximised on return.
@@ -25,11 +27,12 @@ private:
     void askAfterSilence();
 
     QWidget& m_window;
+    const int m_firstSilence;
     QTimer m_silence;
     bool m_asking = false;
     bool m_asked = false; // and the window hasn't been in another state than normal since
     bool m_askSoon = false;
-    int m_repetitions; // left for a desktop that stays silent
+    int m_repetitions = 0; // left for a desktop that stays silent
 };
 
 } // namespace shell

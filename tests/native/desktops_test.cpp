@@ -35,26 +35,6 @@ protected:
         return waitUntil([&form] { return form.width() * 10 > form.screen()->size().width() * 9; });
     }
 
-    static QImage tilesOnScreen(const Form1& form)
-    {
-        return screen().copy(onScreen(tileArea(form)));
-    }
-
-    // The tiles are there and change no more: a run, or the desktop's last word on the size, may
-    // still be under way when the first of them appear.
-    static bool tilesSettle(const Form1& form)
-    {
-        constexpr int kEqualLooks = 20;
-        QImage before;
-        int equal = 0;
-        return tilesAppear(form) && waitUntil([&] {
-                   const QImage now = tilesOnScreen(form);
-                   equal = now == before ? equal + 1 : 0;
-                   before = now;
-                   return equal == kEqualLooks;
-               });
-    }
-
     // Both edges of a part lie on the screen, and it is what is seen there.
     static bool isWhole(const QImage& shot, const QWidget& part, const QColor& colour)
     {
@@ -88,11 +68,11 @@ TEST_F(Desktops, GetTheTilesAtOnceThatARefreshMakes)
         ASSERT_TRUE(takesTheScreen(form));
         ASSERT_TRUE(tilesSettle(form));
         const QImage made = tileArea(form).grab().toImage();
-        const QImage first = tilesOnScreen(form);
+        const QImage first = screen().copy(onScreen(tileArea(form)));
         dynamic_cast<QAbstractButton&>(part(form, "Tbmenub_8")).click();
         ASSERT_TRUE(tilesSettle(form));
         EXPECT_EQ(made, tileArea(form).grab().toImage());
-        EXPECT_EQ(first, tilesOnScreen(form));
+        EXPECT_EQ(first, screen().copy(onScreen(tileArea(form))));
     });
 }
 

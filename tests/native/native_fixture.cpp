@@ -145,6 +145,19 @@ bool NativeTest::tilesAppear(const Form1& form)
     });
 }
 
+bool NativeTest::tilesSettle(const Form1& form)
+{
+    constexpr int kEqualLooks = 20;
+    QImage before;
+    int equal = 0;
+    return tilesAppear(form) && smoke::waitUntil([&] {
+               const QImage now = smoke::screen().copy(onScreen(tileArea(form)));
+               equal = now == before ? equal + 1 : 0;
+               before = now;
+               return equal == kEqualLooks;
+           });
+}
+
 QWidget& NativeTest::pictureArea(const Form1& form)
 {
     return part(form, "cpvPicScroll1");

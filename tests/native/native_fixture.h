@@ -37,6 +37,9 @@ protected:
     // The middle of what has a colour on the screen within a part, as a place of that part.
     static QPoint placeOf(const QWidget& part, QColor colour);
     static bool tilesAppear(const Form1& form);
+    // The tiles are there and change no more: a run, or the desktop's last word on the size, may
+    // still be under way when the first of them appear.
+    static bool tilesSettle(const Form1& form);
 
     static QWidget& pictureArea(const Form1& form); // the viewer
     static QWidget& tileArea(const Form1& form);

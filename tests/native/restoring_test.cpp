@@ -67,6 +67,7 @@ protected:
 TEST_F(Restoring, EndsInTheWindowAsItWas)
 {
     run([](Form1& form) {
+        ASSERT_TRUE(tilesSettle(form));
         const QRect place = onScreen(form);
         const QImage before = lowerPart(form);
         Changes changes(form);
@@ -83,6 +84,7 @@ TEST_F(Restoring, EndsInTheWindowAsItWas)
 TEST_F(Restoring, EndsInTheWindowAsItWasHoweverFast)
 {
     run([](Form1& form) {
+        ASSERT_TRUE(tilesSettle(form));
         const QRect place = onScreen(form);
         const QImage before = lowerPart(form);
         pressRestore(form, kPresses, 20);

@@ -1,8 +1,10 @@
+#include "shell/kept_maximised.h"
 #include "shell/running_program.h"
 
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <QWindowStateChangeEvent>
 #include <gtest/gtest.h>
 
@@ -47,6 +49,36 @@ public:
             qApp->notify(&window, &event); // which keeps the mark
         }
     }
+};
+
+// A desktop whose first answers get lost: the window seems maximised and isn't.
+class SilentDesktop : public platform::FakeDesktop {
+public:
+    explicit SilentDesktop(int lost)
+        : m_lost(lost)
+    {
+    }
+
+    int asked = 0;
+    bool answered = false;
+
+    bool maximise(QWidget& window) override
+    {
+        ++asked;
+        window.overrideWindowState(Qt::WindowMaximized);
+        if (asked > m_lost) {
+            QTimer::singleShot(0, window.windowHandle(), [this, handle = window.windowHandle()] {
+                answered = true;
+                handle->setWindowStates(Qt::WindowMaximized);
+                QWindowStateChangeEvent event(Qt::WindowNoState);
+                QApplication::sendEvent(handle, &event);
+            });
+        }
+        return false;
+    }
+
+private:
+    const int m_lost;
 };
 
 class MaximisingTest : public testing::Test {
@@ -104,4 +136,24 @@ TEST_F(MaximisingTest, AsksOnceMoreForTheNextChangeToNormal)
             EXPECT_EQ(desktop.asked, 2 + change);
         }
     });
+}
+
+TEST(KeptMaximised, AsksADesktopAgainThatStaysSilent)
+{
+    constexpr int kLost = 6;
+    SilentDesktop desktop(0);
+    const platform::ScopedDesktop scoped(desktop);
+    QWidget window;
+    shell::KeptMaximised kept(window, 1);
+    window.show();
+    kept.keep();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&window] { return window.windowHandle()->windowStates() == Qt::WindowMaximized; }));
+    ASSERT_EQ(desktop.asked, 1);
+
+    SilentDesktop silent(kLost);
+    const platform::ScopedDesktop takenBack(silent);
+    LateDesktop::tell(window, Qt::WindowNoState);
+    EXPECT_TRUE(QTest::qWaitFor([&silent] { return silent.answered; }));
+    EXPECT_EQ(silent.asked, 1 + kLost);
 }
