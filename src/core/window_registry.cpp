@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QWidget>
 #include <utility>
@@ -109,10 +110,29 @@ void WindowRegistry::unload(Window window)
     if (loaded == nullptr) {
         return;
     }
-    loaded->close();
-    // A window that refused or doesn't listen to its close event still has to go.
-    if (loaded != nullptr && find(window) == loaded) {
-        forget(loaded);
+    {
+        const QScopedValueRollback unloading(m_unloading, true);
+        loaded->close();
+        // A window that refused or doesn't listen to its close event still has to go.
+        if (loaded != nullptr && find(window) == loaded) {
+            forget(loaded);
+        }
+    }
+    deleteLaterForgotten();
+}
+
+// Whoever unloads may be one of the window's own handlers and may let events run afterwards. What
+// is to be deleted later is spared by those only if it was said at the handler's level, which that
+// of a close event is above.
+void WindowRegistry::deleteLaterForgotten()
+{
+    if (m_unloading || platform::isClosing()) {
+        return;
+    }
+    for (const QPointer<QWidget>& window : std::exchange(m_forgotten, {})) {
+        if (window != nullptr) {
+            window->deleteLater();
+        }
     }
 }
 
@@ -143,7 +163,7 @@ void WindowRegistry::forget(QWidget* window)
         if (m_watcher) {
             m_watcher(which);
         }
-        if (platform::isClosing()) {
+        if (m_unloading || platform::isClosing()) {
             m_forgotten.emplace_back(window);
         } else {
             window->deleteLater();

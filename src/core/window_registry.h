@@ -15,9 +15,9 @@ namespace core {
 
 enum class ShowMode { Modeless, Modal };
 
-// The single instances of all windows. A window is made by its factory when it is first asked for and
-// forgotten when it unloads. Windows without a factory are no error: showing them does nothing, so
-// that a command may stand before its window does.
+// The single instances of all windows. A window is made by its factory when it is first asked for
+// and forgotten when it unloads. Windows without a factory are no error: showing them does nothing,
+// so that a command may stand before its window does.
 class WindowRegistry : public QObject {
 public:
     // The factory makes the window hidden; the registry owns it until it unloads it.
@@ -39,6 +39,8 @@ public:
     void hide(Window window);
 
     // Hides the window, lets it run its unload (its close event), forgets it and deletes it later.
+    // One that unloads itself in a handler is there until the handler returns, even where that lets
+    // events run.
     void unload(Window window);
     void unload(std::span<const Window> inOrder);
     void unloadAll(); // in the order of their names
@@ -55,10 +57,12 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void deleteLaterForgotten();
 
     std::map<Window, Factory> m_factories;
     std::map<Window, QPointer<QWidget>> m_windows;
     std::vector<QPointer<QWidget>> m_forgotten;
+    bool m_unloading = false;
     std::function<void(Window)> m_watcher;
 };
 

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
@@ -165,9 +166,14 @@ TEST_F(WindowRegistryTest, AWindowMayUnloadItselfInItsOwnHandler)
     bool aliveInHandler = false;
     QObject::connect(button, &QPushButton::clicked, button, [&] {
         m_registry.unload(kTool);
+        QCoreApplication::processEvents();
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, &QEventLoop::quit);
+        loop.exec();
         aliveInHandler = m_window != nullptr;
     });
-    button->click();
+    QTimer::singleShot(0, button, &QPushButton::click);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(aliveInHandler);
     deletePosted();
     EXPECT_EQ(m_window, nullptr);
