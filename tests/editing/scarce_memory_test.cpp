@@ -1,30 +1,27 @@
 // Edits of a large picture while the system has no memory for some of what they need.
 
-#include "editing/scarce_memory.h"
-
 #include "core/working_files.h"
 #include "editing/clipboard_commands.h"
 #include "editing/edit_fixture.h"
 #include "editing/edit_steps.h"
 #include "editing/image_commands.h"
 #include "platform/desktop/clipboard.h"
-#include "platform/pictures/gif_export.h"
 #include "platform/pictures/large_image.h"
 #include "platform/pictures/transforms.h"
+#include "support/scarce_memory.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
 #include <array>
 
-using test::ScarceMemory;
+using support::ScarceMemory;
 
 namespace {
 
 constexpr int kWidth = 1400;
 constexpr int kHeight = 1100;
 
-// Of more colours than a table holds.
 QImage large()
 {
     return test::imageOf(kWidth, kHeight,
@@ -151,28 +148,5 @@ TEST_F(ScarceMemoryTest, CutsNothingThatTheClipboardDidNotTake)
         EXPECT_TRUE(shown() == flat || (taken && taken->flattened() == flat));
         EXPECT_TRUE(refused || shown().isNull());
         EXPECT_TRUE(refused || given > 0);
-    }
-}
-
-TEST_F(ScarceMemoryTest, MakesAWholeGifOrNone)
-{
-    const QString path = tree.path("app/out.gif");
-    const platform::Picture picture(large());
-    for (int given = 0;; ++given) {
-        SCOPED_TRACE(given);
-        tree.remove("app/out.gif");
-        bool saved = false;
-        bool refused = false;
-        {
-            const ScarceMemory scarce(given, ScarceMemory::Refusal::FromThenOn);
-            saved = platform::writeGif(picture, path);
-            refused = ScarceMemory::hasRefused();
-        }
-        EXPECT_EQ(saved, exists("out.gif"));
-        if (!refused) {
-            EXPECT_TRUE(saved);
-            EXPECT_GT(given, 2);
-            break;
-        }
     }
 }

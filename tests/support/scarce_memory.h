@@ -1,6 +1,6 @@
 #pragma once
 
-namespace test {
+namespace support {
 
 // While one of these lives, the system refuses memory in large pieces: the first ones are given,
 // and from then on none, or only one of them is not.
@@ -18,4 +18,4 @@ public:
     [[nodiscard]] static bool hasRefused();
 };
 
-} // namespace test
+} // namespace support

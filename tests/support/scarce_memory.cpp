@@ -1,6 +1,6 @@
-// Stands before the C library's functions for memory, in this test program alone.
+// Stands before the C library's functions for memory, in the test programs that link this alone.
 
-#include "editing/scarce_memory.h"
+#include "support/scarce_memory.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -60,7 +60,7 @@ void* aligned_alloc(std::size_t alignment, std::size_t bytes)
 }
 }
 
-namespace test {
+namespace support {
 
 ScarceMemory::ScarceMemory(int piecesGiven, Refusal refusal)
 {
@@ -77,4 +77,4 @@ bool ScarceMemory::hasRefused()
     return g_state.hasRefused;
 }
 
-} // namespace test
+} // namespace support
