@@ -48,17 +48,17 @@ void frmSaveJPGc::buildControls()
 {
     m_slider = new QSlider(Qt::Horizontal);
     m_slider->setObjectName(QStringLiteral("Slider1"));
-    m_slider->setAccessibleName(tr("Quality"));
+    m_slider->setAccessibleName("Quality");
     m_slider->setRange(0, kSliderMaximum);
     m_slider->setPageStep(kLargeChange);
     m_slider->setSingleStep(1);
     m_qualitys = new QLineEdit;
     m_qualitys->setObjectName(QStringLiteral("Qualitys"));
-    m_qualitys->setAccessibleName(tr("Quality as a number"));
+    m_qualitys->setAccessibleName("Quality as a number");
     m_qualitys->setFixedWidth(kQualityWidth);
     m_outputPath = new QLineEdit;
     m_outputPath->setObjectName(QStringLiteral("OutputPath"));
-    m_outputPath->setAccessibleName(tr("Output file name"));
+    m_outputPath->setAccessibleName("Output file name");
     m_outputPath->setMinimumWidth(kPathWidth);
     m_ok = new QPushButton(QStringLiteral("&Ok"));
     m_ok->setObjectName(QStringLiteral("Command1_0"));

@@ -90,26 +90,26 @@ void Form4::buildControls()
 {
     m_original = new QLabel;
     m_original->setObjectName(QStringLiteral("lblOriginal"));
-    m_original->setAccessibleName(tr("Size of the picture"));
+    m_original->setAccessibleName("Size of the picture");
     m_width = new widgets::FocusField;
     m_width->setObjectName(QStringLiteral("txtWidth"));
     m_height = new widgets::FocusField;
     m_height->setObjectName(QStringLiteral("txtHeight"));
-    auto* widthLabel = new QLabel(tr("&Width:"));
+    auto* widthLabel = new QLabel("&Width:");
     widthLabel->setObjectName(QStringLiteral("lblWidth"));
     widthLabel->setBuddy(m_width);
-    auto* heightLabel = new QLabel(tr("&Height:"));
+    auto* heightLabel = new QLabel("&Height:");
     heightLabel->setObjectName(QStringLiteral("lblHeight"));
     heightLabel->setBuddy(m_height);
-    m_keepProportions = new QCheckBox(tr("&Keep proportions"));
+    m_keepProportions = new QCheckBox("&Keep proportions");
     m_keepProportions->setObjectName(QStringLiteral("chkKeepProportions"));
-    m_ok = new QPushButton(tr("&Ok"));
+    m_ok = new QPushButton("&Ok");
     m_ok->setObjectName(QStringLiteral("cmdOk"));
-    m_cancel = new QPushButton(tr("&Cancel"));
+    m_cancel = new QPushButton("&Cancel");
     m_cancel->setObjectName(QStringLiteral("cmdCancel"));
 
     auto* grid = new QGridLayout;
-    grid->addWidget(new QLabel(tr("Original size:")), 0, 0);
+    grid->addWidget(new QLabel("Original size:"), 0, 0);
     grid->addWidget(m_original, 0, 1);
     grid->addWidget(widthLabel, 1, 0);
     grid->addWidget(m_width, 1, 1);

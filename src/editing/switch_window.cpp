@@ -68,13 +68,13 @@ void FrmSwitch::buildControls()
 {
     m_drives = new QComboBox;
     m_drives->setObjectName(QStringLiteral("Drive1"));
-    m_drives->setAccessibleName(tr("Drive"));
-    widgets::nameDropDown(*m_drives, tr("Drives"));
-    m_folders = makeList("Dir1", tr("Folders"));
-    m_files = makeList("Filelist", tr("Files"));
-    m_path = makeField("Text1", tr("Path of the program"));
-    m_name = makeField("SwitchName", tr("Name in the menu"));
-    m_add = new QPushButton(tr("&Add"));
+    m_drives->setAccessibleName("Drive");
+    widgets::nameDropDown(*m_drives, "Drives");
+    m_folders = makeList("Dir1", "Folders");
+    m_files = makeList("Filelist", "Files");
+    m_path = makeField("Text1", "Path of the program");
+    m_name = makeField("SwitchName", "Name in the menu");
+    m_add = new QPushButton("&Add");
     m_add->setObjectName(QStringLiteral("Command1"));
 
     auto* lists = new QHBoxLayout;
@@ -84,8 +84,8 @@ void FrmSwitch::buildControls()
     lists->addLayout(places);
     lists->addWidget(m_files, 1);
     auto* fields = new QFormLayout;
-    fields->addRow(tr("Program:"), m_path);
-    fields->addRow(tr("Name:"), m_name);
+    fields->addRow("Program:", m_path);
+    fields->addRow("Name:", m_name);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_add);

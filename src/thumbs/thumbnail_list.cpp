@@ -43,15 +43,15 @@ void ThumbNailList::makeParts()
 {
     m_viewport = new thumbs::PageViewport(m_sheet, this);
     m_viewport->setObjectName("ThumbOuterFrame");
-    m_viewport->setAccessibleName(tr("Thumbnails"));
+    m_viewport->setAccessibleName("Thumbnails");
     m_infoBar = new thumbs::InfoBar(this);
     m_infoBar->setObjectName("LbInfo");
     m_strip = new widgets::ProgressStrip(this);
     m_strip->setObjectName("Gradient");
-    m_strip->setAccessibleName(tr("Progress"));
+    m_strip->setAccessibleName("Progress");
     m_scroll = new QScrollBar(Qt::Vertical, this);
     m_scroll->setObjectName("V_Scroll");
-    m_scroll->setAccessibleName(tr("Thumbnail pages"));
+    m_scroll->setAccessibleName("Thumbnail pages");
     m_scroll->setRange(0, 0);
     m_scroll->hide();
     connect(m_scroll, &QScrollBar::valueChanged, this,

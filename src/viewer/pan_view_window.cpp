@@ -54,7 +54,7 @@ frmPanView::frmPanView(QWidget* host)
     , m_clipRct(new ClipFrame(this))
 {
     setObjectName("frmPanView");
-    setAccessibleName(tr("Overview of the picture"));
+    setAccessibleName("Overview of the picture");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     new widgets::FocusRing(*this);

@@ -24,7 +24,7 @@ cpvPicViewer::cpvPicViewer(QWidget* parent)
     : QWidget(parent)
 {
     setObjectName("cpvPicViewer");
-    setAccessibleName(tr("Picture"));
+    setAccessibleName("Picture");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     makeParts();
@@ -47,10 +47,10 @@ void cpvPicViewer::makeParts()
     m_corner->setAutoFillBackground(true);
     m_hSB.widget = new QScrollBar(Qt::Horizontal, this);
     m_hSB.widget->setObjectName("hSB");
-    m_hSB.widget->setAccessibleName(tr("Scroll sideways"));
+    m_hSB.widget->setAccessibleName("Scroll sideways");
     m_vSB.widget = new QScrollBar(Qt::Vertical, this);
     m_vSB.widget->setObjectName("vSB");
-    m_vSB.widget->setAccessibleName(tr("Scroll up and down"));
+    m_vSB.widget->setAccessibleName("Scroll up and down");
     for (Bar* bar : {&m_hSB, &m_vSB}) {
         bar->widget->setFocusPolicy(Qt::NoFocus);
         bar->widget->setContextMenuPolicy(Qt::PreventContextMenu);

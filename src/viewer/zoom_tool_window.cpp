@@ -42,7 +42,7 @@ int heightWithKnob(const QSlider& slider)
 } // namespace
 
 fastZoom::fastZoom()
-    : StripWindow(tr("Zoom"), Qt::Widget)
+    : StripWindow("Zoom", Qt::Widget)
 {
     setObjectName(core::windowName(core::Window::fastZoom));
     makeParts();
@@ -61,7 +61,7 @@ void fastZoom::makeParts()
     lblZoom2->setMinimumWidth(fontMetrics().horizontalAdvance("00000%"));
     scrZoom2 = new QSlider(Qt::Horizontal, this);
     scrZoom2->setObjectName("scrZoom2");
-    scrZoom2->setAccessibleName(tr("Zoom factor"));
+    scrZoom2->setAccessibleName("Zoom factor");
     scrZoom2->setRange(1, kLargestZoom);
     scrZoom2->setPageStep(1);
     scrZoom2->setTickPosition(QSlider::TicksBelow);

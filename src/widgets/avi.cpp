@@ -20,7 +20,7 @@ AviWindow::AviWindow(QWidget* parent)
 {
     setObjectName("Avi");
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setAccessibleName(tr("Animation"));
+    setAccessibleName("Animation");
     connect(&m_timer, &QTimer::timeout, this, &AviWindow::showNextFrame);
 }
 

@@ -42,7 +42,7 @@ AASelectColor::AASelectColor(QWidget* parent)
     , m_picColor(new ColourField(this))
 {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName(tr("Colour"));
+    setAccessibleName("Colour");
     connect(this, &QAbstractButton::clicked, this, &AASelectColor::chooseColour);
 }
 

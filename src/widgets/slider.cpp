@@ -57,7 +57,7 @@ cpvSlider::cpvSlider(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     // First, because naming the widget makes its interface for screen readers, and that stays.
     widgets::installSliderAccessibility();
-    setAccessibleName(tr("Slider"));
+    setAccessibleName("Slider");
     m_knob->dress({}, m_scale.axis);
     placeKnob();
 }

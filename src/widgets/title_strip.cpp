@@ -20,6 +20,7 @@ constexpr int kStripHeight = 28;
 constexpr int kCloseBoxSize = 22;
 constexpr int kMargin = 8;
 constexpr base::Colour kFirstBackground = base::rgb(0x2F, 0x4A, 0x6D);
+constexpr const char* kNameWithoutCaption = "Title bar";
 
 // A cross in the ink of the caption, which stands out while the pointer is over it.
 class CloseBox : public QAbstractButton {
@@ -30,8 +31,8 @@ public:
     {
         setFocusPolicy(Qt::TabFocus);
         setAttribute(Qt::WA_Hover);
-        setAccessibleName(tr("Close"));
-        setToolTip(tr("Close"));
+        setAccessibleName("Close");
+        setToolTip(accessibleName());
         setCursor(Qt::ArrowCursor);
         resize(kCloseBoxSize, kCloseBoxSize);
     }
@@ -81,7 +82,7 @@ TitleStrip::TitleStrip(QWidget* parent, const QString& closeBoxName)
     , m_background(toQColor(kFirstBackground))
 {
     setObjectName("Picture2");
-    setAccessibleName(tr("Title bar"));
+    setAccessibleName(kNameWithoutCaption);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_closeBox = new CloseBox(this);
@@ -115,7 +116,7 @@ void TitleStrip::setCaption(const QString& caption)
         return;
     }
     m_caption = caption;
-    setAccessibleName(caption.isEmpty() ? tr("Title bar") : caption);
+    setAccessibleName(caption.isEmpty() ? kNameWithoutCaption : caption);
     update();
 }
 

@@ -54,7 +54,7 @@ frmThumbnaillist::frmThumbnaillist(QWidget* parent)
     : QWidget(parent)
 {
     setObjectName(core::windowName(core::Window::frmThumbnaillist));
-    setAccessibleName(tr("Browser"));
+    setAccessibleName("Browser");
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_touch = std::make_unique<widgets::FirstTouch>(*this);
     m_files.setPattern(core::kPicturePattern);

@@ -42,15 +42,15 @@ struct ButtonRow {
 };
 
 constexpr std::array<ButtonRow, frmThumbnaillist::kButtons> kButtonRows{{
-    {"up", QT_TRANSLATE_NOOP("frmThumbnaillist", "Parent folder")},
-    {"tools", QT_TRANSLATE_NOOP("frmThumbnaillist", "Folder tools")},
-    {"properties", QT_TRANSLATE_NOOP("frmThumbnaillist", "Properties")},
-    {"rename", QT_TRANSLATE_NOOP("frmThumbnaillist", "Rename")},
-    {"delete", QT_TRANSLATE_NOOP("frmThumbnaillist", "Delete")},
-    {"copy", QT_TRANSLATE_NOOP("frmThumbnaillist", "Copy to")},
-    {"move", QT_TRANSLATE_NOOP("frmThumbnaillist", "Move to")},
-    {"addfavourite", QT_TRANSLATE_NOOP("frmThumbnaillist", "Add to favourites")},
-    {"refresh", QT_TRANSLATE_NOOP("frmThumbnaillist", "Refresh")},
+    {"up", "Parent folder"},
+    {"tools", "Folder tools"},
+    {"properties", "Properties"},
+    {"rename", "Rename"},
+    {"delete", "Delete"},
+    {"copy", "Copy to"},
+    {"move", "Move to"},
+    {"addfavourite", "Add to favourites"},
+    {"refresh", "Refresh"},
 }};
 
 QRect onScreen(const thumbs::PaneBox& box)
@@ -86,27 +86,27 @@ void frmThumbnaillist::makeParts()
 {
     m_title = new widgets::TitleStrip(this);
     m_title->setDragTarget(this);
-    m_title->setCaption(tr("Browser"));
+    m_title->setCaption("Browser");
     m_title->closeBox()->hide();
     m_dir1 = new QWidget(this);
     m_dir1->setObjectName("Dir1");
-    m_dir1->setAccessibleName(tr("Folders"));
+    m_dir1->setAccessibleName("Folders");
     m_dir1->installEventFilter(this);
     paintIn(*m_dir1, kPaneColour);
     m_splitter = new thumbs::PaneSplitter(this);
     m_splitter->setObjectName("Splitter");
-    m_splitter->setAccessibleName(tr("Height of the folder tree"));
+    m_splitter->setAccessibleName("Height of the folder tree");
     m_splitter->move(0, pixelsFromTwips(thumbs::kSplitterMaximumTop));
     connect(m_splitter, &thumbs::PaneSplitter::dropped, this, &frmThumbnaillist::ThumResize);
     m_tbmiddle = new QWidget(this);
     m_tbmiddle->setObjectName("Tbmiddle");
-    m_tbmiddle->setAccessibleName(tr("Folder buttons"));
+    m_tbmiddle->setAccessibleName("Folder buttons");
     m_tbmiddle->installEventFilter(this);
     paintIn(*m_tbmiddle, kPaneColour);
     makeButtons();
     m_list = new ThumbNailList(this);
     m_list->setObjectName("ThumbNailList1");
-    m_list->setAccessibleName(tr("Thumbnails"));
+    m_list->setAccessibleName("Thumbnails");
     // By Tab only: a click on a tile gives the keys to the picture.
     m_list->setFocusPolicy(Qt::TabFocus);
     m_list->installEventFilter(this);
@@ -115,7 +115,7 @@ void frmThumbnaillist::makeParts()
     connect(m_list, &ThumbNailList::ThumbDblClick, this, &frmThumbnaillist::openTilesFile);
     m_grip = new thumbs::PaneGrip(this);
     m_grip->setObjectName("p1");
-    m_grip->setAccessibleName(tr("Width of the browser"));
+    m_grip->setAccessibleName("Width of the browser");
     connect(m_grip, &thumbs::PaneGrip::widthWanted, this, &frmThumbnaillist::changeWidth);
 }
 
@@ -133,8 +133,8 @@ void frmThumbnaillist::makeButtons()
         button->setShowFocusRect(false); // it would run through the picture
         const QString picture = QStringLiteral("Images/toolbar/%1.png").arg(row.picture);
         button->setPictureNormal(widgets::ScaledPicture::fromFile(platform::appFile(picture)));
-        button->setToolTip(tr(row.text));
-        button->setAccessibleName(tr(row.text));
+        button->setToolTip(row.text);
+        button->setAccessibleName(row.text);
         button->setFocusPolicy(Qt::TabFocus);
         widgets::pressOnReturn(*button);
         new widgets::FocusRing(*button); // a child of the button
