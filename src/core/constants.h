@@ -16,9 +16,6 @@ inline const QString kPicturePattern = QStringLiteral(
     "*.lbm;*.bbm;*.iff;*.pcx;*.tif;*.TGA;*.psd;*.bmp;*.avi;*.did;*.rlf;*.emf;*.gif;*.icl;*.ico;"
     "*.cur;*.ani;*.jpg;*.jpeg;*.jif;*.mp3;*.mpeg;*.asf;*.vcd;*.dvd;*.htm;*.html;*.hta;*.wmf;*.swf");
 
-// What a command says that needs a picture and finds none.
-inline const QString kNoPictureText = QStringLiteral("No picture to process.");
-
 // Panels of the status bar that are written; the number is the panel's place, from 1.
 enum class Panel { FileName = 1, Message = 2, Zoom = 3, Width = 6, Height = 7, FileSize = 8 };
 

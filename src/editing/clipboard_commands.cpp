@@ -1,9 +1,9 @@
 #include "editing/clipboard_commands.h"
 
 #include "core/interfaces.h"
+#include "core/picture_required.h"
 #include "core/state.h"
 #include "core/working_files.h"
-#include "editing/picture_test.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
@@ -21,14 +21,14 @@ bool putOnClipboard(core::MainWindow& form)
 
 void copyPicture(core::MainWindow& form)
 {
-    if (hasPicture(form)) {
+    if (core::requirePicture(form.viewer())) {
         static_cast<void>(putOnClipboard(form));
     }
 }
 
 void cutPicture(core::MainWindow& form)
 {
-    if (hasPicture(form) && putOnClipboard(form)) {
+    if (core::requirePicture(form.viewer()) && putOnClipboard(form)) {
         form.viewer().Clear();
     }
 }

@@ -1,8 +1,8 @@
 #include "editing/edit_steps.h"
 
 #include "core/interfaces.h"
+#include "core/picture_required.h"
 #include "core/working_files.h"
-#include "editing/picture_test.h"
 #include "platform/os/files.h"
 #include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
@@ -28,7 +28,7 @@ void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& 
 
 void undo(core::MainWindow& form)
 {
-    if (!hasPicture(form)) {
+    if (!core::requirePicture(form.viewer())) {
         return;
     }
     if (const auto picture =

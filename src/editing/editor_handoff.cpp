@@ -2,10 +2,10 @@
 
 #include "core/config_store.h"
 #include "core/interfaces.h"
+#include "core/picture_required.h"
 #include "core/services.h"
 #include "core/working_files.h"
 #include "editing/edit_steps.h"
-#include "editing/picture_test.h"
 #include "files/text_list.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/pointer.h"
@@ -45,7 +45,7 @@ void runFilter(core::MainWindow& form, FilterMenu menu, int index)
 
 void startSeparateEditor(core::MainWindow& form)
 {
-    if (!hasPicture(form)) {
+    if (!core::requirePicture(form.viewer())) {
         return;
     }
     const platform::PointerGuard hourglass;
@@ -58,7 +58,7 @@ void startSeparateEditor(core::MainWindow& form)
 void startListedEditor(core::MainWindow& form, int place)
 {
     const core::ConfigStore* config = core::services().config;
-    if (!hasPicture(form) || config == nullptr) {
+    if (!core::requirePicture(form.viewer()) || config == nullptr) {
         return;
     }
     const platform::PointerGuard hourglass;

@@ -1,10 +1,10 @@
 #include "editing/image_commands.h"
 
 #include "core/interfaces.h"
+#include "core/picture_required.h"
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "editing/edit_steps.h"
-#include "editing/picture_test.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
@@ -103,7 +103,7 @@ constexpr std::array kImageEntries{ImageEntry{2, flipVertical}, ImageEntry{3, fl
 
 void optImage(core::MainWindow& form, int index)
 {
-    if (!hasPicture(form)) {
+    if (!core::requirePicture(form.viewer())) {
         return;
     }
     const platform::PointerGuard hourglass;

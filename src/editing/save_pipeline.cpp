@@ -1,11 +1,11 @@
 #include "editing/save_pipeline.h"
 
 #include "core/interfaces.h"
+#include "core/picture_required.h"
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "core/working_files.h"
 #include "editing/jpeg_window.h"
-#include "editing/picture_test.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/files.h"
@@ -88,7 +88,7 @@ bool isReadyForDialog(const platform::Picture& picture)
 
 void save(core::MainWindow& form, SaveSource source)
 {
-    if (!hasPicture(form)) {
+    if (!core::requirePicture(form.viewer())) {
         return;
     }
     platform::PictureBox& box = form.Image1();

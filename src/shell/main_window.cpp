@@ -2,12 +2,12 @@
 
 #include "base/twips.h"
 #include "core/config_store.h"
+#include "core/picture_required.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "files/text_list.h"
 #include "platform/desktop/desktop.h"
-#include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
@@ -173,7 +173,7 @@ void Form1::connectColourMenu()
     });
     connect(menu, &QMenu::aboutToHide, this, [this] {
         if (!m_viewer->PictureExists()) {
-            QTimer::singleShot(0, this, [this] { reportNoPicture(); });
+            QTimer::singleShot(0, this, &core::reportNoPicture);
         }
     });
 }
@@ -184,9 +184,8 @@ void Form1::runCommand(shell::Need need, shell::Handler handler, int index)
         return;
     }
     platform::setPointer(platform::Pointer::HourGlass);
-    if (need == shell::Need::Picture && !m_viewer->PictureExists()) {
-        reportNoPicture();
-    } else if (handler != nullptr) {
+    const bool canRun = need == shell::Need::Nothing || core::requirePicture(viewer());
+    if (canRun && handler != nullptr) {
         handler(*this, index);
     }
     if (!m_unloaded) {
@@ -201,12 +200,6 @@ QWidget* Form1::showWindow(core::Window window, bool modal)
         return nullptr;
     }
     return core::windows().show(window, modal ? core::ShowMode::Modal : core::ShowMode::Modeless);
-}
-
-void Form1::reportNoPicture()
-{
-    platform::dialogs().showMessage(core::kNoPictureText, core::kProgramName,
-                                    platform::BoxIcon::Information);
 }
 
 void Form1::addRecentPath(const QString& path)

@@ -121,8 +121,6 @@ public:
     void runCommand(shell::Need need, shell::Handler handler, int index);
     // Opens a window of another folder; the hourglass ends before a modal one shows.
     QWidget* showWindow(core::Window window, bool modal);
-    // The box that tells that there is no picture.
-    void reportNoPicture();
 
     // Controls
     [[nodiscard]] QString Xiala() const override;

@@ -1,7 +1,7 @@
+#include "core/picture_required.h"
 #include "core/services.h"
 #include "core/window_registry.h"
 #include "files/file_commands.h"
-#include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/paths.h"
 #include "thumbs/miniature.h"
@@ -14,12 +14,6 @@ using Pane = frmThumbnaillist;
 
 constexpr int kToolsMenuLeft = 55; // twips
 constexpr int kToolsMenuRise = 5;  // twips
-
-bool hasPicture()
-{
-    core::MainWindow* window = core::services().mainWindow;
-    return window != nullptr && window->viewer().PictureExists();
-}
 
 QString currentPath()
 {
@@ -47,12 +41,12 @@ void frmThumbnaillist::pressButton(int index)
         {&Pane::refresh, false},
     }};
     const Action& action = kActions.at(static_cast<std::size_t>(index));
-    if (action.needsPicture && !hasPicture()) {
-        platform::dialogs().showMessage(core::kNoPictureText, core::kProgramName,
-                                        platform::BoxIcon::Information);
-        return;
+    core::MainWindow* window = core::services().mainWindow;
+    const bool canRun =
+        !action.needsPicture || (window != nullptr && core::requirePicture(window->viewer()));
+    if (canRun) {
+        (this->*action.run)();
     }
-    (this->*action.run)();
 }
 
 void frmThumbnaillist::goToParent()
