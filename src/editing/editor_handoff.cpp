@@ -1,9 +1,8 @@
 #include "editing/editor_handoff.h"
 
-#include "core/config_store.h"
 #include "core/interfaces.h"
 #include "core/picture_required.h"
-#include "core/services.h"
+#include "core/settings.h"
 #include "core/working_files.h"
 #include "editing/edit_steps.h"
 #include "files/text_list.h"
@@ -17,7 +16,6 @@ namespace editing {
 namespace {
 
 const QString kEditorProgram = QStringLiteral("Tesselia.exe");
-const QString kFilterKey = QStringLiteral("Filter");
 
 // No program starts where this fails: it would find another picture.
 bool savePictureInHand(core::MainWindow& form)
@@ -37,9 +35,7 @@ void runFilter(core::MainWindow& form, FilterMenu menu, int index)
     const platform::PointerGuard hourglass;
     keepBeforeEdit(form);
     form.closePanView();
-    if (core::ConfigStore* config = core::services().config) {
-        config->write(kFilterKey, QString::number(*number));
-    }
+    core::store(core::kFilter, *number);
     startSeparateEditor(form);
 }
 
@@ -57,15 +53,14 @@ void startSeparateEditor(core::MainWindow& form)
 
 void startListedEditor(core::MainWindow& form, int place)
 {
-    const core::ConfigStore* config = core::services().config;
-    if (!core::requirePicture(form.viewer()) || config == nullptr) {
+    if (!core::requirePicture(form.viewer())) {
         return;
     }
     const platform::PointerGuard hourglass;
     if (!savePictureInHand(form)) {
         return;
     }
-    const std::vector<files::NamedPath> editors = files::readNamed(files::kEditors, *config);
+    const std::vector<files::NamedPath> editors = files::readNamed(files::kEditors);
     const auto entry = static_cast<std::size_t>(place - 1);
     if (place < 1 || entry >= editors.size() || editors[entry].path.isEmpty()) {
         return;

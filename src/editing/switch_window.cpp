@@ -149,11 +149,10 @@ void FrmSwitch::takeFile()
 
 void FrmSwitch::addEditor()
 {
-    core::ConfigStore* config = core::services().config;
-    if (m_path->text().isEmpty() || m_name->text().isEmpty() || config == nullptr) {
+    if (m_path->text().isEmpty() || m_name->text().isEmpty()) {
         return;
     }
-    files::addNamed(files::kEditors, {m_name->text(), m_path->text()}, *config);
+    files::addNamed(files::kEditors, {m_name->text(), m_path->text()});
     if (core::MainWindow* form = core::services().mainWindow) {
         form->refillListMenus();
     }

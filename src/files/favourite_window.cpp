@@ -52,10 +52,8 @@ Favorties::Favorties()
 
 void Favorties::add()
 {
-    if (core::ConfigStore* config = core::services().config) {
-        const QString name = m_underName->isChecked() ? m_newName->text() : m_newPath->text();
-        files::addNamed(files::kFavourites, {name, m_newPath->text()}, *config);
-    }
+    const QString name = m_underName->isChecked() ? m_newName->text() : m_newPath->text();
+    files::addNamed(files::kFavourites, {name, m_newPath->text()});
     if (core::MainWindow* window = core::services().mainWindow) {
         window->refillListMenus();
     }

@@ -69,11 +69,7 @@ void FavortiesModi::refill()
 {
     m_names->clear();
     m_paths->clear();
-    const core::ConfigStore* config = core::services().config;
-    if (config == nullptr) {
-        return;
-    }
-    for (const files::NamedPath& entry : files::readNamed(list(), *config)) {
+    for (const files::NamedPath& entry : files::readNamed(list())) {
         m_names->addItem(entry.name);
         m_paths->addItem(entry.path);
     }
@@ -82,11 +78,10 @@ void FavortiesModi::refill()
 void FavortiesModi::deleteSelected()
 {
     const int row = m_names->currentRow();
-    core::ConfigStore* config = core::services().config;
-    if (row < 0 || config == nullptr) {
+    if (row < 0) {
         return;
     }
-    files::deleteOne(list(), {m_names->item(row)->text(), m_paths->item(row)->text()}, *config);
+    files::deleteOne(list(), {m_names->item(row)->text(), m_paths->item(row)->text()});
     delete m_names->takeItem(row);
     delete m_paths->takeItem(row);
     refillMenus();

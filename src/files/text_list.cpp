@@ -1,6 +1,5 @@
 #include "files/text_list.h"
 
-#include "core/config_store.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
 
@@ -48,15 +47,15 @@ std::optional<QString> readLine(const TextList& list)
     return platform::fromNative(bytes->left(end).toStdString());
 }
 
-qint64 storedCount(const TextList& list, const core::ConfigStore& config)
+qint64 storedCount(const TextList& list)
 {
-    const double count = config.readNumber(list.countKey);
+    const double count = core::setting(list.countKey);
     return static_cast<qint64>(std::clamp(count, -kLargestCount, kLargestCount));
 }
 
-void changeCount(const TextList& list, core::ConfigStore& config, int difference)
+void changeCount(const TextList& list, int difference)
 {
-    config.write(list.countKey, QString::number(storedCount(list, config) + difference));
+    core::store(list.countKey, storedCount(list) + difference);
 }
 
 // A record that was cut off, by a full disk or by hand, is closed first; else it would take the new
@@ -128,49 +127,49 @@ NamedPath entryAt(const QString& line, const Record& record)
 
 } // namespace
 
-std::vector<NamedPath> readNamed(const TextList& list, const core::ConfigStore& config)
+std::vector<NamedPath> readNamed(const TextList& list)
 {
     const std::optional<QString> line = readLine(list);
     std::vector<NamedPath> entries;
     if (!line) {
         return entries;
     }
-    for (const Record& record : recordsIn(*line, storedCount(list, config))) {
+    for (const Record& record : recordsIn(*line, storedCount(list))) {
         entries.push_back(entryAt(*line, record));
     }
     return entries;
 }
 
-QStringList readPaths(const TextList& list, const core::ConfigStore& config)
+QStringList readPaths(const TextList& list)
 {
     const std::optional<QString> line = readLine(list);
     QStringList paths;
     if (!line) {
         return paths;
     }
-    for (const auto& [start, end] : recordsIn(*line, storedCount(list, config))) {
+    for (const auto& [start, end] : recordsIn(*line, storedCount(list))) {
         paths.append(end < line->size() ? line->mid(start, end - start) : QString());
     }
     return paths;
 }
 
-void addNamed(const TextList& list, const NamedPath& entry, core::ConfigStore& config)
+void addNamed(const TextList& list, const NamedPath& entry)
 {
     if (appendRecord(list, recordOf(entry))) {
-        changeCount(list, config, 1);
+        changeCount(list, 1);
     }
 }
 
-void addPath(const TextList& list, const QString& path, core::ConfigStore& config)
+void addPath(const TextList& list, const QString& path)
 {
     if (appendRecord(list, path + kRecordEnd)) {
-        changeCount(list, config, 1);
+        changeCount(list, 1);
     }
 }
 
-void deleteOne(const TextList& list, const NamedPath& entry, core::ConfigStore& config)
+void deleteOne(const TextList& list, const NamedPath& entry)
 {
-    changeCount(list, config, -1);
+    changeCount(list, -1);
     replaceText(list, recordOf(entry), QString());
 }
 

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "core/settings.h"
+
 #include <QString>
 #include <QStringList>
 #include <vector>
-
-namespace core {
-class ConfigStore;
-}
 
 // Lists that persist as one line of text: the favourites and editors as "name#path;" records, the
 // recent paths as "path;" records. A count in config.ini, not the file, says how many there are.
@@ -15,12 +13,12 @@ namespace files {
 
 struct TextList {
     QString fileName; // under the program's data folder
-    QString countKey;
+    core::NumberKey countKey;
 };
 
-inline const TextList kFavourites{QStringLiteral("testfile.txt"), QStringLiteral("No")};
-inline const TextList kRecentPaths{QStringLiteral("xialafile.txt"), QStringLiteral("Xno")};
-inline const TextList kEditors{QStringLiteral("SwitchName.txt"), QStringLiteral("Sno")};
+inline const TextList kFavourites{QStringLiteral("testfile.txt"), core::kFavouriteCount};
+inline const TextList kRecentPaths{QStringLiteral("xialafile.txt"), core::kRecentPathCount};
+inline const TextList kEditors{QStringLiteral("SwitchName.txt"), core::kEditorCount};
 
 struct NamedPath {
     QString name;
@@ -31,15 +29,15 @@ struct NamedPath {
 // As many entries as the count says; those beyond the records are empty, and a thousand at the
 // most. Of more than a hundred thousand the newest. A last record without its mark has a name and
 // no path. Nothing when the file can't be opened.
-std::vector<NamedPath> readNamed(const TextList& list, const core::ConfigStore& config);
-QStringList readPaths(const TextList& list, const core::ConfigStore& config);
+std::vector<NamedPath> readNamed(const TextList& list);
+QStringList readPaths(const TextList& list);
 
 // Appends a record and adds one to the count. Names and paths are stored as they stand.
-void addNamed(const TextList& list, const NamedPath& entry, core::ConfigStore& config);
-void addPath(const TextList& list, const QString& path, core::ConfigStore& config);
+void addNamed(const TextList& list, const NamedPath& entry);
+void addPath(const TextList& list, const QString& path);
 
 // Takes one from the count and removes the record wherever it stands in the file.
-void deleteOne(const TextList& list, const NamedPath& entry, core::ConfigStore& config);
+void deleteOne(const TextList& list, const NamedPath& entry);
 
 // Replaces a text by another everywhere in the line.
 void replaceText(const TextList& list, const QString& oldText, const QString& newText);

@@ -1,7 +1,6 @@
 #include "shell/main_window.h"
 
 #include "base/twips.h"
-#include "core/config_store.h"
 #include "core/picture_required.h"
 #include "core/services.h"
 #include "core/state.h"
@@ -204,31 +203,26 @@ QWidget* Form1::showWindow(core::Window window, bool modal)
 
 void Form1::addRecentPath(const QString& path)
 {
-    if (core::ConfigStore* config = core::services().config) {
-        files::addPath(files::kRecentPaths, path, *config);
-        refillRecentPaths();
-    }
+    files::addPath(files::kRecentPaths, path);
+    refillRecentPaths();
 }
 
 void Form1::refillListMenus()
 {
-    if (core::services().config != nullptr) {
-        refillFavourites();
-        refillEditors();
-    }
+    refillFavourites();
+    refillEditors();
 }
 
 void Form1::refillRecentPaths()
 {
-    m_xiala->setRecentPaths(files::readPaths(files::kRecentPaths, *core::services().config));
+    m_xiala->setRecentPaths(files::readPaths(files::kRecentPaths));
 }
 
 void Form1::refillFavourites()
 {
     m_listPath.clear();
     QStringList names;
-    for (const auto& [name, path] :
-         files::readNamed(files::kFavourites, *core::services().config)) {
+    for (const auto& [name, path] : files::readNamed(files::kFavourites)) {
         names.append(name);
         m_listPath.append(path);
     }
@@ -241,7 +235,7 @@ void Form1::refillFavourites()
 void Form1::refillEditors()
 {
     QStringList names;
-    for (const auto& [name, path] : files::readNamed(files::kEditors, *core::services().config)) {
+    for (const auto& [name, path] : files::readNamed(files::kEditors)) {
         names.append(name);
     }
     const QString menu = QStringLiteral("Dip");

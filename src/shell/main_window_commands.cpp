@@ -1,8 +1,8 @@
 // Operations of the main window that other windows call: thumbnails' look, paste, save, full
 // screen.
 
-#include "core/config_store.h"
 #include "core/services.h"
+#include "core/settings.h"
 #include "editing/clipboard_commands.h"
 #include "editing/editor_handoff.h"
 #include "editing/save_pipeline.h"
@@ -23,13 +23,6 @@ constexpr int kPresets = 6;
 const QString kSizeMenu = QStringLiteral("MnuThumbsize");
 const QString kPresetMenu = QStringLiteral("ThumbnailColorPreset");
 const QString kHiveSection = QStringLiteral("Thumbnail");
-
-void store(const char* key, const QString& value)
-{
-    if (core::ConfigStore* config = core::services().config) {
-        config->write(QString::fromLatin1(key), value);
-    }
-}
 
 } // namespace
 
@@ -59,7 +52,7 @@ void Form1::ThumbNailSize(int menuIndex)
         }
         pane->rebuildThumbnails();
     }
-    store("BrowserSize", QString::number(size));
+    core::store(core::kThumbnailSize, size);
     platform::saveSetting(kHiveSection, QStringLiteral("Size"), QString::number(size));
 }
 
@@ -73,7 +66,7 @@ void Form1::ThumbNailColor(int menuIndex)
         pane->setColourPreset(menuIndex + 1);
         pane->rebuildThumbnails();
     }
-    store("BrowserColor", QString::number(menuIndex));
+    core::store(core::kThumbnailColours, menuIndex);
     platform::saveSetting(kHiveSection, QStringLiteral("Colorpreset"), QString::number(menuIndex));
 }
 

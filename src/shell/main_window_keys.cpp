@@ -1,7 +1,7 @@
 // The keys of the main window: those of the viewer and the pan view, and the way that Tab takes.
 
-#include "core/config_store.h"
 #include "core/services.h"
+#include "core/settings.h"
 #include "core/window_registry.h"
 #include "shell/command_table.h"
 #include "shell/main_window.h"
@@ -96,8 +96,7 @@ void Form1::scrollByKey(int code)
 
 void Form1::openRightMenu(const QPoint& screenPosition)
 {
-    core::ConfigStore* config = core::services().config;
-    if (config != nullptr && config->readNumber(QStringLiteral("WinState")) == 1) {
+    if (core::setting(core::kAskToImport)) {
         core::windows().show(core::Window::frmMsg);
         return;
     }

@@ -1,8 +1,8 @@
 // The mode switches: each inverts its menu check and writes its key at once.
 
 #include "base/twips.h"
-#include "core/config_store.h"
 #include "core/services.h"
+#include "core/settings.h"
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "shell/cool_bar.h"
@@ -25,17 +25,6 @@ constexpr int kTransparentType = 11;
 constexpr int kBarsAutomatic = 0;
 constexpr int kBarsOff = 1;
 
-// On a first reading the wrong way round: "0" stands for on in these keys, as start-up reads them.
-const QString kOn = QStringLiteral("0");
-const QString kOff = QStringLiteral("1");
-
-void writeKey(const char* key, const QString& value)
-{
-    if (core::ConfigStore* config = core::services().config) {
-        config->write(QString::fromLatin1(key), value);
-    }
-}
-
 } // namespace
 
 void Form1::OCbrowse()
@@ -52,7 +41,7 @@ void Form1::OCbrowse()
             pane->ThumResize();
         }
         resizeForm();
-        writeKey("ObcBrowse", QStringLiteral("1"));
+        core::store(core::kBrowseMode, true);
         return;
     }
     core::windows().hide(core::Window::frmThumbnaillist);
@@ -62,7 +51,7 @@ void Form1::OCbrowse()
     placeParts();
     button->setButtonType(kFlatType);
     setChecks("optTools", 3, nullptr, 0, false);
-    writeKey("ObcBrowse", QStringLiteral("0"));
+    core::store(core::kBrowseMode, false);
 }
 
 void Form1::Smallfrm()
@@ -71,12 +60,12 @@ void Form1::Smallfrm()
         placePanView();
         m_viewer->PanViewRefresh();
         setChecks("optView", 11, "CmdRight", 10, true);
-        writeKey("Panview", kOn);
+        core::store(core::kPanView, true);
         return;
     }
     m_viewer->PanViewHide();
     setChecks("optView", 11, "CmdRight", 10, false);
-    writeKey("Panview", kOff);
+    core::store(core::kPanView, false);
 }
 
 void Form1::placePanView()
@@ -97,7 +86,7 @@ void Form1::Scrollshow()
     const bool on = !isChecked("optView", 12);
     m_viewer->setScrollBars(on ? kBarsAutomatic : kBarsOff);
     setChecks("optView", 12, "CmdRightView", 6, on);
-    writeKey("Scrollshow", on ? kOn : kOff);
+    core::store(core::kScrollBars, on);
 }
 
 void Form1::Dragpic()
@@ -117,7 +106,7 @@ void Form1::fastZoomshow()
         core::windows().hide(core::Window::fastZoom);
     }
     setChecks("optView", 15, "CmdRightView", 8, on);
-    writeKey("fastZoomshow", on ? kOn : kOff);
+    core::store(core::kZoomTool, on);
 }
 
 // Once only: after that the tool stays where the user drags it.
@@ -155,14 +144,14 @@ void Form1::toggleBestFit()
         m_viewer->Refresh();
         m_viewer->setBestFitMode(true);
         m_bestFitToggle = true;
-        writeKey("BestFit", QStringLiteral("1"));
+        core::store(core::kBestFit, true);
         return;
     }
     button->setButtonType(kTransparentType);
     setChecks("optView", 3, "CmdRightView", 4, false);
     m_viewer->setBestFitMode(false);
     m_bestFitToggle = false;
-    writeKey("BestFit", QStringLiteral("0"));
+    core::store(core::kBestFit, false);
 }
 
 void Form1::setBandShown(int band, bool shown)

@@ -1,9 +1,9 @@
 // The main window's life: load, the modes restored at start, becoming active, and the unload.
 
 #include "base/numbers.h"
-#include "core/config_store.h"
 #include "core/player_window.h"
 #include "core/services.h"
+#include "core/settings.h"
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "core/working_files.h"
@@ -42,11 +42,6 @@ const QString kMarkerName = QStringLiteral("Brelmark");
 // What the Exit command takes down before the unload proper.
 constexpr std::array kPlayerWindows{core::Window::MpegForm, core::Window::FlashP,
                                     core::Window::FlashQ, core::Window::FrmBrowser};
-
-double numberOf(const core::ConfigStore& config, const char* key)
-{
-    return config.readNumber(QString::fromLatin1(key));
-}
 
 void stopPlayer()
 {
@@ -92,8 +87,7 @@ void Form1::load()
     m_viewer->PanViewRefresh();
     prepareLists();
     letEventsRun();
-    core::ConfigStore& config = *core::services().config;
-    if (const auto colour = config.readColour(QStringLiteral("EditorColor"))) {
+    if (const auto colour = core::setting(core::kViewerColour)) {
         m_viewer->setBackColor(*colour);
     }
     startAnimation();
@@ -101,7 +95,7 @@ void Form1::load()
         writePresenceMarker();
     }
     // The switch inverts what stands here, so the stored state is what the window ends up in.
-    m_bestFitToggle = numberOf(config, "BestFit") == 0;
+    m_bestFitToggle = !core::setting(core::kBestFit);
     toggleBestFit();
     letEventsRun();
     core::windows().unload(core::Window::frmWelcome);
@@ -129,15 +123,15 @@ void Form1::writePresenceMarker()
 
 void Form1::SetLoad()
 {
-    const core::ConfigStore& config = *core::services().config;
-    core::state().BrowserShown = numberOf(config, "ObcBrowse") == 0;
+    // Each switch inverts the state that it finds.
+    core::state().BrowserShown = !core::setting(core::kBrowseMode);
     OCbrowse();
     m_pictureRestored = core::state().PictureWide;
-    setChecks("optView", 11, nullptr, 0, numberOf(config, "Panview") != 0);
+    setChecks("optView", 11, nullptr, 0, !core::setting(core::kPanView));
     Smallfrm();
-    setChecks("optView", 12, nullptr, 0, numberOf(config, "Scrollshow") != 0);
+    setChecks("optView", 12, nullptr, 0, !core::setting(core::kScrollBars));
     Scrollshow();
-    setChecks("optView", 15, nullptr, 0, numberOf(config, "fastZoomshow") != 0);
+    setChecks("optView", 15, nullptr, 0, !core::setting(core::kZoomTool));
     fastZoomshow();
 }
 

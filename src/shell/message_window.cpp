@@ -1,7 +1,6 @@
 #include "shell/message_window.h"
 
-#include "core/config_store.h"
-#include "core/services.h"
+#include "core/settings.h"
 #include "core/window_registry.h"
 #include "shell/main_window.h"
 #include "widgets/window_parts.h"
@@ -29,9 +28,7 @@ frmMsg::frmMsg()
 
 void frmMsg::answer(bool import)
 {
-    if (core::ConfigStore* config = core::services().config) {
-        config->write(QStringLiteral("WinState"), QStringLiteral("0"));
-    }
+    core::store(core::kAskToImport, false);
     close();
     auto* form = qobject_cast<Form1*>(core::windows().find(core::Window::Form1));
     if (import && form != nullptr) {

@@ -137,7 +137,7 @@ void openFolderTree(const StepWatcher& watcher)
     if (browser == nullptr || platform::isClosing()) {
         return;
     }
-    const QString folder = startFolder(*core::services().config);
+    const QString folder = startFolder();
     browser->setStartFolder(folder);
     tell(watcher, "folder tree opened");
     platform::folderTree().open(browser->treeHost(), folder, &showSelectedFolder, &isFolderShown);

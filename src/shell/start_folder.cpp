@@ -1,7 +1,7 @@
 #include "shell/start_folder.h"
 
-#include "core/config_store.h"
 #include "core/constants.h"
+#include "core/settings.h"
 #include "platform/os/file_list.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
@@ -27,10 +27,10 @@ bool isWorthShowing(const QString& folder)
 
 } // namespace
 
-QString startFolder(const core::ConfigStore& config)
+QString startFolder()
 {
-    const QString stored = config.read(QStringLiteral("SpeciFolder"));
-    if (stored != core::kMissingValue && !stored.isEmpty()) {
+    const QString stored = core::setting(core::kStartFolder);
+    if (!stored.isEmpty()) {
         return stored;
     }
     const QString pictures = platform::picturesFolder();

@@ -2,15 +2,11 @@
 
 #include <QString>
 
-namespace core {
-class ConfigStore;
-}
-
 namespace shell {
 
 // The folder shown at start: the one in the settings, as it stands there; where they name none, the
 // user's picture folder, and where that is missing or holds neither pictures nor visible folders,
 // the delivered samples.
-QString startFolder(const core::ConfigStore& config);
+QString startFolder();
 
 } // namespace shell

@@ -1,7 +1,6 @@
 #include "widgets/title_strip.h"
 
-#include "core/config_store.h"
-#include "core/services.h"
+#include "core/settings.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_loader.h"
 #include "widgets/colour_conversion.h"
@@ -92,14 +91,11 @@ TitleStrip::TitleStrip(QWidget* parent, const QString& closeBoxName)
 
 void TitleStrip::applyLook()
 {
-    const core::ConfigStore* config = core::services().config;
     m_picture = QImage();
-    if (config != nullptr && config->readBoolean("InterfaceB")) {
+    if (core::setting(core::kOwnLook)) {
         m_picture = titlePicture(devicePixelRatioF());
-    } else if (config != nullptr) {
-        if (const auto colour = config->readColour("InterfaceColor")) {
-            m_background = toQColor(*colour);
-        }
+    } else if (const auto colour = core::setting(core::kTitleColour)) {
+        m_background = toQColor(*colour);
     }
     update();
 }

@@ -111,7 +111,7 @@ TEST_F(EditorHandoff, StartsNothingThatWouldFindAnotherPicture)
 {
     showInViewer(numbered(20, 10));
     editing::startSeparateEditor(form);
-    files::addNamed(files::kEditors, {"One", "/usr/bin/one"}, config);
+    files::addNamed(files::kEditors, {"One", "/usr/bin/one"});
     desktop.started.clear();
     showInViewer(numbered(30, 30));
     {
@@ -136,7 +136,7 @@ TEST_F(EditorHandoff, PassesOverProgramsThatDontRun)
     const QString endsAtOnce = QStringLiteral("/bin/false");
     for (const QString& path :
          {tree.path("app/none"), tree.path("app/text"), tree.path("app"), endsAtOnce}) {
-        files::addNamed(files::kEditors, {"Editor", path}, config);
+        files::addNamed(files::kEditors, {"Editor", path});
     }
     for (int place = 1; place <= 4; ++place) {
         editing::startListedEditor(form, place);
@@ -151,8 +151,8 @@ TEST_F(EditorHandoff, StartsTheListedProgramWithThePictureSaved)
 {
     const QImage image = numbered(20, 10);
     showInViewer(image);
-    files::addNamed(files::kEditors, {"One", "/usr/bin/one"}, config);
-    files::addNamed(files::kEditors, {"Two", "/usr/bin/two"}, config);
+    files::addNamed(files::kEditors, {"One", "/usr/bin/one"});
+    files::addNamed(files::kEditors, {"Two", "/usr/bin/two"});
     editing::startListedEditor(form, 2);
     expectFile("temp.bmp", image);
     expectStarted("/usr/bin/two", {tree.path("app/temp.bmp")});

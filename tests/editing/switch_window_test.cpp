@@ -135,7 +135,7 @@ TEST_F(SwitchWindow, NeedsBothTexts)
 
 TEST_F(SwitchWindow, AppendsTheProgramAndRebuildsTheMenu)
 {
-    files::addNamed(files::kEditors, {"Draw", "/usr/bin/draw"}, config);
+    files::addNamed(files::kEditors, {"Draw", "/usr/bin/draw"});
     type("Text1", "/usr/bin/paint");
     type("SwitchName", "Paint");
     press();

@@ -67,8 +67,8 @@ TEST_F(ListWindowsTest, AddsNothingOnCancel)
 
 TEST_F(ListWindowsTest, DeletesTheSelectedEntryFromListsFileAndMenu)
 {
-    addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/1")}, config);
-    addNamed(files::kFavourites, {QStringLiteral("b"), QStringLiteral("/2")}, config);
+    addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/1")});
+    addNamed(files::kFavourites, {QStringLiteral("b"), QStringLiteral("/2")});
     FavortiesModi window;
     auto* names = window.findChild<QListWidget*>(QStringLiteral("List1"));
     auto* paths = window.findChild<QListWidget*>(QStringLiteral("lstdata"));
@@ -85,7 +85,7 @@ TEST_F(ListWindowsTest, DeletesTheSelectedEntryFromListsFileAndMenu)
 
 TEST_F(ListWindowsTest, AsksForANewName)
 {
-    addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/a")}, config);
+    addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/a")});
     FavortiesModi window;
     window.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(0);
     platform::FakeDialogs dialogs;
@@ -100,7 +100,7 @@ TEST_F(ListWindowsTest, AsksForANewName)
 
 TEST_F(ListWindowsTest, TitlesTheWindowByItsMode)
 {
-    addNamed(files::kEditors, {QStringLiteral("Paint"), QStringLiteral("/bin/paint")}, config);
+    addNamed(files::kEditors, {QStringLiteral("Paint"), QStringLiteral("/bin/paint")});
     FavortiesModi window;
     window.setProperty("listMode", QStringLiteral("F"));
     EXPECT_EQ(window.windowTitle(), QString());
@@ -112,7 +112,7 @@ TEST_F(ListWindowsTest, TitlesTheWindowByItsMode)
 TEST_F(ListWindowsTest, ReadsTheListAgainOnEachActivation)
 {
     FavortiesModi window;
-    addNamed(files::kFavourites, {QStringLiteral("late"), QStringLiteral("/1")}, config);
+    addNamed(files::kFavourites, {QStringLiteral("late"), QStringLiteral("/1")});
     QEvent activation(QEvent::WindowActivate);
     QApplication::sendEvent(&window, &activation);
     EXPECT_EQ(window.findChild<QListWidget*>(QStringLiteral("List1"))->count(), 1);

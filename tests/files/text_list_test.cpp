@@ -12,6 +12,9 @@ namespace {
 
 class TextListTest : public testing::Test {
 protected:
+    TextListTest() { core::services().config = &config; }
+    ~TextListTest() override { core::services().config = nullptr; }
+
     [[nodiscard]] QByteArray bytesOf(const files::TextList& list) const
     {
         return platform::readFile(platform::appFile(list.fileName)).value_or("missing");
@@ -20,7 +23,7 @@ protected:
     void store(const files::TextList& list, const QByteArray& bytes, const char* count)
     {
         ASSERT_TRUE(platform::writeFileWhole(platform::appFile(list.fileName), bytes));
-        config.values[list.countKey] = QString::fromLatin1(count);
+        config.values[list.countKey.name] = QString::fromLatin1(count);
     }
 
     support::TempTree tree;
@@ -34,50 +37,50 @@ const NamedPath kSecond{QStringLiteral("n2"), QStringLiteral("p2")};
 
 TEST_F(TextListTest, AppendsRecordsInOneLine)
 {
-    addNamed(files::kFavourites, kFirst, config);
-    addNamed(files::kFavourites, kSecond, config);
+    addNamed(files::kFavourites, kFirst);
+    addNamed(files::kFavourites, kSecond);
     EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;n2#p2;");
     EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("2"));
-    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, kSecond}));
+    EXPECT_EQ(readNamed(files::kFavourites), (std::vector{kFirst, kSecond}));
 }
 
 TEST_F(TextListTest, CountsOnFromTheLeadingDigits)
 {
     config.values[QStringLiteral("Xno")] = QStringLiteral("3 items");
-    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    addPath(files::kRecentPaths, QStringLiteral("/a"));
     EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("4"));
     config.values[QStringLiteral("Xno")] = QStringLiteral("x");
-    addPath(files::kRecentPaths, QStringLiteral("/b"), config);
+    addPath(files::kRecentPaths, QStringLiteral("/b"));
     EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("1"));
 }
 
 TEST_F(TextListTest, BelievesTheCountNotTheFile)
 {
     store(files::kFavourites, "n1#p1;n2#p2;", "3");
-    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, kSecond, NamedPath{}}));
+    EXPECT_EQ(readNamed(files::kFavourites), (std::vector{kFirst, kSecond, NamedPath{}}));
     config.values[QStringLiteral("No")] = QStringLiteral("1");
-    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst}));
+    EXPECT_EQ(readNamed(files::kFavourites), (std::vector{kFirst}));
     config.values[QStringLiteral("No")] = QStringLiteral("0");
-    EXPECT_TRUE(readNamed(files::kFavourites, config).empty());
+    EXPECT_TRUE(readNamed(files::kFavourites).empty());
     config.values[QStringLiteral("No")] = QStringLiteral("-4");
-    EXPECT_TRUE(readNamed(files::kFavourites, config).empty());
+    EXPECT_TRUE(readNamed(files::kFavourites).empty());
 }
 
 TEST_F(TextListTest, ShowsNothingWithoutAFile)
 {
     config.values[QStringLiteral("No")] = QStringLiteral("5");
     config.values[QStringLiteral("Xno")] = QStringLiteral("5");
-    EXPECT_TRUE(readNamed(files::kFavourites, config).empty());
-    EXPECT_TRUE(readPaths(files::kRecentPaths, config).isEmpty());
+    EXPECT_TRUE(readNamed(files::kFavourites).empty());
+    EXPECT_TRUE(readPaths(files::kRecentPaths).isEmpty());
 }
 
 TEST_F(TextListTest, DeletesEveryCopyOfARecordButCountsOne)
 {
     store(files::kFavourites, "n1#p1;n2#p2;n1#p1;", "3");
-    deleteOne(files::kFavourites, kFirst, config);
+    deleteOne(files::kFavourites, kFirst);
     EXPECT_EQ(bytesOf(files::kFavourites), "n2#p2;");
     EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("2"));
-    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kSecond, NamedPath{}}));
+    EXPECT_EQ(readNamed(files::kFavourites), (std::vector{kSecond, NamedPath{}}));
 }
 
 TEST_F(TextListTest, RenamesOneRecordAndNoOtherText)
@@ -99,11 +102,11 @@ TEST_F(TextListTest, ReplacesAPathEverywhere)
 
 TEST_F(TextListTest, KeepsTheOldestRecentPathFirstAndEveryRepeat)
 {
-    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
-    addPath(files::kRecentPaths, QStringLiteral("/b"), config);
-    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    addPath(files::kRecentPaths, QStringLiteral("/a"));
+    addPath(files::kRecentPaths, QStringLiteral("/b"));
+    addPath(files::kRecentPaths, QStringLiteral("/a"));
     EXPECT_EQ(bytesOf(files::kRecentPaths), "/a;/b;/a;");
-    EXPECT_EQ(readPaths(files::kRecentPaths, config),
+    EXPECT_EQ(readPaths(files::kRecentPaths),
               (QStringList{QStringLiteral("/a"), QStringLiteral("/b"), QStringLiteral("/a")}));
 }
 
@@ -111,49 +114,48 @@ TEST_F(TextListTest, KeepsNamesOfEveryLanguageAndBytesThatAreNone)
 {
     const QString name = QStringLiteral("Ärger 写真");
     const QString odd = platform::fromNative("/p/\xff\xfe.bmp");
-    addNamed(files::kEditors, {name, odd}, config);
+    addNamed(files::kEditors, {name, odd});
     EXPECT_EQ(bytesOf(files::kEditors), QByteArray("Ärger 写真#/p/\xff\xfe.bmp;"));
-    EXPECT_EQ(readNamed(files::kEditors, config), (std::vector{NamedPath{name, odd}}));
+    EXPECT_EQ(readNamed(files::kEditors), (std::vector{NamedPath{name, odd}}));
 }
 
 TEST_F(TextListTest, BreaksTheEntriesBehindANameOrPathThatHoldsAMark)
 {
     store(files::kFavourites, "a#/p;q.bmp;b#/r;", "4");
-    EXPECT_EQ(readNamed(files::kFavourites, config),
+    EXPECT_EQ(readNamed(files::kFavourites),
               (std::vector<NamedPath>{{QStringLiteral("a"), QStringLiteral("/p")},
                                       {QStringLiteral("q.bmp;b"), QString()},
                                       {QStringLiteral("b"), QStringLiteral("/r")},
                                       {}}));
     store(files::kFavourites, "n#1#/p;", "1");
-    EXPECT_EQ(readNamed(files::kFavourites, config),
+    EXPECT_EQ(readNamed(files::kFavourites),
               (std::vector<NamedPath>{{QStringLiteral("n"), QStringLiteral("1#/p")}}));
 }
 
 TEST_F(TextListTest, ReadsDamagedFilesWithoutHarm)
 {
     store(files::kFavourites, QByteArray("no marks at all\0###;;;", 22), "4");
-    const auto entries = readNamed(files::kFavourites, config);
+    const auto entries = readNamed(files::kFavourites);
     ASSERT_EQ(entries.size(), 4U);
     EXPECT_EQ(entries[3], NamedPath{});
     store(files::kRecentPaths, QByteArray(100000, ';'), "1e9");
-    EXPECT_EQ(readPaths(files::kRecentPaths, config).size(), 100000);
+    EXPECT_EQ(readPaths(files::kRecentPaths).size(), 100000);
     store(files::kRecentPaths, "first;\nsecond;", "2");
-    EXPECT_EQ(readPaths(files::kRecentPaths, config),
-              (QStringList{QStringLiteral("first"), QString()}));
+    EXPECT_EQ(readPaths(files::kRecentPaths), (QStringList{QStringLiteral("first"), QString()}));
 }
 
 TEST_F(TextListTest, AddsAThousandEmptyEntriesAtTheMost)
 {
     store(files::kFavourites, "a#/a;b#/b;", "1002");
-    EXPECT_EQ(readNamed(files::kFavourites, config).size(), 1002U);
+    EXPECT_EQ(readNamed(files::kFavourites).size(), 1002U);
     for (const char* count : {"1003", "4294967297", "1e300"}) {
         store(files::kFavourites, "a#/a;b#/b;", count);
-        const auto entries = readNamed(files::kFavourites, config);
+        const auto entries = readNamed(files::kFavourites);
         ASSERT_EQ(entries.size(), 1002U) << count;
         EXPECT_EQ(entries[1].path, QStringLiteral("/b"));
         EXPECT_EQ(entries[1001], NamedPath{});
         store(files::kRecentPaths, "/a;/b;", count);
-        EXPECT_EQ(readPaths(files::kRecentPaths, config).size(), 1002) << count;
+        EXPECT_EQ(readPaths(files::kRecentPaths).size(), 1002) << count;
     }
 }
 
@@ -169,20 +171,20 @@ TEST_F(TextListTest, KeepsTheNewestOfMoreThanAHundredThousandRecords)
     }
     for (const char* count : {"100003", "100004", "1e9"}) {
         store(files::kFavourites, named, count);
-        const auto entries = readNamed(files::kFavourites, config);
+        const auto entries = readNamed(files::kFavourites);
         ASSERT_EQ(entries.size(), 100000U) << count;
         EXPECT_EQ(entries.front(), (NamedPath{QStringLiteral("n4"), QStringLiteral("/p4")}));
         EXPECT_EQ(entries.back(),
                   (NamedPath{QStringLiteral("n100003"), QStringLiteral("/p100003")}));
         store(files::kRecentPaths, paths, count);
-        const QStringList recent = readPaths(files::kRecentPaths, config);
+        const QStringList recent = readPaths(files::kRecentPaths);
         ASSERT_EQ(recent.size(), 100000) << count;
         EXPECT_EQ(recent.first(), QStringLiteral("/p4"));
         EXPECT_EQ(recent.last(), QStringLiteral("/p100003"));
     }
     // What the count leaves out is no entry, however new.
     store(files::kRecentPaths, paths, "100002");
-    const QStringList recent = readPaths(files::kRecentPaths, config);
+    const QStringList recent = readPaths(files::kRecentPaths);
     EXPECT_EQ(recent.first(), QStringLiteral("/p3"));
     EXPECT_EQ(recent.last(), QStringLiteral("/p100002"));
 }
@@ -190,40 +192,39 @@ TEST_F(TextListTest, KeepsTheNewestOfMoreThanAHundredThousandRecords)
 TEST_F(TextListTest, ShowsTheNameOfARecordWithoutItsEnd)
 {
     store(files::kFavourites, "n1#p1;n2#/half/a/pa", "3");
-    EXPECT_EQ(readNamed(files::kFavourites, config),
+    EXPECT_EQ(readNamed(files::kFavourites),
               (std::vector{kFirst, NamedPath{QStringLiteral("n2"), QString()}, NamedPath{}}));
     store(files::kFavourites, "n1#p1;n2", "2");
-    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, NamedPath{}}));
+    EXPECT_EQ(readNamed(files::kFavourites), (std::vector{kFirst, NamedPath{}}));
     store(files::kFavourites, "n2#", "2");
-    EXPECT_EQ(readNamed(files::kFavourites, config),
+    EXPECT_EQ(readNamed(files::kFavourites),
               (std::vector{NamedPath{QStringLiteral("n2"), QString()}, NamedPath{}}));
     store(files::kRecentPaths, "/a;/half/a/pa", "2");
-    EXPECT_EQ(readPaths(files::kRecentPaths, config),
-              (QStringList{QStringLiteral("/a"), QString()}));
+    EXPECT_EQ(readPaths(files::kRecentPaths), (QStringList{QStringLiteral("/a"), QString()}));
 }
 
 TEST_F(TextListTest, ARecordWithoutItsEndDoesNotSwallowTheNext)
 {
     store(files::kFavourites, "n1#p1;x#/half/a/pa", "2");
-    addNamed(files::kFavourites, kSecond, config);
-    EXPECT_EQ(readNamed(files::kFavourites, config),
+    addNamed(files::kFavourites, kSecond);
+    EXPECT_EQ(readNamed(files::kFavourites),
               (std::vector{kFirst, NamedPath{QStringLiteral("x"), QStringLiteral("/half/a/pa")},
                            kSecond}));
     store(files::kRecentPaths, "/a;/half/a/pa", "2");
-    addPath(files::kRecentPaths, QStringLiteral("/b"), config);
+    addPath(files::kRecentPaths, QStringLiteral("/b"));
     EXPECT_EQ(
-        readPaths(files::kRecentPaths, config),
+        readPaths(files::kRecentPaths),
         (QStringList{QStringLiteral("/a"), QStringLiteral("/half/a/pa"), QStringLiteral("/b")}));
 }
 
 TEST_F(TextListTest, CountsOnFromAnyNumber)
 {
     store(files::kRecentPaths, "", "1e300");
-    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    addPath(files::kRecentPaths, QStringLiteral("/a"));
     EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("1000000000000001"));
     store(files::kRecentPaths, "", "-1e999");
-    EXPECT_TRUE(readPaths(files::kRecentPaths, config).isEmpty());
-    addPath(files::kRecentPaths, QStringLiteral("/a"), config);
+    EXPECT_TRUE(readPaths(files::kRecentPaths).isEmpty());
+    addPath(files::kRecentPaths, QStringLiteral("/a"));
     EXPECT_EQ(config.read(QStringLiteral("Xno")), QStringLiteral("-999999999999999"));
 }
 
@@ -236,26 +237,26 @@ TEST_F(TextListTest, EmptiesAListByWritingItAnew)
 
 TEST_F(TextListTest, KeepsRecordsWholeOnAFullDisk)
 {
-    addNamed(files::kFavourites, kFirst, config);
+    addNamed(files::kFavourites, kFirst);
     {
         const support::FullDisk disk(8);
-        addNamed(files::kFavourites, kSecond, config);
+        addNamed(files::kFavourites, kSecond);
     }
     EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;");
     EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("1"));
-    addNamed(files::kFavourites, kSecond, config);
-    EXPECT_EQ(readNamed(files::kFavourites, config), (std::vector{kFirst, kSecond}));
+    addNamed(files::kFavourites, kSecond);
+    EXPECT_EQ(readNamed(files::kFavourites), (std::vector{kFirst, kSecond}));
 }
 
 TEST_F(TextListTest, StaysOnADiskThatFailsLate)
 {
-    addNamed(files::kFavourites, kFirst, config);
+    addNamed(files::kFavourites, kFirst);
     support::UnrulyDisk disk;
     disk.syncError = ENOSPC;
     renameEntry(files::kFavourites, kFirst, QStringLiteral("other"));
     EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;");
     disk.losesBytes = false;
-    addNamed(files::kFavourites, kSecond, config);
+    addNamed(files::kFavourites, kSecond);
     EXPECT_EQ(bytesOf(files::kFavourites), "n1#p1;");
     EXPECT_EQ(config.read(QStringLiteral("No")), QStringLiteral("1"));
 }

@@ -1,5 +1,7 @@
 #include "shell/config_store.h"
 
+#include "core/services.h"
+#include "core/settings.h"
 #include "support/temp_tree.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +10,9 @@ namespace {
 
 class ConfigStoreTest : public testing::Test {
 protected:
+    ConfigStoreTest() { core::services().config = &config; }
+    ~ConfigStoreTest() override { core::services().config = nullptr; }
+
     void put(const QByteArray& text) const
     {
         ASSERT_TRUE(platform::writeFileWhole(tree.path("app/config.ini"), "[QUILLPOST]\n" + text));
@@ -22,15 +27,13 @@ protected:
 };
 
 const QString kBestFit = QStringLiteral("BestFit");
-const QString kLook = QStringLiteral("InterfaceB");
-const QString kColour = QStringLiteral("EditorColor");
 
 } // namespace
 
 TEST_F(ConfigStoreTest, ReadsErrorWithoutAFileAndMakesItOnWriting)
 {
     EXPECT_EQ(config.read(kBestFit), QStringLiteral("ERROR"));
-    EXPECT_EQ(config.readNumber(kBestFit), 0);
+    EXPECT_FALSE(core::setting(core::kBestFit));
     config.write(kBestFit, QStringLiteral("1"));
     EXPECT_EQ(config.read(QStringLiteral("bestFIT")), QStringLiteral("1"));
     EXPECT_TRUE(file().contains("[QUILLPOST]"));
@@ -38,17 +41,17 @@ TEST_F(ConfigStoreTest, ReadsErrorWithoutAFileAndMakesItOnWriting)
 
 TEST_F(ConfigStoreTest, SeesWhatAnotherProcessWroteMeanwhile)
 {
-    put("BestFit=1\n");
-    EXPECT_EQ(config.readNumber(kBestFit), 1);
-    put("BestFit=2\n");
-    EXPECT_EQ(config.readNumber(kBestFit), 2);
+    put("BrowserSize=1\n");
+    EXPECT_EQ(core::setting(core::kThumbnailSize), 1);
+    put("BrowserSize=2\n");
+    EXPECT_EQ(core::setting(core::kThumbnailSize), 2);
 }
 
 TEST_F(ConfigStoreTest, ComparesNumbersByTheirLeadingDigits)
 {
     for (const char* zero : {"abc", "", "0.0", "0"}) {
         put(QByteArray("BestFit=") + zero + "\n");
-        EXPECT_EQ(config.readNumber(kBestFit), 0) << zero;
+        EXPECT_FALSE(core::setting(core::kBestFit)) << zero;
     }
 }
 
@@ -56,23 +59,23 @@ TEST_F(ConfigStoreTest, ReadsTheLookAsABoolean)
 {
     for (const char* yes : {"True", "true", "1", "-1", "2"}) {
         put(QByteArray("InterfaceB=") + yes + "\n");
-        EXPECT_TRUE(config.readBoolean(kLook)) << yes;
+        EXPECT_TRUE(core::setting(core::kOwnLook)) << yes;
     }
     for (const char* no : {"False", "0", "ERROR", "x"}) {
         put(QByteArray("InterfaceB=") + no + "\n");
-        EXPECT_FALSE(config.readBoolean(kLook)) << no;
+        EXPECT_FALSE(core::setting(core::kOwnLook)) << no;
     }
 }
 
 TEST_F(ConfigStoreTest, TakesOnlyWholeNumbersForColours)
 {
     put("EditorColor=14445906\n");
-    EXPECT_EQ(config.readColour(kColour), 14445906U);
+    EXPECT_EQ(core::setting(core::kViewerColour), 14445906U);
     put("EditorColor=RGB(82, 109, 220)\n");
-    EXPECT_EQ(config.read(kColour), QStringLiteral("RGB(82, 109, 220)"));
-    EXPECT_FALSE(config.readColour(kColour));
+    EXPECT_EQ(config.read("EditorColor"), QStringLiteral("RGB(82, 109, 220)"));
+    EXPECT_FALSE(core::setting(core::kViewerColour));
     put("EditorColor=-2147483633\n");
-    EXPECT_EQ(config.readColour(kColour), 0x8000000FU);
+    EXPECT_EQ(core::setting(core::kViewerColour), 0x8000000FU);
 }
 
 TEST_F(ConfigStoreTest, LeavesEveryOtherLineAlone)

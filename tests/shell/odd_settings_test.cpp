@@ -1,5 +1,6 @@
 #include "core/interfaces.h"
 #include "core/services.h"
+#include "core/settings.h"
 #include "core/state.h"
 #include "platform/desktop/pointer.h"
 #include "shell/menus.h"
@@ -11,13 +12,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-// Every key that the program, or a later part of it, keeps in its file.
-constexpr const char* kKeys[] = {
-    "BestFit",    "BrowserColor",   "BrowserSize", "EditorColor", "fastZoomshow", "Filter",
-    "InterfaceB", "InterfaceColor", "No",          "ObcBrowse",   "Panview",      "Scrollshow",
-    "Sno",        "SpeciFolder",    "WinState",    "Xno",
-};
 
 struct Nonsense {
     const char* what;
@@ -92,7 +86,7 @@ TEST_F(OddSettingsTest, StartsWithNonsenseInEveryKey)
         RunningProgram program;
         program.config.clear();
         std::string file = "[QUILLPOST]\n";
-        for (const char* const key : kKeys) {
+        for (const char* const key : core::kSettingNames) {
             file += std::string(key) + "=" + odd.value + "\n";
         }
         program.tree.add({"app/config.ini", file});

@@ -1,9 +1,9 @@
 #include "thumbs/pane/browser_pane.h"
 
 #include "base/twips.h"
-#include "core/config_store.h"
 #include "core/constants.h"
 #include "core/services.h"
+#include "core/settings.h"
 #include "core/state.h"
 #include "core/window_names.h"
 #include "platform/desktop/folder_tree.h"
@@ -41,13 +41,6 @@ int sizeEntry(double stored)
                  : kOtherSizeEntry;
 }
 
-int colourEntry(const QString& stored)
-{
-    const bool known =
-        stored.size() == 1 && stored >= QStringLiteral("0") && stored <= QStringLiteral("5");
-    return known ? stored.toInt() : 0;
-}
-
 } // namespace
 
 frmThumbnaillist::frmThumbnaillist(QWidget* parent)
@@ -79,13 +72,10 @@ void frmThumbnaillist::load()
 
 void frmThumbnaillist::readThumbnailSettings()
 {
-    core::MainWindow* window = core::services().mainWindow;
-    const core::ConfigStore* config = core::services().config;
-    if (window == nullptr || config == nullptr) {
-        return;
+    if (core::MainWindow* window = core::services().mainWindow) {
+        window->ThumbNailSize(sizeEntry(core::setting(core::kThumbnailSize)));
+        window->ThumbNailColor(core::setting(core::kThumbnailColours));
     }
-    window->ThumbNailSize(sizeEntry(config->readNumber("BrowserSize")));
-    window->ThumbNailColor(colourEntry(config->read("BrowserColor")));
 }
 
 void frmThumbnaillist::treeSelected(const QString& folder)
@@ -114,11 +104,10 @@ void frmThumbnaillist::PathChange()
 {
     QString folder = core::state().CurrentFolder;
     if (!m_pathKnown) {
-        const core::ConfigStore* config = core::services().config;
-        const QString stored = config == nullptr ? QString() : config->read("SpeciFolder");
+        const QString stored = core::setting(core::kStartFolder);
         if (!m_startFolder.isEmpty()) {
             folder = m_startFolder;
-        } else if (!stored.isEmpty() && stored != core::kMissingValue) {
+        } else if (!stored.isEmpty()) {
             folder = stored;
         }
     }
