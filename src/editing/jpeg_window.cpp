@@ -1,7 +1,7 @@
 #include "editing/jpeg_window.h"
 
 #include "base/numbers.h"
-#include "core/window_names.h"
+#include "core/window_registry.h"
 #include "core/working_files.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
@@ -28,6 +28,15 @@ constexpr int kPathWidth = 340;
 constexpr int kQualityWidth = 60;
 
 } // namespace
+
+void editing::showJpegWindow(const QString& outputPath)
+{
+    QWidget* const loaded = core::windows().load(core::Window::frmSaveJPGc);
+    if (auto* window = qobject_cast<frmSaveJPGc*>(loaded)) {
+        window->setOutputPath(outputPath);
+        core::windows().show(core::Window::frmSaveJPGc, core::ShowMode::Modal);
+    }
+}
 
 frmSaveJPGc::frmSaveJPGc()
     : StripWindow(QStringLiteral("JPEG Options"))

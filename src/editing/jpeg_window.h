@@ -12,6 +12,9 @@ class QSlider;
 
 namespace editing {
 
+// Shows frmSaveJPGc modally for the file that is to be written.
+void showJpegWindow(const QString& outputPath);
+
 } // namespace editing
 
 // Asks for the quality of a JPEG file and writes it from the save's working file. Every quality

@@ -3,7 +3,6 @@
 #include "core/interfaces.h"
 #include "core/picture_required.h"
 #include "core/state.h"
-#include "core/window_registry.h"
 #include "core/working_files.h"
 #include "editing/jpeg_window.h"
 #include "platform/desktop/dialogs.h"
@@ -40,11 +39,7 @@ void saveGif(core::MainWindow& form, const QString& path)
 
 void saveJpeg(core::MainWindow&, const QString& path)
 {
-    if (auto* window =
-            qobject_cast<frmSaveJPGc*>(core::windows().load(core::Window::frmSaveJPGc))) {
-        window->setOutputPath(path);
-        core::windows().show(core::Window::frmSaveJPGc, core::ShowMode::Modal);
-    }
+    showJpegWindow(path);
 }
 
 QString withoutExtension(const QString& name)

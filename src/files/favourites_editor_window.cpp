@@ -2,22 +2,30 @@
 
 #include "core/interfaces.h"
 #include "core/services.h"
-#include "core/window_names.h"
+#include "core/window_registry.h"
 #include "platform/desktop/dialogs.h"
 #include "widgets/window_parts.h"
 
-#include <QDynamicPropertyChangeEvent>
+#include <QEvent>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
 
-const QString kEditorsMode = QStringLiteral("T");
 const QString kEditorsTitle = QStringLiteral("Modifty Switch");
 constexpr QSize kListSize{320, 220}; // pixels
 
 } // namespace
+
+void files::showListEditor(EditedList list)
+{
+    QWidget* const loaded = core::windows().load(core::Window::FavortiesModi);
+    if (auto* editor = qobject_cast<FavortiesModi*>(loaded)) {
+        editor->setList(list);
+        core::windows().show(core::Window::FavortiesModi, core::ShowMode::Modal);
+    }
+}
 
 FavortiesModi::FavortiesModi()
     : StripWindow(QString())
@@ -52,17 +60,18 @@ FavortiesModi::FavortiesModi()
     refill();
 }
 
-const files::TextList& FavortiesModi::list() const
+void FavortiesModi::setList(files::EditedList list)
 {
-    return property("listMode").toString() == kEditorsMode ? files::kEditors : files::kFavourites;
-}
-
-void FavortiesModi::applyMode()
-{
-    const bool editors = property("listMode").toString() == kEditorsMode;
+    m_list = list;
+    const bool editors = list == files::EditedList::Editors;
     setCaption(editors ? kEditorsTitle : QString());
     setAccessibleName(editors ? QStringLiteral("Editors") : QStringLiteral("Favourites"));
     refill();
+}
+
+const files::TextList& FavortiesModi::list() const
+{
+    return m_list == files::EditedList::Editors ? files::kEditors : files::kFavourites;
 }
 
 void FavortiesModi::refill()
@@ -114,9 +123,7 @@ void FavortiesModi::refillMenus()
 
 bool FavortiesModi::event(QEvent* event)
 {
-    if (event->type() == QEvent::DynamicPropertyChange) {
-        applyMode();
-    } else if (event->type() == QEvent::WindowActivate) {
+    if (event->type() == QEvent::WindowActivate) {
         refill();
     }
     return StripWindow::event(event);

@@ -5,17 +5,26 @@
 
 class QListWidget;
 
-// FavortiesModi: deletes and renames the entries of the favourites (mode "F") or of the editors
-// (mode "T"). The dynamic property "listMode" names the mode; "F" where there is none.
+namespace files {
+
+enum class EditedList { Favourites, Editors };
+
+// Shows FavortiesModi modally for one of the lists.
+void showListEditor(EditedList list);
+
+} // namespace files
+
+// Deletes and renames the entries of the favourites, or of the editors.
 class FavortiesModi : public widgets::StripWindow {
     Q_OBJECT
 
 public:
     FavortiesModi();
 
+    void setList(files::EditedList list);
+
 private:
     [[nodiscard]] const files::TextList& list() const;
-    void applyMode();
     void refill();
     void deleteSelected();
     void renameSelected();
@@ -23,6 +32,7 @@ private:
 
     bool event(QEvent* event) override;
 
+    files::EditedList m_list = files::EditedList::Favourites;
     QListWidget* m_names = nullptr;
     QListWidget* m_paths = nullptr; // lstdata; runs along with the names
 };

@@ -1,16 +1,15 @@
 #include "shell/commands.h"
 
-#include "core/window_registry.h"
 #include "editing/clipboard_commands.h"
 #include "editing/edit_steps.h"
 #include "editing/editor_handoff.h"
 #include "editing/image_commands.h"
 #include "editing/save_pipeline.h"
-#include "files/file_commands.h"
+#include "files/deletion.h"
+#include "files/favourites_editor_window.h"
+#include "files/transfer.h"
 #include "shell/main_window.h"
 #include "thumbs/miniature.h"
-
-#include <QWidget>
 
 namespace shell::commands {
 
@@ -59,17 +58,17 @@ void deleteFile(Form1& form, int /*index*/)
 
 void copyTo(Form1& form, int /*index*/)
 {
-    files::openTransferWindow(form, QStringLiteral("Copy File to..."), files::Transfer::Copy);
+    files::openTransferWindow(form, QStringLiteral("Copy File to..."), files::TransferKind::Copy);
 }
 
 void copyToFromRightMenu(Form1& form, int /*index*/)
 {
-    files::openTransferWindow(form, QStringLiteral("Copy file to..."), files::Transfer::Copy);
+    files::openTransferWindow(form, QStringLiteral("Copy file to..."), files::TransferKind::Copy);
 }
 
 void moveTo(Form1& form, int /*index*/)
 {
-    files::openTransferWindow(form, QStringLiteral("Move file to..."), files::Transfer::Move);
+    files::openTransferWindow(form, QStringLiteral("Move file to..."), files::TransferKind::Move);
 }
 
 void rename(Form1& form, int /*index*/)
@@ -122,12 +121,9 @@ void addEditor(Form1& form, int /*index*/)
     form.showWindow(core::Window::FrmSwitch, kModal);
 }
 
-void configureEditors(Form1& form, int /*index*/)
+void configureEditors(Form1& /*form*/, int /*index*/)
 {
-    if (QWidget* window = core::windows().load(core::Window::FavortiesModi)) {
-        window->setProperty("listMode", QStringLiteral("T"));
-    }
-    form.showWindow(core::Window::FavortiesModi, kModal);
+    files::showListEditor(files::EditedList::Editors);
 }
 
 } // namespace shell::commands

@@ -3,13 +3,11 @@
 #include "core/interfaces.h"
 #include "core/services.h"
 #include "core/state.h"
-#include "core/window_registry.h"
+#include "files/favourites_editor_window.h"
 #include "platform/desktop/desktop.h"
 #include "platform/os/paths.h"
 #include "shell/main_window.h"
 #include "viewer/display_pipeline.h"
-
-#include <QWidget>
 
 namespace shell::commands {
 
@@ -79,12 +77,9 @@ void addFavourite(Form1& form, int /*index*/)
     form.showWindow(core::Window::Favorties, kModal);
 }
 
-void modifyFavourites(Form1& form, int /*index*/)
+void modifyFavourites(Form1& /*form*/, int /*index*/)
 {
-    if (QWidget* window = core::windows().load(core::Window::FavortiesModi)) {
-        window->setProperty("listMode", QStringLiteral("F"));
-    }
-    form.showWindow(core::Window::FavortiesModi, kModal);
+    files::showListEditor(files::EditedList::Favourites);
 }
 
 void showHelp(Form1& /*form*/, int /*index*/)

@@ -1,3 +1,4 @@
+#include "core/window_registry.h"
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
 #include "support/fake_dialogs.h"
@@ -9,6 +10,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace {
@@ -102,11 +104,28 @@ TEST_F(ListWindowsTest, TitlesTheWindowByItsMode)
 {
     addNamed(files::kEditors, {QStringLiteral("Paint"), QStringLiteral("/bin/paint")});
     FavortiesModi window;
-    window.setProperty("listMode", QStringLiteral("F"));
+    window.setList(files::EditedList::Favourites);
     EXPECT_EQ(window.windowTitle(), QString());
-    window.setProperty("listMode", QStringLiteral("T"));
+    window.setList(files::EditedList::Editors);
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Modifty Switch"));
     EXPECT_EQ(window.findChild<QListWidget*>(QStringLiteral("List1"))->count(), 1);
+}
+
+TEST_F(ListWindowsTest, ShowsTheListThatWasAskedForUntilItIsClosed)
+{
+    QStringList captions;
+    core::windows().add(core::Window::FavortiesModi, [&captions] {
+        auto* window = new FavortiesModi;
+        QTimer::singleShot(0, window, [window, &captions] {
+            captions.append(window->windowTitle());
+            window->close();
+        });
+        return window;
+    });
+    files::showListEditor(files::EditedList::Editors);
+    files::showListEditor(files::EditedList::Favourites);
+    core::windows().add(core::Window::FavortiesModi, [] { return nullptr; });
+    EXPECT_EQ(captions, QStringList({"Modifty Switch", ""}));
 }
 
 TEST_F(ListWindowsTest, ReadsTheListAgainOnEachActivation)

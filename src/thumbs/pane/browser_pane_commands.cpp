@@ -1,7 +1,8 @@
 #include "core/picture_required.h"
 #include "core/services.h"
 #include "core/window_registry.h"
-#include "files/file_commands.h"
+#include "files/deletion.h"
+#include "files/transfer.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/paths.h"
 #include "thumbs/miniature.h"
@@ -87,14 +88,14 @@ void frmThumbnaillist::deleteFile()
 void frmThumbnaillist::copyFile()
 {
     if (core::MainWindow* window = core::services().mainWindow) {
-        files::openTransferWindow(*window, "Copy File to...", files::Transfer::Copy);
+        files::openTransferWindow(*window, "Copy File to...", files::TransferKind::Copy);
     }
 }
 
 void frmThumbnaillist::moveFile()
 {
     if (core::MainWindow* window = core::services().mainWindow) {
-        files::openTransferWindow(*window, "Move file to...", files::Transfer::Move);
+        files::openTransferWindow(*window, "Move file to...", files::TransferKind::Move);
     }
 }
 

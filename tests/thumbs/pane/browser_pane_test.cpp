@@ -2,6 +2,7 @@
 
 #include "base/twips.h"
 #include "core/window_registry.h"
+#include "files/transfer.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/registry.h"
@@ -502,6 +503,17 @@ TEST_F(PaneTest, NamesTheFolderBeforeItDeletesIt)
     EXPECT_TRUE(m_dialogs.questions[0].contains(m_tree.path("other")));
 }
 
+class ModalWindow : public QWidget, public files::TransferWindow {
+public:
+    explicit ModalWindow(QWidget* parent)
+        : QWidget(parent, Qt::Window)
+    {
+    }
+    void setTransfer(const files::Transfer& told) override { transfer = told; }
+
+    files::Transfer transfer;
+};
+
 // A modal window that closes as soon as it is shown and writes down how it was set up.
 class PaneWindowsTest : public PaneTest {
 protected:
@@ -509,13 +521,10 @@ protected:
     {
         for (const core::Window which : kModalWindows) {
             core::windows().add(which, [this, which] {
-                auto* window = new QWidget(&m_form);
-                window->setWindowFlag(Qt::Window);
+                auto* window = new ModalWindow(&m_form);
                 QTimer::singleShot(0, window, [this, window, which] {
-                    m_shown.append(core::windowName(which) + " " +
-                                   window->property("captionText").toString());
-                    m_pictureFile = window->property("pictureFile").toString();
-                    m_previewFile = window->property("previewFile").toString();
+                    m_transfer = window->transfer;
+                    m_shown.append(core::windowName(which) + " " + m_transfer.title);
                     m_modal = window->isModal();
                     m_pointer = platform::pointer();
                     window->close();
@@ -536,8 +545,7 @@ protected:
                                               core::Window::Favorties};
 
     QStringList m_shown;
-    QString m_pictureFile;
-    QString m_previewFile;
+    files::Transfer m_transfer;
     bool m_modal = false;
     platform::Pointer m_pointer = platform::Pointer::Default;
 };
@@ -559,13 +567,13 @@ TEST_F(PaneWindowsTest, CopiesAndMovesInAModalWindow)
     clickTile(0);
     press(5);
     EXPECT_EQ(m_shown, (QStringList{"Movefile Copy File to..."}));
-    EXPECT_EQ(m_pictureFile, m_tree.path("app/Images/Copyfile.jpg"));
-    EXPECT_EQ(m_previewFile, m_tree.path("pics/a.bmp"));
+    EXPECT_EQ(m_transfer.picture, m_tree.path("app/Images/Copyfile.jpg"));
+    EXPECT_EQ(m_transfer.preview, m_tree.path("pics/a.bmp"));
     EXPECT_FALSE(core::state().MoveNotCopy);
     EXPECT_TRUE(m_modal);
     press(6);
     EXPECT_EQ(m_shown.last(), "Movefile Move file to...");
-    EXPECT_EQ(m_pictureFile, m_tree.path("app/Images/Movefile.jpg"));
+    EXPECT_EQ(m_transfer.picture, m_tree.path("app/Images/Movefile.jpg"));
     EXPECT_TRUE(core::state().MoveNotCopy);
 }
 
@@ -576,7 +584,7 @@ TEST_F(PaneWindowsTest, PreviewsForeignFilesByTheWorkingFile)
     clickTile(0);
     m_main.xiala = m_tree.path("pics/d.psd");
     press(5);
-    EXPECT_EQ(m_previewFile, m_tree.path("app/temp.bmp"));
+    EXPECT_EQ(m_transfer.preview, m_tree.path("app/temp.bmp"));
     EXPECT_TRUE(m_tree.exists("app/temp.bmp"));
 }
 

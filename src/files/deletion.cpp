@@ -1,10 +1,5 @@
-#include "files/file_commands.h"
+#include "files/deletion.h"
 
-#include "core/interfaces.h"
-#include "core/state.h"
-#include "core/window_registry.h"
-#include "core/working_files.h"
-#include "files/classification.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/os/files.h"
@@ -12,8 +7,7 @@
 #include "platform/os/paths.h"
 #include "platform/pictures/delivered_icon.h"
 
-#include <QApplication>
-#include <QWidget>
+#include <QGuiApplication>
 
 namespace files {
 
@@ -26,7 +20,7 @@ constexpr int kMostEntries = 20000; // looked at in a folder, so that the questi
 
 QImage folderIcon()
 {
-    const int variant = qApp->devicePixelRatio() > 1 ? 3 : 2;
+    const int variant = qGuiApp->devicePixelRatio() > 1 ? 3 : 2;
     QImage icon = platform::deliveredPng(
         platform::appFile(QStringLiteral("Images/toolbar/folder@%1x.png").arg(variant)));
     icon.setDevicePixelRatio(double(icon.width()) / kIconSide);
@@ -68,17 +62,6 @@ platform::Subject subjectOf(const QString& path, const QImage& miniature)
     return subject;
 }
 
-QString previewFile(core::MainWindow& window)
-{
-    const QString path = window.Xiala();
-    if (!isOwnFormat(path)) {
-        return path;
-    }
-    // Where it can't be written, the file of the last picture is shown instead.
-    static_cast<void>(core::saveAs(core::WorkingFile::Picture, window.viewer().Picture()));
-    return core::workingFile(core::WorkingFile::Picture);
-}
-
 } // namespace
 
 void deleteWithQuestion(const QString& path, const QImage& miniature)
@@ -93,21 +76,6 @@ void deleteWithQuestion(const QString& path, const QImage& miniature)
             QStringLiteral("\"%1\" could not be moved to the trash.").arg(path), kDeleteTitle,
             platform::BoxIcon::Exclamation);
     }
-}
-
-void openTransferWindow(core::MainWindow& window, const QString& title, Transfer kind)
-{
-    core::state().MoveNotCopy = kind == Transfer::Move;
-    QWidget* const transfer = core::windows().load(core::Window::Movefile);
-    if (transfer == nullptr) {
-        return;
-    }
-    const QString picture = kind == Transfer::Move ? QStringLiteral("Images/Movefile.jpg")
-                                                   : QStringLiteral("Images/Copyfile.jpg");
-    transfer->setProperty("captionText", title);
-    transfer->setProperty("pictureFile", platform::appFile(picture));
-    transfer->setProperty("previewFile", previewFile(window));
-    core::windows().show(core::Window::Movefile, core::ShowMode::Modal);
 }
 
 } // namespace files

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+namespace core {
+class MainWindow;
+}
+
+// Copying and moving the current file, which the menus and the pane's buttons offer.
+namespace files {
+
+enum class TransferKind { Copy, Move };
+
+// What the window of a transfer shows.
+struct Transfer {
+    QString title;
+    QString picture; // path of the picture along its top
+    QString preview; // path of the picture that stands for the file
+};
+
+// Movefile implements it beside QWidget.
+class TransferWindow {
+public:
+    virtual ~TransferWindow() = default;
+    // Called each time before it shows.
+    virtual void setTransfer(const Transfer& transfer) = 0;
+};
+
+// Opens Movefile modally for the file in the main window's field. A file in an own format is
+// previewed through the working file, which gets the viewer's picture first.
+void openTransferWindow(core::MainWindow& window, const QString& title, TransferKind kind);
+
+} // namespace files
