@@ -10,8 +10,7 @@ namespace {
 class PictureRequired : public testing::Test {
 protected:
     support::FakeMainWindow m_form;
-    platform::FakeDialogs m_dialogs;
-    platform::ScopedDialogs m_inPlace{m_dialogs};
+    support::FakeDialogs m_dialogs;
 };
 
 } // namespace
@@ -19,8 +18,8 @@ protected:
 TEST_F(PictureRequired, SaysSoWhereTheViewerHasNone)
 {
     EXPECT_FALSE(core::requirePicture(m_form.viewer()));
-    const platform::FakeDialogs::Box box{"No picture to process.", "Vistara",
-                                         platform::BoxIcon::Information};
+    const support::FakeDialogs::Box box{"No picture to process.", "Vistara",
+                                        platform::BoxIcon::Information};
     EXPECT_EQ(m_dialogs.boxes, std::vector{box});
 }
 

@@ -1,7 +1,7 @@
 #include "core/settings.h"
 
 #include "core/services.h"
-#include "support/fake_main_window.h"
+#include "support/memory_config_store.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -11,9 +11,6 @@ namespace {
 
 class SettingsTest : public testing::Test {
 protected:
-    SettingsTest() { core::services().config = &m_config; }
-    ~SettingsTest() override { core::services().config = nullptr; }
-
     QString& text(const char* name) { return m_config.values[QString::fromLatin1(name)]; }
 
     support::MemoryConfigStore m_config;

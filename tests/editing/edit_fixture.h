@@ -10,6 +10,7 @@
 #include "support/fake_desktop.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_main_window.h"
+#include "support/memory_config_store.h"
 #include "support/temp_tree.h"
 
 #include <QTest>
@@ -18,11 +19,7 @@
 // and a desktop that record what they are asked for.
 class EditTest : public testing::Test {
 protected:
-    EditTest()
-    {
-        core::services().config = &config;
-        editing::registerWindows();
-    }
+    EditTest() { editing::registerWindows(); }
 
     ~EditTest() override
     {
@@ -31,7 +28,6 @@ protected:
             core::windows().unload(window);
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        core::services().config = nullptr;
         core::state() = {};
         platform::setPointer(platform::Pointer::Default);
     }
@@ -68,8 +64,6 @@ protected:
     support::TempTree tree{{"app/Images/", ""}};
     support::MemoryConfigStore config;
     support::FakeMainWindow form;
-    platform::FakeDialogs dialogs;
-    platform::ScopedDialogs scopedDialogs{dialogs};
-    platform::FakeDesktop desktop;
-    platform::ScopedDesktop scopedDesktop{desktop};
+    support::FakeDialogs dialogs;
+    support::FakeDesktop desktop;
 };

@@ -15,7 +15,7 @@ protected:
     void expectStarted(const QString& path, const QStringList& arguments = {})
     {
         ASSERT_EQ(desktop.started.size(), 1U);
-        EXPECT_EQ(desktop.started[0], (platform::FakeDesktop::Start{path, arguments}));
+        EXPECT_EQ(desktop.started[0], (support::FakeDesktop::Start{path, arguments}));
     }
 };
 

@@ -155,7 +155,7 @@ TEST_F(JpegWindow, WritesTheOutputAndClosesUnderOk)
     press("Command1_0");
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_EQ(dialogs.boxes[0],
-              (platform::FakeDialogs::Box{tree.path("picture.jpg"), "", platform::BoxIcon::None}));
+              (support::FakeDialogs::Box{tree.path("picture.jpg"), "", platform::BoxIcon::None}));
     EXPECT_TRUE(tree.content("picture.jpg") == convertedAt(50));
     EXPECT_FALSE(core::windows().isLoaded(core::Window::frmSaveJPGc));
     EXPECT_TRUE(exists("saveJpgTemp.jpg"));

@@ -3,6 +3,7 @@
 #include "files/favourites_editor_window.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_main_window.h"
+#include "support/memory_config_store.h"
 #include "support/temp_tree.h"
 
 #include <QApplication>
@@ -17,12 +18,7 @@ namespace {
 
 class ListWindowsTest : public testing::Test {
 protected:
-    ListWindowsTest()
-    {
-        core::services().config = &config;
-        main.xiala = QStringLiteral("/p/sea.bmp");
-    }
-    ~ListWindowsTest() override { core::services().config = nullptr; }
+    ListWindowsTest() { main.xiala = QStringLiteral("/p/sea.bmp"); }
 
     static void click(QWidget& window, const char* name)
     {
@@ -90,8 +86,7 @@ TEST_F(ListWindowsTest, AsksForANewName)
     addNamed(files::kFavourites, {QStringLiteral("a"), QStringLiteral("/a")});
     FavortiesModi window;
     window.findChild<QListWidget*>(QStringLiteral("List1"))->setCurrentRow(0);
-    platform::FakeDialogs dialogs;
-    const platform::ScopedDialogs inPlace(dialogs);
+    support::FakeDialogs dialogs;
     dialogs.textAnswers.push_back(QStringLiteral("Shore"));
     click(window, "Renname");
     ASSERT_EQ(dialogs.textRequests.size(), 1U);

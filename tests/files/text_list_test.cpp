@@ -1,6 +1,6 @@
 #include "files/text_list.h"
-#include "support/fake_main_window.h"
 #include "support/full_disk.h"
+#include "support/memory_config_store.h"
 #include "support/temp_tree.h"
 #include "support/unruly_disk.h"
 
@@ -12,9 +12,6 @@ namespace {
 
 class TextListTest : public testing::Test {
 protected:
-    TextListTest() { core::services().config = &config; }
-    ~TextListTest() override { core::services().config = nullptr; }
-
     [[nodiscard]] QByteArray bytesOf(const files::TextList& list) const
     {
         return platform::readFile(platform::appFile(list.fileName)).value_or("missing");

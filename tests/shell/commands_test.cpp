@@ -641,7 +641,7 @@ TEST_F(CommandsTest, DeleteNamesThePathAndObeysTheAnswer)
         EXPECT_TRUE(program.desktop.trashed.isEmpty());
         RunningProgram::trigger(form, "optEdit", 5);
         EXPECT_EQ(program.desktop.trashed, QStringList{program.picture("a.bmp")});
-        for (const platform::FakeDialogs::Box& box : program.dialogs.boxes) {
+        for (const support::FakeDialogs::Box& box : program.dialogs.boxes) {
             EXPECT_TRUE(box.text.contains(program.picture("a.bmp")));
         }
     });

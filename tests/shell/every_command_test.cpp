@@ -54,7 +54,7 @@ protected:
     static std::string told(const RunningProgram& program)
     {
         std::string texts;
-        for (const platform::FakeDialogs::Box& box : program.dialogs.boxes) {
+        for (const support::FakeDialogs::Box& box : program.dialogs.boxes) {
             const bool question = box.icon == platform::BoxIcon::Question &&
                                   box.text.startsWith(QStringLiteral("Move \""));
             texts += question ? kDeleteQuestion : '[' + box.text.toStdString() + ']';

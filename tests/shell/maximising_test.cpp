@@ -21,7 +21,7 @@ class Silence : public QObject {
 };
 
 // A desktop that answers later, as the real ones do: the window seems maximised until then.
-class LateDesktop : public platform::FakeDesktop {
+class LateDesktop : public support::FakeDesktop {
 public:
     int asked = 0;
     bool answersTwice = false;
@@ -83,13 +83,6 @@ private:
 
 class MaximisingTest : public testing::Test {
 protected:
-    // Runs the program on the late desktop.
-    void run(const std::function<void(Form1&)>& script)
-    {
-        platform::ScopedDesktop scoped(desktop);
-        program.run(script);
-    }
-
     static void letAnswersCome()
     {
         for (int round = 0; round < kRounds; ++round) {
@@ -98,7 +91,7 @@ protected:
     }
 
     RunningProgram program;
-    LateDesktop desktop;
+    LateDesktop desktop; // in place of the program's own
 };
 
 } // namespace
@@ -108,7 +101,7 @@ TEST_F(MaximisingTest, AsksADesktopThatRefusesOnce)
     for (const bool twice : {false, true}) {
         desktop.asked = 0;
         desktop.answersTwice = twice;
-        run([this](Form1& form) {
+        program.run([this](Form1& form) {
             letAnswersCome();
             EXPECT_EQ(desktop.asked, 1);
             EXPECT_FALSE(form.isMaximized());
@@ -126,7 +119,7 @@ TEST_F(MaximisingTest, AsksADesktopThatRefusesOnce)
 
 TEST_F(MaximisingTest, AsksOnceMoreForTheNextChangeToNormal)
 {
-    run([this](Form1& form) {
+    program.run([this](Form1& form) {
         letAnswersCome();
         ASSERT_EQ(desktop.asked, 1);
         for (int change = 0; change < 3; ++change) {

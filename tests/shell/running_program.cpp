@@ -48,8 +48,6 @@ Form1* mainWindow()
 
 RunningProgram::RunningProgram()
     : tree({{"pics/"}, {"app/Images/"}})
-    , m_dialogs(dialogs)
-    , m_desktop(desktop)
 {
     const struct {
         const char* name;

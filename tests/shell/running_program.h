@@ -49,8 +49,8 @@ public:
     static void trigger(Form1& form, const char* array, int index);
 
     support::TempTree tree;
-    platform::FakeDialogs dialogs;
-    platform::FakeDesktop desktop;
+    support::FakeDialogs dialogs;
+    support::FakeDesktop desktop;
     QStringList steps;    // of starting, as the program tells them
     QStringList unloaded; // windows, in order
     QStringList shown;    // stub windows, in order
@@ -59,6 +59,4 @@ private:
     void serveModal();
 
     std::vector<core::Window> m_stubs;
-    platform::ScopedDialogs m_dialogs;
-    platform::ScopedDesktop m_desktop;
 };

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-namespace platform {
+namespace support {
 
 bool FakeDesktop::maximise(QWidget& window)
 {
@@ -34,9 +34,9 @@ bool FakeDesktop::moveToTrash(const QString& path)
 {
     trashed.append(path);
     if (succeeds && removesTrashed) {
-        removeFile(path);
+        platform::removeFile(path);
     }
     return succeeds;
 }
 
-} // namespace platform
+} // namespace support

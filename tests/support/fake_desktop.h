@@ -5,10 +5,11 @@
 #include <QRect>
 #include <vector>
 
-namespace platform {
+namespace support {
 
-// A desktop for tests: records what it is asked for and does nothing of it.
-class FakeDesktop : public Desktop {
+// A desktop for tests: records what it is asked for and does nothing of it. It is in place while it
+// lives.
+class FakeDesktop : public platform::Desktop {
 public:
     struct Start {
         QString path;
@@ -34,6 +35,9 @@ public:
     bool startProgram(const QString& path, const QStringList& arguments) override;
     void showProperties(const QString& path, QWidget* parent) override;
     bool moveToTrash(const QString& path) override;
+
+private:
+    platform::ScopedDesktop m_inPlace{*this};
 };
 
-} // namespace platform
+} // namespace support

@@ -1,6 +1,6 @@
 #include "support/fake_dialogs.h"
 
-namespace platform {
+namespace support {
 
 template<typename Answer> Answer FakeDialogs::next(std::deque<Answer>& answers)
 {
@@ -24,7 +24,7 @@ QStringList FakeDialogs::boxTexts() const
     return texts;
 }
 
-void FakeDialogs::showMessage(const QString& text, const QString& title, BoxIcon icon)
+void FakeDialogs::showMessage(const QString& text, const QString& title, platform::BoxIcon icon)
 {
     boxes.push_back({text, title, icon});
     if (whileOpen) {
@@ -32,20 +32,21 @@ void FakeDialogs::showMessage(const QString& text, const QString& title, BoxIcon
     }
 }
 
-bool FakeDialogs::askYesNo(const QString& text, const QString& title, const Subject& subject)
+bool FakeDialogs::askYesNo(const QString& text, const QString& title,
+                           const platform::Subject& subject)
 {
-    boxes.push_back({text, title, BoxIcon::Question});
+    boxes.push_back({text, title, platform::BoxIcon::Question});
     subjects.push_back(subject);
     return next(yesNoAnswers);
 }
 
-QStringList FakeDialogs::openFiles(const FileRequest& request)
+QStringList FakeDialogs::openFiles(const platform::FileRequest& request)
 {
     fileRequests.push_back(request);
     return next(openAnswers);
 }
 
-std::optional<SaveChoice> FakeDialogs::saveFile(const FileRequest& request)
+std::optional<platform::SaveChoice> FakeDialogs::saveFile(const platform::FileRequest& request)
 {
     fileRequests.push_back(request);
     return next(saveAnswers);
@@ -64,4 +65,4 @@ std::optional<QString> FakeDialogs::askText(const QString& label, const QString&
     return next(textAnswers);
 }
 
-} // namespace platform
+} // namespace support

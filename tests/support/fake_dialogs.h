@@ -6,16 +6,16 @@
 #include <functional>
 #include <vector>
 
-namespace platform {
+namespace support {
 
 // Dialogs for tests: records what is shown and answers from a script. Where the script has ended, a
-// question is answered with No and a dialog is cancelled.
-class FakeDialogs : public Dialogs {
+// question is answered with No and a dialog is cancelled. They are in place while they live.
+class FakeDialogs : public platform::Dialogs {
 public:
     struct Box {
         QString text;
         QString title;
-        BoxIcon icon = BoxIcon::None; // Question for a Yes/No box
+        platform::BoxIcon icon = platform::BoxIcon::None; // Question for a Yes/No box
         bool operator==(const Box&) const = default;
     };
     struct TextRequest {
@@ -26,15 +26,15 @@ public:
 
     // Everything shown so far, in order.
     std::vector<Box> boxes;
-    std::vector<Subject> subjects; // one for each Yes/No box
-    std::vector<FileRequest> fileRequests;
+    std::vector<platform::Subject> subjects; // one for each Yes/No box
+    std::vector<platform::FileRequest> fileRequests;
     std::vector<base::Colour> colourRequests;
     std::vector<TextRequest> textRequests;
 
     // Answers, used from the front.
     std::deque<bool> yesNoAnswers;
     std::deque<QStringList> openAnswers;
-    std::deque<std::optional<SaveChoice>> saveAnswers;
+    std::deque<std::optional<platform::SaveChoice>> saveAnswers;
     std::deque<std::optional<base::Colour>> colourAnswers;
     std::deque<std::optional<QString>> textAnswers;
 
@@ -44,16 +44,19 @@ public:
     // Texts of the boxes, for a short comparison.
     [[nodiscard]] QStringList boxTexts() const;
 
-    void showMessage(const QString& text, const QString& title, BoxIcon icon) override;
-    bool askYesNo(const QString& text, const QString& title, const Subject& subject) override;
-    QStringList openFiles(const FileRequest& request) override;
-    std::optional<SaveChoice> saveFile(const FileRequest& request) override;
+    void showMessage(const QString& text, const QString& title, platform::BoxIcon icon) override;
+    bool askYesNo(const QString& text, const QString& title,
+                  const platform::Subject& subject) override;
+    QStringList openFiles(const platform::FileRequest& request) override;
+    std::optional<platform::SaveChoice> saveFile(const platform::FileRequest& request) override;
     std::optional<base::Colour> chooseColour(base::Colour initial) override;
     std::optional<QString> askText(const QString& label, const QString& title,
                                    const QString& initial) override;
 
 private:
     template<typename Answer> Answer next(std::deque<Answer>& answers);
+
+    platform::ScopedDialogs m_inPlace{*this};
 };
 
-} // namespace platform
+} // namespace support

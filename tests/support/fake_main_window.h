@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/config_store.h"
 #include "core/interfaces.h"
 #include "core/services.h"
 #include "platform/os/file_list.h"
@@ -14,18 +13,6 @@
 // Stand-ins for the main window and what hangs on it, for tests of the folders below the shell.
 // Every call that does something is written to a log by its name.
 namespace support {
-
-class MemoryConfigStore : public core::ConfigStore {
-public:
-    [[nodiscard]] QString read(const QString& key) const override
-    {
-        const auto found = values.find(key);
-        return found == values.end() ? core::kMissingValue : found->second;
-    }
-    void write(const QString& key, const QString& value) override { values[key] = value; }
-
-    std::map<QString, QString> values;
-};
 
 class FakeViewer : public core::Viewer {
 public:

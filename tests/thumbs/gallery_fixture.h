@@ -1,7 +1,7 @@
 #pragma once
 
+#include "support/fake_dialogs.h"
 #include "support/fake_main_window.h"
-#include "support/recorded_dialogs.h"
 #include "support/temp_tree.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/thumbnail_list.h"
@@ -88,7 +88,7 @@ protected:
 
     support::TempTree m_tree;
     support::FakeMainWindow m_main;
-    support::RecordedDialogs m_dialogs;
+    support::FakeDialogs m_dialogs;
     ThumbNailList m_list;
     QTimer m_yield;
 };

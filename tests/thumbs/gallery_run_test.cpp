@@ -500,7 +500,7 @@ TEST_F(ChangingGalleryTest, EndsWhenAnotherFolderWasRefusedMeanwhile)
         }
     });
     chooseFolder("one");
-    EXPECT_EQ(m_dialogs.messages.size(), 1U);
+    EXPECT_EQ(m_dialogs.boxes.size(), 1U);
     EXPECT_EQ(filledRows(), 0);
     EXPECT_EQ(m_list.pages().bitmap(0), nullptr);
 }
@@ -591,12 +591,12 @@ TEST_F(GalleryTest, RefusesAFolderOfTooManyPages)
     m_list.setMaxThumbnailpages(2);
     QSignalSpy status(&m_list, &ThumbNailList::ThumbPageStatus);
     runFolder();
-    ASSERT_EQ(m_dialogs.messages.size(), 1U);
-    EXPECT_EQ(m_dialogs.messages[0].title, "Te veel Thumbnailpagina's");
-    EXPECT_EQ(m_dialogs.messages[0].icon, platform::BoxIcon::Exclamation);
-    EXPECT_TRUE(m_dialogs.messages[0].text.contains("Berekend aantal pagina's = 3\r\n"));
-    EXPECT_TRUE(m_dialogs.messages[0].text.contains("en tot 48\r\n"));
-    EXPECT_TRUE(m_dialogs.messages[0].text.contains("meer dan 260x600\r\n"));
+    ASSERT_EQ(m_dialogs.boxes.size(), 1U);
+    EXPECT_EQ(m_dialogs.boxes[0].title, "Te veel Thumbnailpagina's");
+    EXPECT_EQ(m_dialogs.boxes[0].icon, platform::BoxIcon::Exclamation);
+    EXPECT_TRUE(m_dialogs.boxes[0].text.contains("Berekend aantal pagina's = 3\r\n"));
+    EXPECT_TRUE(m_dialogs.boxes[0].text.contains("en tot 48\r\n"));
+    EXPECT_TRUE(m_dialogs.boxes[0].text.contains("meer dan 260x600\r\n"));
     EXPECT_TRUE(m_list.state().IsLoading);
     EXPECT_EQ(m_list.pages().pages(), 1);
     EXPECT_EQ(filledRows(), 0);
@@ -612,7 +612,7 @@ TEST_F(GalleryTest, RefusesInSilenceWithoutALanguage)
     m_list.setMaxThumbnailpages(2);
     m_list.setLanguage(2);
     runFolder();
-    EXPECT_TRUE(m_dialogs.messages.empty());
+    EXPECT_TRUE(m_dialogs.boxes.empty());
     EXPECT_TRUE(m_list.state().IsLoading);
     EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
     platform::setPointer(platform::Pointer::Default);

@@ -14,8 +14,7 @@
 class ViewerWindow : public testing::Test {
 protected:
     ViewerWindow()
-        : replaced(recorded)
-        , viewer(&host)
+        : viewer(&host)
     {
         host.resize(500, 400);
         viewer.setHost(&host);
@@ -50,8 +49,7 @@ protected:
     }
 
     support::TempTree tree;
-    platform::FakeDialogs recorded;
-    platform::ScopedDialogs replaced;
+    support::FakeDialogs recorded;
     QWidget host;
     cpvPicViewer viewer;
 };

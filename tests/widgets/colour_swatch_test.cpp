@@ -1,6 +1,6 @@
 #include "widgets/colour_swatch.h"
 
-#include "recorded_dialogs.h"
+#include "support/fake_dialogs.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -18,20 +18,19 @@ TEST(ColourSwatch, StartsWhiteAndShowsItsColour)
 
 TEST(ColourSwatch, TakesTheColourChosen)
 {
-    RecordedDialogs dialogs;
-    const platform::ScopedDialogs scope(dialogs);
+    support::FakeDialogs dialogs;
     AASelectColor swatch;
     swatch.setColor(0x112233);
     const QSignalSpy changes(&swatch, &AASelectColor::Changed);
     EXPECT_EQ(changes.count(), 0);
 
-    dialogs.colour = 0x445566;
+    dialogs.colourAnswers = {0x445566};
     QTest::mouseClick(&swatch, Qt::LeftButton);
-    EXPECT_EQ(dialogs.offeredColour, 0x112233U);
+    EXPECT_EQ(dialogs.colourRequests, std::vector<base::Colour>{0x112233});
     EXPECT_EQ(swatch.Color(), 0x445566U);
     EXPECT_EQ(changes.count(), 1);
 
-    dialogs.colour.reset();
+    dialogs.colourAnswers = {std::nullopt};
     QTest::keyClick(&swatch, Qt::Key_Space);
     EXPECT_EQ(swatch.Color(), 0x445566U);
     EXPECT_EQ(changes.count(), 1);

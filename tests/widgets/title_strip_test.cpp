@@ -1,12 +1,10 @@
 #include "widgets/title_strip.h"
 
-#include "core/config_store.h"
-#include "core/services.h"
 #include "platform/os/paths.h"
+#include "support/memory_config_store.h"
 
 #include <QAbstractButton>
 #include <QDir>
-#include <QHash>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -14,27 +12,13 @@
 
 namespace {
 
-class MemoryConfig : public core::ConfigStore {
-public:
-    [[nodiscard]] QString read(const QString& key) const override
-    {
-        return m_values.value(key, "ERROR");
-    }
-    void write(const QString& key, const QString& value) override { m_values[key] = value; }
-
-private:
-    QHash<QString, QString> m_values;
-};
-
 class TitleStripTest : public testing::Test {
 protected:
     void SetUp() override
     {
         qputenv("VISTARA_HOME", m_home.path().toUtf8());
         platform::initialisePaths();
-        core::services().config = &m_config;
     }
-    void TearDown() override { core::services().config = nullptr; }
 
     void deliverPicture()
     {
@@ -57,7 +41,7 @@ protected:
     }
 
     QTemporaryDir m_home;
-    MemoryConfig m_config;
+    support::MemoryConfigStore m_config;
 };
 
 } // namespace

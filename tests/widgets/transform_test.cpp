@@ -1,7 +1,7 @@
 #include "widgets/transform.h"
 
 #include "platform/pictures/picture_box.h"
-#include "recorded_dialogs.h"
+#include "support/fake_dialogs.h"
 
 #include <QPainter>
 #include <QTest>
@@ -29,16 +29,17 @@ protected:
 
 TEST(TransForm, RefusesBothTargetsOrNone)
 {
-    RecordedDialogs dialogs;
-    const platform::ScopedDialogs scope(dialogs);
-    const QString box = "ShapeMe Subroutine|Must pass in the name of either a Form OR a "
-                        "PictureBox.  TransForm received NONE or BOTH.  Function failed.";
+    support::FakeDialogs dialogs;
+    const support::FakeDialogs::Box box{
+        "Must pass in the name of either a Form OR a "
+        "PictureBox.  TransForm received NONE or BOTH.  Function failed.",
+        "ShapeMe Subroutine", platform::BoxIcon::None};
     clsTransForm shaper;
     SpottedForm form;
     const platform::PictureBox picture(4, 4);
     shaper.ShapeMe(kClear, true, nullptr, nullptr);
     shaper.ShapeMe(kClear, true, &form, &picture);
-    EXPECT_EQ(dialogs.shown, QStringList({box, box}));
+    EXPECT_EQ(dialogs.boxes, (std::vector{box, box}));
     EXPECT_TRUE(form.mask().isEmpty());
     EXPECT_TRUE(shaper.region().isEmpty());
 }

@@ -180,23 +180,23 @@ TEST(Properties, ShowASheetThatGoesWithItsParent)
 TEST(FakeDesktop, RecordsWhatItIsAskedFor)
 {
     const TempTree tree({{"a", ""}});
-    platform::FakeDesktop fake;
-    {
-        const platform::ScopedDesktop scope(fake);
-        EXPECT_TRUE(platform::desktop().openDocument("/help.chm"));
-        EXPECT_TRUE(platform::desktop().startProgram("/bin/editor", {"x"}));
-        platform::desktop().showProperties("/p", nullptr);
-        fake.removesTrashed = true;
-        EXPECT_TRUE(platform::desktop().moveToTrash(tree.path("a")));
-        fake.bits = 16;
-        EXPECT_EQ(platform::desktop().bitsPerPixel(), 16);
-    }
+    const platform::Desktop* const before = &platform::desktop();
+    auto inPlace = std::make_unique<support::FakeDesktop>();
+    support::FakeDesktop& fake = *inPlace;
+    EXPECT_TRUE(platform::desktop().openDocument("/help.chm"));
+    EXPECT_TRUE(platform::desktop().startProgram("/bin/editor", {"x"}));
+    platform::desktop().showProperties("/p", nullptr);
+    fake.removesTrashed = true;
+    EXPECT_TRUE(platform::desktop().moveToTrash(tree.path("a")));
+    fake.bits = 16;
+    EXPECT_EQ(platform::desktop().bitsPerPixel(), 16);
     EXPECT_EQ(fake.opened, QStringList({"/help.chm"}));
-    EXPECT_EQ(fake.started, std::vector<platform::FakeDesktop::Start>({{"/bin/editor", {"x"}}}));
+    EXPECT_EQ(fake.started, std::vector<support::FakeDesktop::Start>({{"/bin/editor", {"x"}}}));
     EXPECT_EQ(fake.shownProperties, QStringList({"/p"}));
     EXPECT_EQ(fake.trashed, QStringList({tree.path("a")}));
     EXPECT_FALSE(tree.exists("a"));
-    EXPECT_NE(&platform::desktop(), &fake);
+    inPlace.reset();
+    EXPECT_EQ(&platform::desktop(), before);
 }
 
 #include "desktop_test.moc"

@@ -533,23 +533,23 @@ TEST(TextDialog, ProposesAndReturnsAText)
 
 TEST(FakeDialogs, RecordAndAnswerFromTheirScript)
 {
-    platform::FakeDialogs fake;
-    {
-        const platform::ScopedDialogs scope(fake);
-        fake.yesNoAnswers = {true};
-        fake.saveAnswers = {platform::SaveChoice{"/a", 3}, std::nullopt};
-        int timesOpen = 0;
-        fake.whileOpen = [&] { ++timesOpen; };
-        platform::dialogs().showMessage("Text", "Title", BoxIcon::Exclamation);
-        EXPECT_TRUE(platform::dialogs().askYesNo("Sure?", ""));
-        EXPECT_FALSE(platform::dialogs().askYesNo("Sure?", ""));
-        EXPECT_EQ(platform::dialogs().saveFile({})->filterIndex, 3);
-        EXPECT_FALSE(platform::dialogs().saveFile({}));
-        EXPECT_FALSE(platform::dialogs().chooseColour(7));
-        EXPECT_EQ(timesOpen, 6);
-    }
+    const platform::Dialogs* const before = &platform::dialogs();
+    auto inPlace = std::make_unique<support::FakeDialogs>();
+    support::FakeDialogs& fake = *inPlace;
+    fake.yesNoAnswers = {true};
+    fake.saveAnswers = {platform::SaveChoice{"/a", 3}, std::nullopt};
+    int timesOpen = 0;
+    fake.whileOpen = [&] { ++timesOpen; };
+    platform::dialogs().showMessage("Text", "Title", BoxIcon::Exclamation);
+    EXPECT_TRUE(platform::dialogs().askYesNo("Sure?", ""));
+    EXPECT_FALSE(platform::dialogs().askYesNo("Sure?", ""));
+    EXPECT_EQ(platform::dialogs().saveFile({})->filterIndex, 3);
+    EXPECT_FALSE(platform::dialogs().saveFile({}));
+    EXPECT_FALSE(platform::dialogs().chooseColour(7));
+    EXPECT_EQ(timesOpen, 6);
     EXPECT_EQ(fake.boxTexts(), QStringList({"Text", "Sure?", "Sure?"}));
-    EXPECT_EQ(fake.boxes[0], (platform::FakeDialogs::Box{"Text", "Title", BoxIcon::Exclamation}));
+    EXPECT_EQ(fake.boxes[0], (support::FakeDialogs::Box{"Text", "Title", BoxIcon::Exclamation}));
     EXPECT_EQ(fake.colourRequests, std::vector<base::Colour>({7}));
-    EXPECT_NE(&platform::dialogs(), &fake);
+    inPlace.reset();
+    EXPECT_EQ(&platform::dialogs(), before);
 }

@@ -268,7 +268,7 @@ protected:
 TEST_F(BusyPaneTest, LeavesTheTileThatWasChosenInTheField)
 {
     start();
-    m_dialogs.answer = true;
+    m_dialogs.yesNoAnswers = {true};
     whileLoading("many", 5, [this] { clickTile(1); });
     EXPECT_EQ(m_main.xiala, m_tree.path("many/f101.swf"));
     m_main.fakeViewer.pictureExists = true;
@@ -373,7 +373,7 @@ TEST_F(PaneTest, GoesOnWithAFileThatCannotBeLoaded)
     EXPECT_EQ(m_main.xiala, m_tree.path("pics/d.jpg"));
     EXPECT_EQ(m_pane->File1().listIndex(), 3);
     EXPECT_TRUE(m_main.log.contains("addRecentPath " + m_tree.path("pics/d.jpg")));
-    EXPECT_TRUE(m_dialogs.messages.empty());
+    EXPECT_TRUE(m_dialogs.boxes.empty());
 }
 
 TEST_F(PaneTest, RoutesADoubleClickedTile)
@@ -392,16 +392,16 @@ TEST_F(PaneTest, AsksForAPictureWhereAButtonNeedsOne)
     start();
     constexpr bool kNeedsPicture[] = {false, false, true, true, true, true, true, true, false};
     for (int k = 0; k < frmThumbnaillist::kButtons; ++k) {
-        m_dialogs.messages.clear();
+        m_dialogs.boxes.clear();
         m_main.fakeViewer.pictureExists = false;
         press(k);
-        EXPECT_EQ(m_dialogs.messages.size(), kNeedsPicture[k] ? 1U : 0U) << k;
-        if (kNeedsPicture[k] && m_dialogs.messages.size() == 1U) {
-            EXPECT_EQ(m_dialogs.messages[0].text, "No picture to process.");
-            EXPECT_EQ(m_dialogs.messages[0].icon, platform::BoxIcon::Information);
+        EXPECT_EQ(m_dialogs.boxes.size(), kNeedsPicture[k] ? 1U : 0U) << k;
+        if (kNeedsPicture[k] && m_dialogs.boxes.size() == 1U) {
+            EXPECT_EQ(m_dialogs.boxes[0].text, "No picture to process.");
+            EXPECT_EQ(m_dialogs.boxes[0].icon, platform::BoxIcon::Information);
         }
     }
-    EXPECT_TRUE(m_dialogs.questions.isEmpty());
+    EXPECT_TRUE(m_dialogs.subjects.empty());
 }
 
 TEST_F(PaneTest, HostsTheFolderTree)
@@ -473,24 +473,24 @@ TEST_F(PaneTest, MovesTheFileInTheFieldToTheTrash)
     start();
     clickTile(0);
     press(4);
-    ASSERT_EQ(m_dialogs.questions.size(), 1);
-    EXPECT_TRUE(m_dialogs.questions[0].contains(m_tree.path("pics/a.bmp")));
+    ASSERT_EQ(m_dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(m_dialogs.boxes[0].text.contains(m_tree.path("pics/a.bmp")));
     EXPECT_TRUE(m_desktop.trashed.isEmpty());
-    m_dialogs.answer = true;
+    m_dialogs.yesNoAnswers = {true};
     press(4);
     EXPECT_EQ(m_desktop.trashed, (QStringList{m_tree.path("pics/a.bmp")}));
-    EXPECT_TRUE(m_dialogs.messages.empty());
+    EXPECT_EQ(m_dialogs.boxes.size(), 2U) << "the two questions";
 }
 
 TEST_F(PaneTest, SaysThatAFileStays)
 {
     start();
     clickTile(0);
-    m_dialogs.answer = true;
-    m_desktop.trashWorks = false;
+    m_dialogs.yesNoAnswers = {true};
+    m_desktop.succeeds = false;
     press(4);
-    ASSERT_EQ(m_dialogs.messages.size(), 1U);
-    EXPECT_TRUE(m_dialogs.messages[0].text.contains(m_tree.path("pics/a.bmp")));
+    ASSERT_EQ(m_dialogs.boxes.size(), 2U) << "the question and what came of it";
+    EXPECT_TRUE(m_dialogs.boxes[1].text.contains(m_tree.path("pics/a.bmp")));
 }
 
 TEST_F(PaneTest, NamesTheFolderBeforeItDeletesIt)
@@ -499,8 +499,8 @@ TEST_F(PaneTest, NamesTheFolderBeforeItDeletesIt)
     m_main.fakeViewer.pictureExists = true;
     m_main.xiala = m_tree.path("other"); // right after a change of folder
     press(4);
-    ASSERT_EQ(m_dialogs.questions.size(), 1);
-    EXPECT_TRUE(m_dialogs.questions[0].contains(m_tree.path("other")));
+    ASSERT_EQ(m_dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(m_dialogs.boxes[0].text.contains(m_tree.path("other")));
 }
 
 class ModalWindow : public QWidget, public files::TransferWindow {
@@ -712,7 +712,7 @@ TEST_F(PaneTest, KeepsHoldingTheSplitterAfterARefusal)
     start();
     list().setMaxThumbnailpages(-1);
     m_pane->treeSelected(m_tree.path("other"));
-    EXPECT_EQ(m_dialogs.messages.size(), 1U);
+    EXPECT_EQ(m_dialogs.boxes.size(), 1U);
     EXPECT_FALSE(part("Splitter")->isEnabled());
     EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
     list().setMaxThumbnailpages(100);
@@ -756,7 +756,7 @@ TEST_F(PaneTest, ShowsNothingForThePageStatus)
     emit list().ThumbPageStatus(60, 24, 3, 70);
     EXPECT_TRUE(m_main.log.isEmpty());
     EXPECT_EQ(m_main.statusBar.panels, panels);
-    EXPECT_TRUE(m_dialogs.messages.empty());
+    EXPECT_TRUE(m_dialogs.boxes.empty());
 }
 
 TEST_F(PaneTest, SurvivesItsEndInARun)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "core/state.h"
+#include "support/fake_desktop.h"
+#include "support/memory_config_store.h"
 #include "thumbs/gallery_fixture.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/pane/browser_pane.h"
@@ -23,7 +25,6 @@ protected:
         m_tree.add({"pics/sub/x.swf", "x"});
         m_tree.add({"other/y.swf", "y"});
         m_config.values["SpeciFolder"] = m_tree.path("pics");
-        core::services().config = &m_config;
         core::state() = {};
         core::state().BrowserShown = true;
         m_main.parentWindow = &m_form;
@@ -35,7 +36,6 @@ protected:
     ~PaneTest() override
     {
         m_pane.reset();
-        core::services().config = nullptr;
         core::state() = {};
     }
 
@@ -81,8 +81,8 @@ protected:
     support::TempTree m_tree;
     support::MemoryConfigStore m_config;
     support::FakeMainWindow m_main;
-    support::RecordedDialogs m_dialogs;
-    support::RecordedDesktop m_desktop;
+    support::FakeDialogs m_dialogs;
+    support::FakeDesktop m_desktop;
     QWidget m_form;
     std::unique_ptr<frmThumbnaillist> m_pane;
     int m_runs = 0;
