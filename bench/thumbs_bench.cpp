@@ -42,10 +42,11 @@ int runFolder(ThumbNailList& list, const QString& folder)
     list.setPath(folder);
     list.Makegallery();
     const double ms = milliseconds(timer);
-    const int files = list.File1().count();
+    const int files = list.surface().File1.count();
     std::printf("thumbs_%d %.1f ms pictures=%d per_s=%.1f pages=%d page_mb=%.1f peak_mb=%.1f\n",
-                list.ThumbNailSize(), ms, files, files / ms * 1000.0, list.pages().pages(),
-                static_cast<double>(list.pages().bitmapBytes()) / 1048576.0, peakMegabytes());
+                list.ThumbNailSize(), ms, files, files / ms * 1000.0, list.surface().pages.pages(),
+                static_cast<double>(list.surface().pages.bitmapBytes()) / 1048576.0,
+                peakMegabytes());
     return 0;
 }
 
@@ -68,17 +69,18 @@ public:
         : m_list(list)
         , m_timer(timer)
     {
-        list.viewport().installEventFilter(this);
+        list.surface().viewport.installEventFilter(this);
     }
     double firstTile = 0.0;
 
 private:
     bool eventFilter(QObject* /*watched*/, QEvent* event) override
     {
-        const bool painted = event->type() == QEvent::Paint && m_list.pages().bitmap(0) != nullptr;
+        const bool painted =
+            event->type() == QEvent::Paint && m_list.surface().pages.bitmap(0) != nullptr;
         if (painted && firstTile == 0.0) {
             firstTile = milliseconds(m_timer);
-            m_list.state().CancelLoading = true;
+            m_list.surface().state.CancelLoading = true;
         }
         return false;
     }
@@ -93,7 +95,7 @@ double firstTileTime(const QString& folder, int size)
     list.resize(kControl);
     list.setThumbNailSize(size);
     list.setMaxThumbnailpages(1 << 20);
-    list.setInfoText(QStringLiteral("The fonts of a program that runs are loaded"));
+    list.surface().setInfoText(QStringLiteral("The fonts of a program that runs are loaded"));
     list.show();
     QCoreApplication::processEvents();
     QElapsedTimer timer;

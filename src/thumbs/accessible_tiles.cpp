@@ -53,8 +53,9 @@ public:
         if (row == nullptr) {
             return {};
         }
-        const QRect place = m_list->viewport().tilePlace(row->page, row->box);
-        return {m_list->viewport().mapToGlobal(place.topLeft()), place.size()};
+        const PageViewport& viewport = m_list->surface().viewport;
+        const QRect place = viewport.tilePlace(row->page, row->box);
+        return {viewport.mapToGlobal(place.topLeft()), place.size()};
     }
 
     [[nodiscard]] QAccessible::State state() const override
@@ -92,7 +93,7 @@ public:
 private:
     [[nodiscard]] const TileRow* tile() const
     {
-        return m_list == nullptr ? nullptr : m_list->state().ThumbTable.filledRow(m_row);
+        return m_list == nullptr ? nullptr : m_list->tile(m_row);
     }
 
     QPointer<ThumbNailList> m_list;

@@ -65,15 +65,15 @@ void GalleryRun::run()
 void GalleryRun::begin()
 {
     m_list.ResetLoading();
-    GalleryState& state = m_list.state();
+    GalleryState& state = m_list.surface().state;
     ++state.runs;
     state.IsPrintPreview = false;
     state.IsHtmlRun = false;
     holdHost();
-    m_list.layoutFirstPage();
+    m_list.surface().layoutFirstPage();
     const QSize extra(m_list.ThumbnailExtraWidth(), m_list.ThumbnailExtraHeight());
-    state.grid =
-        makeTileGrid(m_list.pages().stack().pageSize(), m_list.ThumbNailSize(), extra, state.grid);
+    state.grid = makeTileGrid(m_list.surface().pages.stack().pageSize(), m_list.ThumbNailSize(),
+                              extra, state.grid);
     state.PageColumns = state.grid.columns;
     state.ThumbsPerPage = state.grid.tilesPerPage();
 }
@@ -82,19 +82,19 @@ void GalleryRun::holdHost()
 {
     enableSplitter(false);
     platform::setPointer(platform::Pointer::ArrowHourGlass);
-    m_list.state().IsLoading = true;
+    m_list.surface().state.IsLoading = true;
 }
 
 // False ends the run; the pointer and the splitter then stay as holdHost() set them.
 bool GalleryRun::acceptFolder()
 {
-    GalleryState& state = m_list.state();
+    GalleryState& state = m_list.surface().state;
     if (m_list.isDesignTime()) {
         m_fileCount = state.ThumbsPerPage;
         state.ThumbTable.resize(m_fileCount);
         return true;
     }
-    m_fileCount = m_list.File1().count();
+    m_fileCount = m_list.surface().File1.count();
     const int pages = fullPages(m_fileCount, state.ThumbsPerPage);
     if (pages > m_list.MaxThumbnailpages()) {
         refuse(pages);
@@ -107,13 +107,13 @@ bool GalleryRun::acceptFolder()
 
 void GalleryRun::refuse(int pages)
 {
-    GalleryState& state = m_list.state();
+    GalleryState& state = m_list.surface().state;
     TooManyPages facts;
     facts.pages = pages;
     facts.limit = m_list.MaxThumbnailpages();
     facts.tilesPerPage = state.ThumbsPerPage;
     facts.pictureSize = m_list.ThumbNailSize();
-    facts.page = m_list.pages().stack().pageSize();
+    facts.page = m_list.surface().pages.stack().pageSize();
     facts.passingSize = largestPassingSize(facts.page, m_fileCount, facts.pictureSize, facts.limit);
     const int runs = state.runs;
     if (const auto report = tooManyPagesReport(m_list.Language(), facts)) {
@@ -134,7 +134,7 @@ void GalleryRun::refuse(int pages)
 void GalleryRun::walk()
 {
     while (m_fileIndex < m_fileCount) {
-        if (!platform::pump(m_alive) || m_list.state().CancelLoading) {
+        if (!platform::pump(m_alive) || m_list.surface().state.CancelLoading) {
             return;
         }
         // A run that has ended meanwhile has put these back.
@@ -152,7 +152,7 @@ void GalleryRun::walk()
 // left no table to fill.
 bool GalleryRun::makeTile()
 {
-    GalleryState& state = m_list.state();
+    GalleryState& state = m_list.surface().state;
     if (!state.ThumbTable.hasRow(m_fileIndex)) {
         return false;
     }
@@ -162,11 +162,11 @@ bool GalleryRun::makeTile()
         drawTile({}, place);
         return true;
     }
-    const QString name = m_list.File1().name(m_fileIndex);
+    const QString name = m_list.surface().File1.name(m_fileIndex);
     if (name.isEmpty()) {
         return false;
     }
-    const QString path = platform::withSeparator(m_list.File1().path()) + name;
+    const QString path = platform::withSeparator(m_list.surface().File1.path()) + name;
     const bool isThere = hasTile(path, place);
     if (!isThere) {
         const int runs = state.runs;
@@ -187,7 +187,7 @@ bool GalleryRun::makeTile()
 
 bool GalleryRun::hasTile(const QString& path, const TilePlace& place) const
 {
-    const GalleryState& state = m_list.state();
+    const GalleryState& state = m_list.surface().state;
     const TileRow* row = state.ThumbTable.filledRow(m_fileIndex);
     return row != nullptr && row->path == path && row->page == place.page &&
            row->box == tileBox(state.grid, place.column, place.row);
@@ -198,24 +198,24 @@ void GalleryRun::loadPicture(const QString& path)
 {
     const TileKind& kind = tileKindFor(files::extensionOf(platform::fileNameOf(path)));
     if (const auto& badge = m_icons.icon(badgeFile(kind, core::state().FrameWindowOpen))) {
-        m_list.fNX() = *badge;
+        m_list.surface().fNX = *badge;
     }
     switch (kind.source) {
     case TileSource::Icon:
         if (const auto& icon = m_icons.icon(iconFile(kind))) {
-            m_list.P_load() = {*icon, QSize(icon->width(), icon->height())};
+            m_list.surface().P_load = {*icon, QSize(icon->width(), icon->height())};
         }
         break;
     case TileSource::OwnDecoder:
         m_list.openPsd(path);
         break;
     case TileSource::File: {
-        const TileGrid& grid = m_list.state().grid;
-        const double ratio = m_list.pages().ratio();
+        const TileGrid& grid = m_list.surface().state.grid;
+        const double ratio = m_list.surface().pages.ratio();
         const QSizeF box(grid.cellWidth - kTileBorder, grid.cellHeight - kTileBorder);
         if (const auto loaded =
                 platform::loadTilePicture(path, (box * ratio).toSize(), &fitPicture)) {
-            m_list.P_load() = {loaded->picture, loaded->naturalSize};
+            m_list.surface().P_load = {loaded->picture, loaded->naturalSize};
         }
         break;
     }
@@ -226,40 +226,40 @@ void GalleryRun::writeBar()
 {
     const BarFacts facts{m_pageIndex, m_fileIndex, m_fileCount, m_list.ThumbNailSize()};
     if (const auto text = runningText(m_list.Language(), facts)) {
-        m_list.setInfoText(*text);
+        m_list.surface().setInfoText(*text);
     }
 }
 
 void GalleryRun::turnTo(int page)
 {
     m_pageIndex = page;
-    while (m_list.pages().pages() <= page) {
-        m_list.addPage();
+    while (m_list.surface().pages.pages() <= page) {
+        m_list.surface().addPage();
     }
 }
 
 void GalleryRun::drawTile(const QString& path, const TilePlace& place)
 {
-    const TileGrid& grid = m_list.state().grid;
+    const TileGrid& grid = m_list.surface().state.grid;
     const QSize cell(grid.cellWidth, grid.cellHeight);
-    LoadedPicture& loaded = m_list.P_load();
+    LoadedPicture& loaded = m_list.surface().P_load;
     const QSize fit = fitPicture(loaded.naturalSize, cell - QSize(kTileBorder, kTileBorder));
     const bool drawn = m_list.isDesignTime() || (fit.height() > 0 && fit.width() != 0);
     if (!drawn) {
         return;
     }
     const TileBox box = tileBox(grid, place.column, place.row);
-    PageSheet& pages = m_list.pages();
+    PageSheet& pages = m_list.surface().pages;
     pages.fillBox(place.page, box.grown(1), m_list.ThumbNailBorderColor());
     pages.fillBox(place.page, box, m_list.ThumbNailColor());
     if (!m_list.isDesignTime()) {
         const QPointF corner(box.left, box.top);
         pages.paintPicture(place.page, loaded.picture, corner + pictureOffset(cell, fit), fit);
-        const platform::Picture& badge = m_list.fNX();
+        const platform::Picture& badge = m_list.surface().fNX;
         pages.paintPicture(place.page, badge, corner, QSize(badge.width(), badge.height()));
-        m_list.state().ThumbTable.fill(m_fileIndex, box, path, place.page);
+        m_list.surface().state.ThumbTable.fill(m_fileIndex, box, path, place.page);
     }
-    m_list.showTile(place.page, box.grown(1));
+    m_list.surface().showTile(place.page, box.grown(1));
     loaded.thinOut();
 }
 
@@ -273,14 +273,14 @@ void GalleryRun::showProgress()
 
 void GalleryRun::finish()
 {
-    m_list.showTop();
+    m_list.surface().showTop();
     enableSplitter(true);
     platform::setPointer(platform::Pointer::Default);
     const BarFacts facts{m_pageIndex, m_fileIndex, m_fileCount, m_list.ThumbNailSize()};
     if (const auto text = closingText(m_list.Language(), facts)) {
-        m_list.setInfoText(*text);
+        m_list.surface().setInfoText(*text);
     }
-    GalleryState& state = m_list.state();
+    GalleryState& state = m_list.surface().state;
     state.IsLoading = false;
     state.CancelLoading = false;
     state.IsPrinting = false;

@@ -24,11 +24,11 @@ void drawOn(thumbs::PageSheet& pages, int page, const thumbs::ThumbnailPropertie
 // Presses on the mock pages stay ignored until the next run of thumbnails.
 void ThumbNailList::Html_Thumbnail_Preview()
 {
-    m_state.IsHtmlRun = true;
-    m_sheet.destroyExtraPages();
-    layoutFirstPage();
-    addPage();
-    drawOn(m_sheet, 0, m_values, &thumbs::drawMasterPage);
-    drawOn(m_sheet, 1, m_values, &thumbs::drawDetailPage);
-    m_viewport->update();
+    m_surface.state.IsHtmlRun = true;
+    m_surface.pages.destroyExtraPages();
+    m_surface.layoutFirstPage();
+    m_surface.addPage();
+    drawOn(m_surface.pages, 0, m_values, &thumbs::drawMasterPage);
+    drawOn(m_surface.pages, 1, m_values, &thumbs::drawDetailPage);
+    m_surface.viewport.update();
 }

@@ -10,6 +10,6 @@ void ThumbNailList::openPsd(const QString& path)
     platform::PictureBox box;
     const auto picture = core::loadOwnFormat(path, box, platform::OnFailure::Stop);
     if (alive != nullptr && picture) {
-        m_loaded = {*picture, QSize(picture->width(), picture->height())};
+        m_surface.P_load = {*picture, QSize(picture->width(), picture->height())};
     }
 }

@@ -1,48 +1,13 @@
 #pragma once
 
 #include "core/interfaces.h"
-#include "platform/os/file_list.h"
-#include "platform/pictures/picture.h"
-#include "thumbs/loaded_picture.h"
-#include "thumbs/page_sheet.h"
+#include "thumbs/run_surface.h"
 #include "thumbs/thumbnail_settings.h"
-#include "thumbs/tile_grid.h"
-#include "thumbs/tile_table.h"
 
 #include <QWidget>
 #include <functional>
 #include <optional>
 #include <span>
-
-class QScrollBar;
-
-namespace thumbs {
-
-class InfoBar;
-class PageViewport;
-
-// What a run of the thumbnails leaves for the next step and for other runs. Runs may nest: a
-// handler that runs while one yields can start another, and both work on these fields.
-struct GalleryState {
-    TileTable ThumbTable;
-    TileGrid grid;         // CellWidth, CellHeight, and where the tiles stand
-    int ThumbCellSize = 0; // the tile size of the public measures
-    int PageColumns = 0;
-    int ThumbsPerPage = 0;
-    int PagesLoaded = 0; // counts up with every page made and isn't set back
-    int runs = 0;        // begun so far; a run sees by it that another one has worked meanwhile
-    bool IsLoading = false;
-    bool CancelLoading = false; // the running loop stops at its next file
-    bool IsPrintPreview = false;
-    bool IsHtmlRun = false;
-    bool IsPrinting = false;
-};
-
-} // namespace thumbs
-
-namespace widgets {
-class ProgressStrip;
-}
 
 // One folder as a stack of pages. A page is one bitmap that every tile of it is painted into;
 // clicks are found in a table of tile boxes. Lengths are device-independent pixels.
@@ -71,6 +36,8 @@ public:
 
     // Makes all pages anew. Lets events run once per file; the control may be gone when it returns.
     void Makegallery();
+    // The same for a list that was read already; the path property stays as it is.
+    void makeGalleryOf(const platform::FileList& list);
 
     // Empties selection, table and pages, stops a running loop and leaves IsLoading set.
     void ResetLoading();
@@ -108,33 +75,13 @@ public:
     void writeProperties(thumbs::PropertyBag& bag);
     void readProperties(const thumbs::PropertyBag& bag);
 
-    // The parts that runs work with, those of albums and contact sheets too.
-    [[nodiscard]] thumbs::GalleryState& state() { return m_state; }
-    [[nodiscard]] const thumbs::GalleryState& state() const { return m_state; }
+    // What runs work on.
+    [[nodiscard]] thumbs::RunSurface& surface() { return m_surface; }
     [[nodiscard]] const thumbs::Selection& selection() const { return m_selection; }
-    [[nodiscard]] thumbs::PageSheet& pages() { return m_sheet; }
-    [[nodiscard]] platform::FileList& File1() { return m_files; }
-    [[nodiscard]] thumbs::LoadedPicture& P_load() { return m_loaded; }
-    [[nodiscard]] platform::Picture& fNX() { return m_badge; }
-    [[nodiscard]] core::ProgressStrip& Gradient();
-    [[nodiscard]] thumbs::PageViewport& viewport() { return *m_viewport; }
-    [[nodiscard]] QScrollBar& V_Scroll() { return *m_scroll; }
-    [[nodiscard]] QSize viewportSize() const;
+    [[nodiscard]] const thumbs::TileGrid& grid() const { return m_surface.state.grid; }
+    // The tile of a row, null for none.
+    [[nodiscard]] const thumbs::TileRow* tile(int row) const;
     [[nodiscard]] bool isDesignTime() const { return m_use == Use::DesignTime; }
-
-    [[nodiscard]] QString infoText() const;
-    void setInfoText(const QString& text);
-
-    // Gives the first page its place for the present viewport; further pages are gone.
-    void layoutFirstPage();
-    // Appends a page below the last one.
-    void addPage();
-    // Scroll bar and sheet as the stack of pages wants them.
-    void followPages();
-    // Sheet and scroll bar back to the top, where there is something to scroll.
-    void showTop();
-    // Brings what was painted in a box to the screen.
-    void showTile(int page, const thumbs::TileBox& box);
 
 signals:
     void ThumbClick(int index, const QString& fileName);
@@ -150,9 +97,9 @@ protected:
     void written(thumbs::WriteEffect effect) override;
 
 private:
-    void makeParts();
+    void nameParts();
+    void connectParts();
     void layoutParts();
-    void takeFrameColour();
     void showInfoColours();
     void pathWritten();
     void followPathChange();
@@ -164,16 +111,7 @@ private:
     [[nodiscard]] std::vector<thumbs::TileBox> tilesOfFirstPage() const;
 
     const Use m_use;
-    thumbs::GalleryState m_state;
+    thumbs::RunSurface m_surface;
     thumbs::Selection m_selection;
-    thumbs::PageSheet m_sheet;
-    thumbs::LoadedPicture m_loaded;
-    platform::Picture m_badge;
-    platform::FileList m_files;
     std::function<void(ThumbNailList&)> m_printLayout;
-
-    thumbs::InfoBar* m_infoBar = nullptr;
-    widgets::ProgressStrip* m_strip = nullptr;
-    thumbs::PageViewport* m_viewport = nullptr;
-    QScrollBar* m_scroll = nullptr;
 };

@@ -8,16 +8,16 @@
 
 void ThumbNailList::pressPage(int page, QPoint place)
 {
-    if (m_state.IsPrintPreview || m_state.IsHtmlRun) {
+    if (m_surface.state.IsPrintPreview || m_surface.state.IsHtmlRun) {
         return;
     }
     drawHighlight(m_selection.page, m_selection.tile, m_values.ThumbNailBorderColor);
     const std::optional<int> row =
-        m_state.ThumbTable.rowAt(page, place.x(), place.y(), m_files.count());
+        m_surface.state.ThumbTable.rowAt(page, place.x(), place.y(), m_surface.File1.count());
     if (!row) {
         return;
     }
-    m_selection = {m_state.ThumbTable.filledRow(*row)->path, *row, *row, page, true};
+    m_selection = {m_surface.state.ThumbTable.filledRow(*row)->path, *row, *row, page, true};
     drawHighlight(page, *row, m_values.ThumbNailSelectColor);
     thumbs::announceTile(*this, *row);
     emit ThumbClick(m_selection.index, QString(m_selection.path));
@@ -25,7 +25,7 @@ void ThumbNailList::pressPage(int page, QPoint place)
 
 void ThumbNailList::doubleClickPage(int /*page*/)
 {
-    if (m_state.IsPrintPreview || m_selection.path.isEmpty()) {
+    if (m_surface.state.IsPrintPreview || m_selection.path.isEmpty()) {
         return;
     }
     const QPointer<ThumbNailList> alive = this;
@@ -37,7 +37,7 @@ void ThumbNailList::doubleClickPage(int /*page*/)
 
 void ThumbNailList::pressTile(int row)
 {
-    const thumbs::TileRow* tile = m_state.ThumbTable.filledRow(row);
+    const thumbs::TileRow* tile = m_surface.state.ThumbTable.filledRow(row);
     if (tile == nullptr) {
         return;
     }
@@ -57,27 +57,27 @@ int ThumbNailList::selectedTile() const
 
 std::span<const int> ThumbNailList::tiles() const
 {
-    const std::vector<int>& rows = m_state.ThumbTable.tiles();
-    return {rows.begin(), std::lower_bound(rows.begin(), rows.end(), m_files.count())};
+    const std::vector<int>& rows = m_surface.state.ThumbTable.tiles();
+    return {rows.begin(), std::lower_bound(rows.begin(), rows.end(), m_surface.File1.count())};
 }
 
 // No further than it takes; a tile taller than the viewport shows its top.
 void ThumbNailList::bringIntoSight(const thumbs::TileRow& tile)
 {
     const QRect place =
-        tile.box.grown(1).rect().translated(m_sheet.stack().pageRect(tile.page).topLeft());
-    const int highest = place.bottom() + 1 - viewportSize().height();
-    const int value = std::min(std::max(m_scroll->value(), highest), place.top());
-    m_scroll->setValue(value);
+        tile.box.grown(1).rect().translated(m_surface.pages.stack().pageRect(tile.page).topLeft());
+    const int highest = place.bottom() + 1 - m_surface.viewportSize().height();
+    const int value = std::min(std::max(m_surface.V_Scroll.value(), highest), place.top());
+    m_surface.V_Scroll.setValue(value);
 }
 
 void ThumbNailList::drawHighlight(int page, int row, base::Colour colour)
 {
-    const thumbs::TileRow* tile = m_state.ThumbTable.filledRow(row);
-    if (tile == nullptr || m_sheet.bitmap(page) == nullptr) {
+    const thumbs::TileRow* tile = m_surface.state.ThumbTable.filledRow(row);
+    if (tile == nullptr || m_surface.pages.bitmap(page) == nullptr) {
         return;
     }
     const thumbs::TileBox ring = tile->box.grown(1);
-    m_sheet.frameBox(page, ring, colour);
-    showTile(page, ring);
+    m_surface.pages.frameBox(page, ring, colour);
+    m_surface.showTile(page, ring);
 }

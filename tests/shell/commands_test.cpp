@@ -594,9 +594,8 @@ TEST_F(CommandsTest, ShowTheTilesOfWhatIsOpenedEachTime)
         for (const char* name : {"a.bmp", "b.bmp"}) {
             program.dialogs.openAnswers.push_back({program.picture(name)});
             form.toolbars().keyButton(QStringLiteral("open"))->click();
-            ASSERT_NE(tiles->state().ThumbTable.filledRow(0), nullptr);
-            EXPECT_EQ(tiles->state().ThumbTable.filledRow(0)->path,
-                      program.tree.path(std::string("app/openTemp/") + name));
+            ASSERT_NE(tiles->tile(0), nullptr);
+            EXPECT_EQ(tiles->tile(0)->path, program.tree.path(std::string("app/openTemp/") + name));
         }
     });
 }

@@ -54,7 +54,7 @@ protected:
     static QStringList tilePaths()
     {
         QStringList paths;
-        const auto& table = pane().ThumbNailList1().state().ThumbTable;
+        const auto& table = pane().ThumbNailList1().surface().state.ThumbTable;
         for (int row = 0; const auto* tile = table.filledRow(row); ++row) {
             paths.append(tile->path);
         }
@@ -120,7 +120,7 @@ TEST_F(FolderChoiceTest, HighlightsTheFolderChosenInTheRunOfAnother)
         QTreeWidgetItem* const home = tree().currentItem();
         home->setExpanded(true);
         QStringList highlights;
-        const ThumbNailList& tiles = pane().ThumbNailList1();
+        ThumbNailList& tiles = pane().ThumbNailList1();
         QObject::connect(&tiles, &ThumbNailList::ThumbPageStatus, &form, [&] {
             highlights.append(tree().selectedItems().value(0)->text(0));
             if (highlights.size() == 1) {
@@ -132,7 +132,7 @@ TEST_F(FolderChoiceTest, HighlightsTheFolderChosenInTheRunOfAnother)
         EXPECT_EQ(highlights, QStringList({"one", "two"}));
         EXPECT_EQ(tree().selectedItems(), QList{home->child(1)});
         EXPECT_EQ(RunningProgram::File1().path(), program.tree.path("home/two"));
-        EXPECT_TRUE(RunningProgram::waitFor([&] { return !tiles.state().IsLoading; }));
+        EXPECT_TRUE(RunningProgram::waitFor([&] { return !tiles.surface().state.IsLoading; }));
         EXPECT_EQ(core::state().CurrentFolder, program.tree.path("home/two"));
     });
 }

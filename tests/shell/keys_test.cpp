@@ -89,21 +89,21 @@ protected:
 
 QPoint placeOf(ThumbNailList& list, int tile)
 {
-    const thumbs::TileRow* row = list.state().ThumbTable.filledRow(tile);
-    const QPoint corner = list.pages().stack().pageRect(row->page).topLeft();
-    return list.viewport().sheetPosition() + corner + row->box.rect().center();
+    const thumbs::TileRow* row = list.tile(tile);
+    const QPoint corner = list.surface().pages.stack().pageRect(row->page).topLeft();
+    return list.surface().viewport.sheetPosition() + corner + row->box.rect().center();
 }
 
 void clickTile(ThumbNailList& list, int tile)
 {
-    QTest::mouseClick(&list.viewport(), Qt::LeftButton, {}, placeOf(list, tile));
+    QTest::mouseClick(&list.surface().viewport, Qt::LeftButton, {}, placeOf(list, tile));
 }
 
 void doubleClickTile(ThumbNailList& list, int tile)
 {
     clickTile(list, tile);
     list.setFocus();
-    QTest::mouseDClick(&list.viewport(), Qt::LeftButton, {}, placeOf(list, tile));
+    QTest::mouseDClick(&list.surface().viewport, Qt::LeftButton, {}, placeOf(list, tile));
 }
 
 } // namespace

@@ -88,7 +88,7 @@ TEST_F(OddFoldersTest, FallsBackToTheHomeFolderWhenTheStartFolderIsMissing)
         EXPECT_EQ(RunningProgram::File1().count(), 3);
         auto* list = form.findChild<ThumbNailList*>(QStringLiteral("ThumbNailList1"));
         for (int k = 0; k < 3; ++k) {
-            EXPECT_NE(list->state().ThumbTable.filledRow(k), nullptr) << k;
+            EXPECT_NE(list->tile(k), nullptr) << k;
         }
     });
     EXPECT_TRUE(program.dialogs.boxes.empty());

@@ -313,7 +313,7 @@ TEST_F(StartTest, RunsTheGalleryOnce)
         QApplication::processEvents();
         QApplication::processEvents();
         EXPECT_EQ(runs, 0); // the one of the start is over
-        EXPECT_NE(tiles->state().ThumbTable.filledRow(2), nullptr);
+        EXPECT_NE(tiles->tile(2), nullptr);
         form.findChild<QWidget*>(QStringLiteral("Xiala"))->setFocus();
         RunningProgram::click(*core::windows().find(core::Window::frmThumbnaillist));
         QApplication::processEvents();

@@ -31,7 +31,7 @@ protected:
     void setViewport(int width, int height)
     {
         m_list.resize(500, 500);
-        const QSize around = m_list.size() - m_list.viewportSize();
+        const QSize around = m_list.size() - m_list.surface().viewportSize();
         m_list.resize(QSize(width, height) + around);
     }
 
@@ -61,18 +61,15 @@ protected:
 
     [[nodiscard]] base::Colour at(int x, int y, int page = 0)
     {
-        return m_list.pages().point(page, x, y);
+        return m_list.surface().pages.point(page, x, y);
     }
 
-    [[nodiscard]] const thumbs::TileRow* row(int index)
-    {
-        return m_list.state().ThumbTable.filledRow(index);
-    }
+    [[nodiscard]] const thumbs::TileRow* row(int index) { return m_list.tile(index); }
 
     [[nodiscard]] int filledRows()
     {
         int count = 0;
-        for (int k = 0; k < m_list.state().ThumbTable.rows(); ++k) {
+        for (int k = 0; k < m_list.surface().state.ThumbTable.rows(); ++k) {
             count += row(k) != nullptr ? 1 : 0;
         }
         return count;

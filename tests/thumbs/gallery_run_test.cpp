@@ -114,7 +114,7 @@ TEST_F(GalleryTest, FillsTheTableRowOfEachTile)
     EXPECT_EQ(row(1)->box, (thumbs::TileBox{93, 0, 163, 70}));
     EXPECT_EQ(row(1)->path, m_tree.path("pics/b.bmp"));
     EXPECT_EQ(row(1)->page, 0);
-    EXPECT_EQ(m_list.state().ThumbTable.rows(), 3);
+    EXPECT_EQ(m_list.surface().state.ThumbTable.rows(), 3);
 }
 
 TEST_F(GalleryTest, LeavesSmallPicturesAtTheirSize)
@@ -161,8 +161,8 @@ TEST_F(GalleryTest, KeepsLittleOfALargePicture)
     addPicture("pics/a.bmp", kGreen, {3000, 1500});
     m_tree.add({"pics/b.bmp", "no picture"});
     runFolder();
-    EXPECT_EQ(m_list.P_load().naturalSize, QSize(3000, 1500));
-    EXPECT_EQ(m_list.P_load().picture.image().size(), QSize(1024, 512));
+    EXPECT_EQ(m_list.surface().P_load.naturalSize, QSize(3000, 1500));
+    EXPECT_EQ(m_list.surface().P_load.picture.image().size(), QSize(1024, 512));
     EXPECT_EQ(at(93 + 35, 35), kGreen);
     EXPECT_EQ(at(93 + 35, 19), 0x808080U); // in the large one's own proportions
     EXPECT_EQ(at(93 + 35, 20), kGreen);
@@ -214,7 +214,7 @@ TEST_F(GalleryTest, DecodesForeignFormatsByWayOfTheWorkingFile)
     m_tree.add({"pics/a.tga", blueTga()});
     runFolder();
     EXPECT_EQ(at(18 + 35, 35), kBlue);
-    EXPECT_EQ(m_list.P_load().naturalSize, QSize(4, 4));
+    EXPECT_EQ(m_list.surface().P_load.naturalSize, QSize(4, 4));
     EXPECT_TRUE(m_tree.exists("app/temp.bmp"));
 }
 
@@ -237,7 +237,7 @@ TEST_F(GalleryTest, StartsTheNextPageAtTheFirstTileTooMany)
 {
     addFiles("pics", 25);
     runFolder();
-    EXPECT_EQ(m_list.pages().pages(), 2);
+    EXPECT_EQ(m_list.surface().pages.pages(), 2);
     ASSERT_NE(row(24), nullptr);
     EXPECT_EQ(row(24)->page, 1);
     EXPECT_EQ(row(24)->box, (thumbs::TileBox{18, 0, 88, 70}));
@@ -249,11 +249,12 @@ TEST_F(GalleryTest, ReportsThePageBeforeOnTheFirstTileOfANewOne)
 {
     addFiles("pics", 26);
     QStringList texts;
-    atEveryYield([this, &texts] { texts.append(m_list.infoText()); });
+    atEveryYield([this, &texts] { texts.append(m_list.surface().infoText()); });
     runFolder();
     EXPECT_TRUE(texts.contains(" Pagina 1 Afbeelding: 25 van: 26  ThumbSize:60 x 60"));
     EXPECT_FALSE(texts.contains(" Pagina 2 Afbeelding: 25 van: 26  ThumbSize:60 x 60"));
-    EXPECT_EQ(m_list.infoText(), " Pagina: 1 Afbeelding: 27 van: 26  Tijd:  ThumbSize:60 x 60");
+    EXPECT_EQ(m_list.surface().infoText(),
+              " Pagina: 1 Afbeelding: 27 van: 26  Tijd:  ThumbSize:60 x 60");
 }
 
 TEST_F(GalleryTest, WritesItsBarInEnglish)
@@ -261,16 +262,16 @@ TEST_F(GalleryTest, WritesItsBarInEnglish)
     addFiles("pics", 1);
     m_list.setLanguage(0);
     runFolder();
-    EXPECT_EQ(m_list.infoText(), " Page: 0 Picture: 2 from: 1  Tijd:  ThumbSize:60 x 60");
+    EXPECT_EQ(m_list.surface().infoText(), " Page: 0 Picture: 2 from: 1  Tijd:  ThumbSize:60 x 60");
 }
 
 TEST_F(GalleryTest, LeavesTheBarAloneInOtherLanguages)
 {
     addFiles("pics", 1);
     m_list.setLanguage(5);
-    m_list.setInfoText("before");
+    m_list.surface().setInfoText("before");
     runFolder();
-    EXPECT_EQ(m_list.infoText(), "before");
+    EXPECT_EQ(m_list.surface().infoText(), "before");
 }
 
 TEST_F(GalleryTest, LetsEventsRunOncePerFile)
@@ -288,20 +289,22 @@ TEST_F(GalleryTest, LetsEventsRunOncePerFile)
 TEST_F(GalleryTest, StopsBeforeTheNextFileWhenCancelled)
 {
     addFiles("pics", 10);
-    atEveryYield([this] { m_list.state().CancelLoading = filledRows() == 5; });
+    atEveryYield([this] { m_list.surface().state.CancelLoading = filledRows() == 5; });
     runFolder();
     EXPECT_EQ(filledRows(), 5);
-    EXPECT_EQ(m_list.infoText(), " Pagina: 0 Afbeelding: 6 van: 10  Tijd:  ThumbSize:60 x 60");
-    EXPECT_FALSE(m_list.state().IsLoading);
-    EXPECT_FALSE(m_list.state().CancelLoading);
+    EXPECT_EQ(m_list.surface().infoText(),
+              " Pagina: 0 Afbeelding: 6 van: 10  Tijd:  ThumbSize:60 x 60");
+    EXPECT_FALSE(m_list.surface().state.IsLoading);
+    EXPECT_FALSE(m_list.surface().state.CancelLoading);
 }
 
 TEST_F(GalleryTest, TellsAnEmptyFolderAsOneOfNone)
 {
     runFolder();
-    EXPECT_EQ(m_list.infoText(), " Pagina: 0 Afbeelding: 1 van: 0  Tijd:  ThumbSize:60 x 60");
-    EXPECT_EQ(m_list.state().ThumbTable.rows(), 1);
-    EXPECT_EQ(m_list.pages().bitmap(0), nullptr);
+    EXPECT_EQ(m_list.surface().infoText(),
+              " Pagina: 0 Afbeelding: 1 van: 0  Tijd:  ThumbSize:60 x 60");
+    EXPECT_EQ(m_list.surface().state.ThumbTable.rows(), 1);
+    EXPECT_EQ(m_list.surface().pages.bitmap(0), nullptr);
 }
 
 TEST_F(GalleryTest, CanSelectATileThatIsDoneAlready)
@@ -313,7 +316,8 @@ TEST_F(GalleryTest, CanSelectATileThatIsDoneAlready)
     atEveryYield([this, &clicked] {
         if (!clicked && filledRows() == 2) {
             clicked = true;
-            QTest::mouseClick(&m_list.viewport(), Qt::LeftButton, {}, {5 + 93 + 10, 10 + 10});
+            QTest::mouseClick(&m_list.surface().viewport, Qt::LeftButton, {},
+                              {5 + 93 + 10, 10 + 10});
         }
     });
     runFolder();
@@ -335,7 +339,7 @@ TEST_F(GalleryTest, GoesOnAgainstTheNewPagesAfterANestedRun)
             nested = true;
             runFolder("other");
             EXPECT_EQ(filledRows(), 12);
-            EXPECT_FALSE(m_list.state().IsLoading);
+            EXPECT_FALSE(m_list.surface().state.IsLoading);
         }
     });
     runFolder();
@@ -345,7 +349,8 @@ TEST_F(GalleryTest, GoesOnAgainstTheNewPagesAfterANestedRun)
         EXPECT_EQ(row(k)->path, m_tree.path("other/p" + std::to_string(100 + k) + ".bmp"));
         EXPECT_EQ(at(row(k)->box.left + 35, row(k)->box.top + 35), kGreen) << k;
     }
-    EXPECT_EQ(m_list.infoText(), " Pagina: 0 Afbeelding: 11 van: 10  Tijd:  ThumbSize:60 x 60");
+    EXPECT_EQ(m_list.surface().infoText(),
+              " Pagina: 0 Afbeelding: 11 van: 10  Tijd:  ThumbSize:60 x 60");
 }
 
 TEST_F(GalleryTest, EndsAtOnceAfterANestedRunOverFewerFiles)
@@ -362,8 +367,9 @@ TEST_F(GalleryTest, EndsAtOnceAfterANestedRunOverFewerFiles)
     runFolder();
     EXPECT_TRUE(nested);
     EXPECT_EQ(filledRows(), 2);
-    EXPECT_EQ(m_list.pages().pages(), 1);
-    EXPECT_EQ(m_list.infoText(), " Pagina: 1 Afbeelding: 31 van: 60  Tijd:  ThumbSize:60 x 60");
+    EXPECT_EQ(m_list.surface().pages.pages(), 1);
+    EXPECT_EQ(m_list.surface().infoText(),
+              " Pagina: 1 Afbeelding: 31 van: 60  Tijd:  ThumbSize:60 x 60");
 }
 
 TEST_F(ChangingGalleryTest, ShowsTheLastFolderAfterQuickChanges)
@@ -382,7 +388,7 @@ TEST_F(ChangingGalleryTest, ShowsTheLastFolderAfterQuickChanges)
     chooseFolder(folders[0]);
     EXPECT_EQ(next, folders.size());
     expectTilesOf("six", 60);
-    EXPECT_EQ(m_list.pages().pages(), 3);
+    EXPECT_EQ(m_list.surface().pages.pages(), 3);
 }
 
 // The first run stands on its second page when the others have come and gone.
@@ -400,8 +406,8 @@ TEST_F(ChangingGalleryTest, MakesNoPageTwice)
     chooseFolder("one");
     EXPECT_TRUE(chosen);
     expectTilesOf("two", 60);
-    EXPECT_EQ(m_list.pages().pages(), 3);
-    EXPECT_EQ(m_list.V_Scroll().maximum(), 1840 - 620 - 5);
+    EXPECT_EQ(m_list.surface().pages.pages(), 3);
+    EXPECT_EQ(m_list.surface().V_Scroll.maximum(), 1840 - 620 - 5);
 }
 
 TEST_F(ChangingGalleryTest, GoesOnInTheTilesOfAnotherSize)
@@ -471,7 +477,7 @@ TEST_F(ChangingGalleryTest, ShowsThatItRunsUntilTheLastRunHasEnded)
             ++yieldsAfter;
             // The first yield after it is the one that it ended in.
             EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
-            EXPECT_TRUE(m_list.state().IsLoading);
+            EXPECT_TRUE(m_list.surface().state.IsLoading);
             EXPECT_TRUE(m_main.gradient.shown);
         }
         if (!chosen && filledRows() == 3) {
@@ -483,7 +489,7 @@ TEST_F(ChangingGalleryTest, ShowsThatItRunsUntilTheLastRunHasEnded)
     chooseFolder("one");
     EXPECT_GT(yieldsAfter, 0);
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
-    EXPECT_FALSE(m_list.state().IsLoading);
+    EXPECT_FALSE(m_list.surface().state.IsLoading);
     EXPECT_FALSE(m_main.gradient.shown);
 }
 
@@ -502,7 +508,7 @@ TEST_F(ChangingGalleryTest, EndsWhenAnotherFolderWasRefusedMeanwhile)
     chooseFolder("one");
     EXPECT_EQ(m_dialogs.boxes.size(), 1U);
     EXPECT_EQ(filledRows(), 0);
-    EXPECT_EQ(m_list.pages().bitmap(0), nullptr);
+    EXPECT_EQ(m_list.surface().pages.bitmap(0), nullptr);
 }
 
 TEST_F(ChangingGalleryTest, KeepsTheFolderThatWasChosenUnderTheReport)
@@ -597,8 +603,8 @@ TEST_F(GalleryTest, RefusesAFolderOfTooManyPages)
     EXPECT_TRUE(m_dialogs.boxes[0].text.contains("Berekend aantal pagina's = 3\r\n"));
     EXPECT_TRUE(m_dialogs.boxes[0].text.contains("en tot 48\r\n"));
     EXPECT_TRUE(m_dialogs.boxes[0].text.contains("meer dan 260x600\r\n"));
-    EXPECT_TRUE(m_list.state().IsLoading);
-    EXPECT_EQ(m_list.pages().pages(), 1);
+    EXPECT_TRUE(m_list.surface().state.IsLoading);
+    EXPECT_EQ(m_list.surface().pages.pages(), 1);
     EXPECT_EQ(filledRows(), 0);
     EXPECT_EQ(status.count(), 0);
     EXPECT_FALSE(m_main.gradient.shown);
@@ -613,7 +619,7 @@ TEST_F(GalleryTest, RefusesInSilenceWithoutALanguage)
     m_list.setLanguage(2);
     runFolder();
     EXPECT_TRUE(m_dialogs.boxes.empty());
-    EXPECT_TRUE(m_list.state().IsLoading);
+    EXPECT_TRUE(m_list.surface().state.IsLoading);
     EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
     platform::setPointer(platform::Pointer::Default);
 }
@@ -624,13 +630,13 @@ TEST_F(GalleryTest, LeavesNoTileOfTheFolderBeforeARefusedOne)
     addFiles("few", 3);
     m_list.setMaxThumbnailpages(2);
     runFolder("few");
-    const QPoint place = m_list.viewport().tilePlace(0, row(0)->box).center();
+    const QPoint place = m_list.surface().viewport.tilePlace(0, row(0)->box).center();
     QSignalSpy clicks(&m_list, &ThumbNailList::ThumbClick);
     runFolder("pics");
-    QTest::mouseClick(&m_list.viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(&m_list.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseClick(&m_list.surface().viewport, Qt::LeftButton, {}, place);
+    QTest::mouseDClick(&m_list.surface().viewport, Qt::LeftButton, {}, place);
     EXPECT_EQ(clicks.count(), 0);
-    EXPECT_EQ(m_list.state().ThumbTable.rows(), 1);
+    EXPECT_EQ(m_list.surface().state.ThumbTable.rows(), 1);
     platform::setPointer(platform::Pointer::Default);
 }
 
@@ -647,7 +653,7 @@ TEST_F(GalleryTest, TakesAFolderOfJustTheLimit)
     EXPECT_EQ(status[0], (QList<QVariant>{60, 24, 2, 71}));
     EXPECT_EQ(tilesThen, 0);
     EXPECT_EQ(filledRows(), 71);
-    EXPECT_EQ(m_list.pages().pages(), 3);
+    EXPECT_EQ(m_list.surface().pages.pages(), 3);
 }
 
 TEST_F(GalleryTest, RunsAfterARefusalWasPutRight)
@@ -658,7 +664,7 @@ TEST_F(GalleryTest, RunsAfterARefusalWasPutRight)
     m_list.setMaxThumbnailpages(100);
     m_list.Makegallery();
     EXPECT_EQ(filledRows(), 72);
-    EXPECT_FALSE(m_list.state().IsLoading);
+    EXPECT_FALSE(m_list.surface().state.IsLoading);
 }
 
 TEST_F(GalleryTest, BringsThePagesBackToTheirTop)
@@ -666,13 +672,13 @@ TEST_F(GalleryTest, BringsThePagesBackToTheirTop)
     addFiles("pics", 60);
     m_list.show();
     runFolder();
-    EXPECT_EQ(m_list.V_Scroll().maximum(), 1840 - 620 - 5);
-    m_list.V_Scroll().setValue(700);
-    EXPECT_EQ(m_list.viewport().sheetPosition().y(), -700);
+    EXPECT_EQ(m_list.surface().V_Scroll.maximum(), 1840 - 620 - 5);
+    m_list.surface().V_Scroll.setValue(700);
+    EXPECT_EQ(m_list.surface().viewport.sheetPosition().y(), -700);
     m_list.Makegallery();
-    EXPECT_EQ(m_list.V_Scroll().value(), 0);
-    EXPECT_EQ(m_list.viewport().sheetPosition().y(), 0);
-    EXPECT_TRUE(m_list.V_Scroll().isVisible());
+    EXPECT_EQ(m_list.surface().V_Scroll.value(), 0);
+    EXPECT_EQ(m_list.surface().viewport.sheetPosition().y(), 0);
+    EXPECT_TRUE(m_list.surface().V_Scroll.isVisible());
 }
 
 TEST_F(GalleryTest, HoldsNoBitmapsForPagesWithoutASize)
@@ -680,8 +686,8 @@ TEST_F(GalleryTest, HoldsNoBitmapsForPagesWithoutASize)
     addFiles("pics", 500);
     setViewport(20, 20);
     runFolder();
-    EXPECT_EQ(m_list.pages().pages(), 501);
-    EXPECT_EQ(m_list.pages().bitmapBytes(), 0);
+    EXPECT_EQ(m_list.surface().pages.pages(), 501);
+    EXPECT_EQ(m_list.surface().pages.bitmapBytes(), 0);
     EXPECT_EQ(filledRows(), 500);
 }
 
@@ -690,10 +696,10 @@ TEST_F(GalleryTest, HoldsBitmapsForPagesInReachOnly)
     addFiles("pics", 300);
     setViewport(70, 400); // wide enough for no tile: a page for every file
     runFolder();
-    EXPECT_EQ(m_list.pages().pages(), 301);
-    EXPECT_NE(m_list.pages().bitmap(80), nullptr);
-    EXPECT_EQ(m_list.pages().bitmap(300), nullptr);
-    EXPECT_EQ(m_list.V_Scroll().maximum(), 32767);
+    EXPECT_EQ(m_list.surface().pages.pages(), 301);
+    EXPECT_NE(m_list.surface().pages.bitmap(80), nullptr);
+    EXPECT_EQ(m_list.surface().pages.bitmap(300), nullptr);
+    EXPECT_EQ(m_list.surface().V_Scroll.maximum(), 32767);
 }
 
 TEST_F(GalleryTest, SurvivesTheEndOfItsListInTheMiddle)
@@ -767,9 +773,9 @@ TEST_F(GalleryTest, DrawsAPageOfEmptyTilesAtDesignTime)
     ThumbNailList designed(nullptr, ThumbNailList::Use::DesignTime);
     designed.resize(m_list.size());
     designed.show();
-    EXPECT_EQ(designed.pages().point(0, 88, 70), 0x808080U);
-    EXPECT_EQ(designed.pages().point(0, 168 + 70, 525 + 70), 0x808080U);
+    EXPECT_EQ(designed.surface().pages.point(0, 88, 70), 0x808080U);
+    EXPECT_EQ(designed.surface().pages.point(0, 168 + 70, 525 + 70), 0x808080U);
     designed.setThumbNailColor(kGreen);
-    EXPECT_EQ(designed.pages().point(0, 88, 70), kGreen);
-    EXPECT_EQ(designed.pages().pages(), 1);
+    EXPECT_EQ(designed.surface().pages.point(0, 88, 70), kGreen);
+    EXPECT_EQ(designed.surface().pages.pages(), 1);
 }

@@ -100,20 +100,20 @@ TEST_F(GalleryTest, ShowsTheAlbumOnItsPages)
     addFiles("pics", 30);
     runFolder();
     m_list.Html_Thumbnail_Preview();
-    EXPECT_TRUE(m_list.state().IsHtmlRun);
-    EXPECT_EQ(m_list.pages().pages(), 2);
+    EXPECT_TRUE(m_list.surface().state.IsHtmlRun);
+    EXPECT_EQ(m_list.surface().pages.pages(), 2);
     EXPECT_EQ(at(0, 0, 0), 0x353535U);
     EXPECT_EQ(at(0, 0, 1), 0x353535U);
     m_list.Makegallery();
-    EXPECT_FALSE(m_list.state().IsHtmlRun);
+    EXPECT_FALSE(m_list.surface().state.IsHtmlRun);
 }
 
 TEST_F(GalleryTest, SurvivesAnAlbumOnPagesWithoutRoom)
 {
     setViewport(20, 20);
     m_list.Html_Thumbnail_Preview();
-    EXPECT_TRUE(m_list.state().IsHtmlRun);
+    EXPECT_TRUE(m_list.surface().state.IsHtmlRun);
     setViewport(40, 60);
     m_list.Html_Thumbnail_Preview();
-    EXPECT_NE(m_list.pages().bitmap(0), nullptr);
+    EXPECT_NE(m_list.surface().pages.bitmap(0), nullptr);
 }

@@ -12,7 +12,7 @@ protected:
 
     [[nodiscard]] QColor shownAt(int x, int y)
     {
-        return m_list.viewport().grab().toImage().pixelColor(x, y);
+        return m_list.surface().viewport.grab().toImage().pixelColor(x, y);
     }
 };
 
@@ -25,8 +25,8 @@ TEST_F(ThumbnailListTest, LaysOutItsParts)
     EXPECT_EQ(part("ThumbOuterFrame")->geometry(), QRect(0, bar, 270, 620));
     EXPECT_EQ(part("V_Scroll")->pos(), QPoint(270, bar));
     EXPECT_EQ(part("Gradient")->geometry().bottom(), bar - 1);
-    EXPECT_FALSE(m_list.V_Scroll().isVisibleTo(&m_list));
-    EXPECT_EQ(m_list.viewport().sheetPosition(), QPoint(5, 5));
+    EXPECT_FALSE(m_list.surface().V_Scroll.isVisibleTo(&m_list));
+    EXPECT_EQ(m_list.surface().viewport.sheetPosition(), QPoint(5, 5));
 }
 
 TEST_F(ThumbnailListTest, GivesTheBarsRoomToTheViewport)
@@ -36,7 +36,7 @@ TEST_F(ThumbnailListTest, GivesTheBarsRoomToTheViewport)
     EXPECT_FALSE(part("LbInfo")->isVisibleTo(&m_list));
     EXPECT_EQ(part("ThumbOuterFrame")->geometry(), QRect(0, 0, 270, whole));
     m_list.setInfobarVisible(true);
-    EXPECT_EQ(m_list.viewportSize(), QSize(270, 620));
+    EXPECT_EQ(m_list.surface().viewportSize(), QSize(270, 620));
 }
 
 TEST_F(ThumbnailListTest, MeasuresTheViewport)
@@ -44,10 +44,10 @@ TEST_F(ThumbnailListTest, MeasuresTheViewport)
     addFiles("pics", 100);
     m_list.setPath(m_tree.path("pics"));
     EXPECT_EQ(m_list.ThumbnailsPerPage(), 24);
-    EXPECT_EQ(m_list.state().ThumbCellSize, 70);
-    EXPECT_EQ(m_list.state().PageColumns, 3);
+    EXPECT_EQ(m_list.surface().state.ThumbCellSize, 70);
+    EXPECT_EQ(m_list.surface().state.PageColumns, 3);
     EXPECT_EQ(m_list.ThumbnailPagesNeeded(), 4);
-    EXPECT_EQ(m_list.state().ThumbsPerPage, 24);
+    EXPECT_EQ(m_list.surface().state.ThumbsPerPage, 24);
 }
 
 TEST_F(ThumbnailListTest, MeasuresWithoutTheExtraSizes)
@@ -56,8 +56,8 @@ TEST_F(ThumbnailListTest, MeasuresWithoutTheExtraSizes)
     m_list.setThumbnailExtraWidth(20);
     EXPECT_EQ(m_list.ThumbnailsPerPage(), 24);
     runFolder();
-    EXPECT_EQ(m_list.state().PageColumns, 2);
-    EXPECT_EQ(m_list.state().grid.cellWidth, 90);
+    EXPECT_EQ(m_list.surface().state.PageColumns, 2);
+    EXPECT_EQ(m_list.surface().state.grid.cellWidth, 90);
 }
 
 TEST_F(ThumbnailListTest, NeedsNoPageForTenFiles)
@@ -121,7 +121,7 @@ TEST_F(ThumbnailListTest, StartsNoRunByASetter)
     m_list.setThumbPageColorPresets(3);
     m_list.setHtml_PageBackcolor(kRed);
     EXPECT_EQ(filledRows(), 0);
-    EXPECT_FALSE(m_list.state().IsHtmlRun);
+    EXPECT_FALSE(m_list.surface().state.IsHtmlRun);
     EXPECT_TRUE(m_list.propertiesChanged());
 }
 
@@ -164,7 +164,7 @@ TEST_F(ThumbnailListTest, WritesNoColourForAnUnknownPreset)
 TEST_F(ThumbnailListTest, TakesColoursOfTheBarAtOnce)
 {
     m_list.show();
-    m_list.setInfoText("text");
+    m_list.surface().setInfoText("text");
     m_list.setInfoBackColor(kBlue);
     const QImage bar = part("LbInfo")->grab().toImage();
     EXPECT_EQ(bar.pixelColor(bar.width() - 1, bar.height() - 1), QColor(0, 0, 255));
@@ -180,7 +180,7 @@ TEST_F(ThumbnailListTest, ShowsPagesWhereTheBarLeadsTo)
     m_list.show();
     runFolder();
     EXPECT_EQ(shownAt(5 + 18, 10), QColor(0, 255, 0));
-    m_list.V_Scroll().setValue(600);
+    m_list.surface().V_Scroll.setValue(600);
     EXPECT_EQ(shownAt(5 + 18, 20), QColor(0, 255, 0)); // the second page begins at 620
     EXPECT_EQ(shownAt(5 + 18, 19), QColor(0x40, 0x40, 0x40));
 }
@@ -190,17 +190,17 @@ TEST_F(ThumbnailListTest, ResetsWhatARunLeft)
     addFiles("pics", 30);
     m_list.show();
     runFolder();
-    QTest::mouseClick(&m_list.viewport(), Qt::LeftButton, {}, {5 + 93 + 10, 20});
+    QTest::mouseClick(&m_list.surface().viewport, Qt::LeftButton, {}, {5 + 93 + 10, 20});
     EXPECT_EQ(m_list.selection().index, 1);
     m_list.ResetLoading();
     EXPECT_EQ(m_list.selection().path, "");
     EXPECT_EQ(m_list.selection().index, 0);
     EXPECT_EQ(m_list.selection().tile, 0);
     EXPECT_EQ(m_list.selection().page, 0);
-    EXPECT_EQ(m_list.pages().pages(), 1);
-    EXPECT_TRUE(m_list.state().IsLoading);
-    EXPECT_FALSE(m_list.state().CancelLoading);
-    EXPECT_EQ(m_list.state().PagesLoaded, 1);
+    EXPECT_EQ(m_list.surface().pages.pages(), 1);
+    EXPECT_TRUE(m_list.surface().state.IsLoading);
+    EXPECT_FALSE(m_list.surface().state.CancelLoading);
+    EXPECT_EQ(m_list.surface().state.PagesLoaded, 1);
     EXPECT_EQ(filledRows(), 0);
 }
 
@@ -208,36 +208,37 @@ TEST_F(ThumbnailListTest, ShowsTheBarWhereASmallerWindowHidesTiles)
 {
     addFiles("pics", 20);
     runFolder();
-    EXPECT_FALSE(m_list.V_Scroll().isVisible());
+    EXPECT_FALSE(m_list.surface().V_Scroll.isVisible());
     m_list.resize(m_list.width(), m_list.height() - 320);
-    ASSERT_TRUE(m_list.V_Scroll().isVisible());
-    m_list.V_Scroll().setValue(m_list.V_Scroll().maximum());
-    const QRect last = m_list.viewport().tilePlace(row(19)->page, row(19)->box);
-    EXPECT_TRUE(m_list.viewport().rect().contains(last));
+    ASSERT_TRUE(m_list.surface().V_Scroll.isVisible());
+    m_list.surface().V_Scroll.setValue(m_list.surface().V_Scroll.maximum());
+    const QRect last = m_list.surface().viewport.tilePlace(row(19)->page, row(19)->box);
+    EXPECT_TRUE(m_list.surface().viewport.rect().contains(last));
     QSignalSpy clicks(&m_list, &ThumbNailList::ThumbClick);
-    QTest::mouseClick(&m_list.viewport(), Qt::LeftButton, {}, last.center());
+    QTest::mouseClick(&m_list.surface().viewport, Qt::LeftButton, {}, last.center());
     ASSERT_EQ(clicks.count(), 1);
     EXPECT_EQ(clicks[0][0].toInt(), 19);
 
     m_list.resize(m_list.width(), m_list.height() + 320);
-    EXPECT_FALSE(m_list.V_Scroll().isVisible());
-    EXPECT_EQ(m_list.viewport().sheetPosition(), QPoint(5, 5));
+    EXPECT_FALSE(m_list.surface().V_Scroll.isVisible());
+    EXPECT_EQ(m_list.surface().viewport.sheetPosition(), QPoint(5, 5));
 }
 
 TEST_F(ThumbnailListTest, StaysAtItsPlaceWhenItIsResized)
 {
     addFiles("pics", 60);
     runFolder();
-    m_list.V_Scroll().setValue(700);
+    m_list.surface().V_Scroll.setValue(700);
     for (const int change : {-100, 40, 60}) {
         m_list.resize(m_list.width(), m_list.height() + change);
-        EXPECT_EQ(m_list.V_Scroll().value(), 700);
-        EXPECT_EQ(m_list.viewport().sheetPosition().y(), -700);
-        EXPECT_EQ(m_list.V_Scroll().maximum(), 1840 - m_list.viewportSize().height() - 5);
+        EXPECT_EQ(m_list.surface().V_Scroll.value(), 700);
+        EXPECT_EQ(m_list.surface().viewport.sheetPosition().y(), -700);
+        EXPECT_EQ(m_list.surface().V_Scroll.maximum(),
+                  1840 - m_list.surface().viewportSize().height() - 5);
     }
     m_list.resize(m_list.width(), m_list.height() + 1000); // more than is left below
-    EXPECT_EQ(m_list.V_Scroll().value(), m_list.V_Scroll().maximum());
-    EXPECT_EQ(m_list.viewport().sheetPosition().y(), -m_list.V_Scroll().maximum());
+    EXPECT_EQ(m_list.surface().V_Scroll.value(), m_list.surface().V_Scroll.maximum());
+    EXPECT_EQ(m_list.surface().viewport.sheetPosition().y(), -m_list.surface().V_Scroll.maximum());
 }
 
 TEST_F(ThumbnailListTest, FillsAStripToItsShare)
@@ -271,19 +272,20 @@ TEST_F(ThumbnailListTest, StopsARunByThePrintProperties)
 {
     m_list.setPrint_NrThumbCols(7);
     EXPECT_EQ(m_list.Print_NrThumbCols(), 7);
-    EXPECT_FALSE(m_list.state().CancelLoading);
-    m_list.state().IsLoading = true;
+    EXPECT_FALSE(m_list.surface().state.CancelLoading);
+    m_list.surface().state.IsLoading = true;
     m_list.setPrint_NrThumbCols(8);
-    EXPECT_TRUE(m_list.state().CancelLoading);
-    m_list.state().CancelLoading = false;
+    EXPECT_TRUE(m_list.surface().state.CancelLoading);
+    m_list.surface().state.CancelLoading = false;
     m_list.setPrint_Zoomfactor(50);
-    EXPECT_TRUE(m_list.state().CancelLoading);
+    EXPECT_TRUE(m_list.surface().state.CancelLoading);
 }
 
 TEST_F(ThumbnailListTest, MarksARunThatPrints)
 {
     bool printing = false;
-    m_list.setPrintLayout([&printing](ThumbNailList& list) { printing = list.state().IsPrinting; });
+    m_list.setPrintLayout(
+        [&printing](ThumbNailList& list) { printing = list.surface().state.IsPrinting; });
     m_list.PrintPicture();
     EXPECT_TRUE(printing);
 }
@@ -308,9 +310,9 @@ TEST_F(ThumbnailListTest, ComesBackFromItsProperties)
     other.resize(m_list.size());
     other.readProperties(bag);
     EXPECT_EQ(other.path(), m_tree.path("pics"));
-    EXPECT_EQ(other.pages().frameColour(), kBlue);
+    EXPECT_EQ(other.surface().pages.frameColour(), kBlue);
     EXPECT_FALSE(other.findChild<QWidget*>("LbInfo")->isVisibleTo(&other));
-    EXPECT_EQ(other.viewportSize(), m_list.viewportSize());
+    EXPECT_EQ(other.surface().viewportSize(), m_list.surface().viewportSize());
 }
 
 TEST_F(ThumbnailListTest, KeepsTheWheelToItself)
@@ -321,6 +323,6 @@ TEST_F(ThumbnailListTest, KeepsTheWheelToItself)
     QWheelEvent turn({50, 50}, m_list.mapToGlobal(QPointF(50, 50)), {}, {0, -120}, {}, {},
                      Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&m_list, &turn);
-    EXPECT_GT(m_list.V_Scroll().value(), 0);
+    EXPECT_GT(m_list.surface().V_Scroll.value(), 0);
     EXPECT_TRUE(turn.isAccepted());
 }

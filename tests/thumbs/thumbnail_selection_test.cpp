@@ -20,14 +20,14 @@ protected:
 
     void press(QPoint place, Qt::MouseButton button = Qt::LeftButton)
     {
-        QTest::mouseClick(&m_list.viewport(), button, {}, place);
+        QTest::mouseClick(&m_list.surface().viewport, button, {}, place);
     }
 
     // As a desktop sends it: press and release, then the double click and its release.
     void clickTwice(QPoint place)
     {
-        QTest::mouseClick(&m_list.viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(&m_list.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseClick(&m_list.surface().viewport, Qt::LeftButton, {}, place);
+        QTest::mouseDClick(&m_list.surface().viewport, Qt::LeftButton, {}, place);
     }
 
     QSignalSpy m_clicks{&m_list, &ThumbNailList::ThumbClick};
@@ -76,7 +76,7 @@ TEST_F(SelectionTest, DrawsTheHighlightOnTheRing)
 TEST_F(SelectionTest, TakesTheHighlightOffTheOldPage)
 {
     press(onFirstPage(30, 30));
-    m_list.V_Scroll().setValue(600);
+    m_list.surface().V_Scroll.setValue(600);
     press({5 + 100, 20 + 30}); // second page, second tile
     ASSERT_EQ(m_clicks.count(), 2);
     EXPECT_EQ(m_clicks[1][0].toInt(), 25);
@@ -93,7 +93,7 @@ TEST_F(SelectionTest, OpensTheSelectedTileByADoubleClick)
     EXPECT_EQ(m_doubleClicks[0][0].toInt(), 0);
     EXPECT_EQ(m_doubleClicks[0][1].toString(), m_tree.path("pics/f1000.swf"));
     EXPECT_EQ(m_list.selection().path, "");
-    QTest::mouseDClick(&m_list.viewport(), Qt::LeftButton, {}, onFirstPage(30, 30));
+    QTest::mouseDClick(&m_list.surface().viewport, Qt::LeftButton, {}, onFirstPage(30, 30));
     EXPECT_EQ(m_doubleClicks.count(), 1);
 }
 
@@ -109,14 +109,14 @@ TEST_F(SelectionTest, OpensTheOldTileByADoubleClickBetweenTiles)
 TEST_F(SelectionTest, IgnoresPressesInPreviewsAndAlbums)
 {
     press(onFirstPage(30, 30));
-    m_list.state().IsHtmlRun = true;
+    m_list.surface().state.IsHtmlRun = true;
     press(onFirstPage(100, 80));
     EXPECT_EQ(m_clicks.count(), 1);
     clickTwice(onFirstPage(100, 80)); // a double click is heard, on what was selected
     EXPECT_EQ(m_doubleClicks.count(), 1);
-    m_list.state().IsHtmlRun = false;
+    m_list.surface().state.IsHtmlRun = false;
     press(onFirstPage(30, 30));
-    m_list.state().IsPrintPreview = true;
+    m_list.surface().state.IsPrintPreview = true;
     clickTwice(onFirstPage(30, 30));
     EXPECT_EQ(m_clicks.count(), 2);
     EXPECT_EQ(m_doubleClicks.count(), 1);
@@ -125,7 +125,7 @@ TEST_F(SelectionTest, IgnoresPressesInPreviewsAndAlbums)
 TEST_F(SelectionTest, DrawsABorderAroundTheFirstTileAfterAReset)
 {
     m_list.Makegallery();
-    m_list.pages().frameBox(0, {17, -1, 89, 71}, kRed);
+    m_list.surface().pages.frameBox(0, {17, -1, 89, 71}, kRed);
     press(onFirstPage(91, 72));
     EXPECT_EQ(at(17, 30), kBlue);
     EXPECT_EQ(m_clicks.count(), 0);

@@ -244,8 +244,7 @@ void frmThumbnaillist::rebuildThumbnails()
             break;
         }
     }
-    m_list->File1().setPathFrom(m_files);
-    m_list->Makegallery();
+    m_list->makeGalleryOf(m_files);
 }
 
 void frmThumbnaillist::setThumbnailSize(int pixels)

@@ -40,7 +40,7 @@ bool frmThumbnaillist::actOnTileKey(const QKeyEvent& event)
         }
         return true;
     }
-    const thumbs::TileGrid& grid = m_list->state().grid;
+    const thumbs::TileGrid& grid = m_list->grid();
     const auto tile =
         thumbs::tileAfterKey(key, selected, {m_list->tiles(), grid.columns, grid.tilesPerPage()});
     if (tile) {

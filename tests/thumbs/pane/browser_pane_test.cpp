@@ -124,7 +124,7 @@ TEST_F(PaneTest, MakesThePagesOfTheFirstFolderAfterAMissingOne)
     letEventsRun();
     EXPECT_EQ(m_pane->File1().path(), m_tree.path("pics"));
     for (int k = 0; k < 3; ++k) {
-        ASSERT_NE(list().state().ThumbTable.filledRow(k), nullptr) << k;
+        ASSERT_NE(list().tile(k), nullptr) << k;
     }
     clickTile(2);
     EXPECT_EQ(m_main.xiala, m_tree.path("pics/c.bmp"));
@@ -139,7 +139,7 @@ TEST_F(PaneTest, ShowsTheFolderOfTheProgramWhenItIsChosenFirst)
     EXPECT_EQ(m_runs, 1);
     EXPECT_EQ(list().path(), m_tree.path("app"));
     EXPECT_EQ(platform::getSetting("Locations", "Path"), m_tree.path("app"));
-    EXPECT_NE(list().state().ThumbTable.filledRow(0), nullptr);
+    EXPECT_NE(list().tile(0), nullptr);
 }
 
 TEST_F(PaneTest, RunsOnceByTheEndOfTheStart)
@@ -162,7 +162,7 @@ TEST_F(PaneTest, RunsOnceByTheEndOfTheStart)
     letEventsRun();
     EXPECT_EQ(m_runs, 1);
     EXPECT_EQ(list().path(), m_tree.path("pics"));
-    EXPECT_NE(list().state().ThumbTable.filledRow(2), nullptr);
+    EXPECT_NE(list().tile(2), nullptr);
 }
 
 TEST_F(PaneTest, RunsWhenItIsFirstShown)
@@ -198,7 +198,7 @@ TEST_F(PaneTest, PutsOffRunsUntilItIsShown)
     m_pane->show();
     letEventsRun();
     EXPECT_EQ(m_runs, 2);
-    EXPECT_NE(list().state().ThumbTable.filledRow(0), nullptr);
+    EXPECT_NE(list().tile(0), nullptr);
 }
 
 TEST_F(PaneTest, RunsForNoSizeBeforeTheFirstFolder)
@@ -254,7 +254,7 @@ protected:
         bool done = false;
         QTimer yield;
         QObject::connect(&yield, &QTimer::timeout, &yield, [&] {
-            if (!done && list().state().ThumbTable.filledRow(tiles - 1) != nullptr) {
+            if (!done && list().tile(tiles - 1) != nullptr) {
                 done = true;
                 action();
             }
@@ -382,7 +382,7 @@ TEST_F(PaneTest, RoutesADoubleClickedTile)
     clickTile(2);
     m_main.log.clear();
     m_main.xiala.clear();
-    QTest::mouseDClick(&list().viewport(), Qt::LeftButton, {}, tile(2));
+    QTest::mouseDClick(&list().surface().viewport, Qt::LeftButton, {}, tile(2));
     EXPECT_EQ(m_main.log, (QStringList{"routePath " + m_tree.path("pics/c.bmp"), "viewer focus"}));
     EXPECT_EQ(m_main.xiala, m_tree.path("pics/c.bmp"));
 }
@@ -413,7 +413,7 @@ TEST_F(PaneTest, HostsTheFolderTree)
     QStringList paths;
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-        if (!m_pane->isFirstFolderShown() || list().state().IsLoading) {
+        if (!m_pane->isFirstFolderShown() || list().surface().state.IsLoading) {
             return;
         }
         poll.stop();
@@ -605,8 +605,8 @@ TEST_F(PaneTest, RefreshesWithFilesThatCameAndWent)
     m_tree.remove("pics/c.bmp");
     press(8);
     EXPECT_EQ(m_runs, 2);
-    EXPECT_EQ(list().state().ThumbTable.filledRow(0)->path, m_tree.path("pics/0.swf"));
-    EXPECT_EQ(list().state().ThumbTable.filledRow(3), nullptr);
+    EXPECT_EQ(list().tile(0)->path, m_tree.path("pics/0.swf"));
+    EXPECT_EQ(list().tile(3), nullptr);
     EXPECT_EQ(m_pane->File1().fileName(), "b.bmp"); // the place in the folder stays
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
@@ -631,7 +631,7 @@ TEST_F(PaneTest, HoldsTheLargestThumbnails)
     start();
     m_pane->setThumbnailSize(300);
     m_pane->rebuildThumbnails();
-    EXPECT_GE(list().state().PageColumns, 1);
+    EXPECT_GE(list().surface().state.PageColumns, 1);
 }
 
 TEST_F(PaneTest, PutsItsButtonsInRowsWhereItIsNarrow)

@@ -68,14 +68,14 @@ protected:
 
     [[nodiscard]] QPoint tile(int index)
     {
-        const thumbs::TileRow* row = list().state().ThumbTable.filledRow(index);
-        const QPoint corner = list().pages().stack().pageRect(row->page).topLeft();
-        return list().viewport().sheetPosition() + corner + row->box.rect().center();
+        const thumbs::TileRow* row = list().tile(index);
+        const QPoint corner = list().surface().pages.stack().pageRect(row->page).topLeft();
+        return list().surface().viewport.sheetPosition() + corner + row->box.rect().center();
     }
 
     void clickTile(int index)
     {
-        QTest::mouseClick(&list().viewport(), Qt::LeftButton, {}, tile(index));
+        QTest::mouseClick(&list().surface().viewport, Qt::LeftButton, {}, tile(index));
     }
 
     support::TempTree m_tree;

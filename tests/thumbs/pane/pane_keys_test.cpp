@@ -21,14 +21,14 @@ protected:
         }
         start();
         ASSERT_EQ(list().tiles().size(), 123U);
-        ASSERT_GT(list().V_Scroll().maximum(), 0);
+        ASSERT_GT(list().surface().V_Scroll.maximum(), 0);
     }
 
     [[nodiscard]] bool isInSight(int row)
     {
-        const thumbs::TileRow* tile = list().state().ThumbTable.filledRow(row);
-        return list().viewport().rect().contains(
-            list().viewport().tilePlace(tile->page, tile->box));
+        const thumbs::TileRow* tile = list().tile(row);
+        return list().surface().viewport.rect().contains(
+            list().surface().viewport.tilePlace(tile->page, tile->box));
     }
 
     [[nodiscard]] QAccessibleInterface* reader()
@@ -137,7 +137,7 @@ TEST_F(PaneKeysTest, ReadersPassOverAFileWithoutATile)
 TEST_F(PaneKeysTest, PagesTurnAndTheTileStaysInSight)
 {
     startLarge();
-    const int perPage = list().state().grid.tilesPerPage();
+    const int perPage = list().surface().state.grid.tilesPerPage();
     pressOn(list(), Qt::Key_Home);
     EXPECT_EQ(list().selectedTile(), 0);
     pressOn(list(), Qt::Key_PageDown);
@@ -237,9 +237,10 @@ TEST_F(PaneKeysTest, AClickOnATileGivesTheViewerTheFocus)
     m_main.log.clear();
     clickTile(1);
     EXPECT_EQ(m_main.log.count("viewer focus"), 1);
-    QTest::mouseDClick(&list().viewport(), Qt::LeftButton, {}, tile(1));
+    QTest::mouseDClick(&list().surface().viewport, Qt::LeftButton, {}, tile(1));
     EXPECT_EQ(m_main.log.count("viewer focus"), 2);
-    QTest::mouseClick(&list().viewport(), Qt::LeftButton, {}, {1, list().viewport().height() - 1});
+    QTest::mouseClick(&list().surface().viewport, Qt::LeftButton, {},
+                      {1, list().surface().viewport.height() - 1});
     EXPECT_EQ(m_main.log.count("viewer focus"), 2); // no tile is there
 }
 
