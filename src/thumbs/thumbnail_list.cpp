@@ -3,11 +3,12 @@
 #include "core/constants.h"
 #include "platform/os/system_memory.h"
 #include "thumbs/accessible_tiles.h"
+#include "thumbs/folder_run.h"
 #include "thumbs/frame_layout.h"
-#include "thumbs/gallery_run.h"
 #include "thumbs/info_bar.h"
 #include "thumbs/page_limit.h"
 #include "thumbs/page_viewport.h"
+#include "thumbs/tile_maker.h"
 #include "widgets/colour_conversion.h"
 #include "widgets/progress_strip.h"
 
@@ -120,7 +121,8 @@ int ThumbNailList::ThumbnailPagesNeeded()
 
 void ThumbNailList::Makegallery()
 {
-    thumbs::GalleryRun(*this).run();
+    thumbs::TileMaker tiles(*this);
+    thumbs::FolderRun(*this, tiles).run();
 }
 
 void ThumbNailList::makeGalleryOf(const platform::FileList& list)

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <optional>
+
+namespace core {
+class ProgressStrip;
+}
+
+namespace thumbs {
+
+struct GalleryState;
+
+// A file of the folder that a run walks over.
+struct FileInRun {
+    int index = 0; // in the list, from 0
+    int count = 0; // of the files when the run began
+    QString path;  // empty at design time, where no file is read
+};
+
+// What a run keeps from the user while it works.
+struct HostHold {
+    bool splitter = true; // of the browser pane, whose size stays then
+    bool pointer = true;  // shows the arrow with the hour glass
+};
+
+// What is made of the files of a folder, one after the other. The run asks for everything anew for
+// each file, since other runs may work on the same list whenever one lets events run. Functions
+// that aren't const may let events run; the list may be gone afterwards.
+class FolderStep {
+public:
+    virtual ~FolderStep() = default;
+
+    [[nodiscard]] virtual HostHold hold() const { return {}; }
+    // The strip that tells how far the run has come, null where there is none. The main window's,
+    // as long as a step has none of its own.
+    [[nodiscard]] virtual core::ProgressStrip* strip() const;
+    // Asked after events have run; true ends the run before the next file.
+    [[nodiscard]] virtual bool isCancelled(const GalleryState& state) const;
+
+    // Makes ready and tells how many files there are. Nothing: the folder is refused, and what the
+    // run holds stays held.
+    virtual std::optional<int> begin() = 0;
+
+    // False where there is no place for the file; the run ends there.
+    [[nodiscard]] virtual bool takes(const FileInRun& file) const = 0;
+    // False for a file that needs no picture, such as one that is done already.
+    [[nodiscard]] virtual bool needsPicture(const FileInRun& file) const = 0;
+    // The room of a tile's picture, in pixels of the screen: files come as tiles show them, by
+    // their kind and with a badge. Nothing: the files themselves are loaded, whole.
+    [[nodiscard]] virtual std::optional<QSize> tileRoom() const = 0;
+    [[nodiscard]] virtual std::optional<QString> barText(const FileInRun& file) const = 0;
+    virtual void make(const FileInRun& file) = 0;
+
+    // After the last file and after a cancel.
+    virtual void end() = 0;
+    // The index is behind the last file done.
+    [[nodiscard]] virtual std::optional<QString> closingText(int index, int count) const = 0;
+};
+
+} // namespace thumbs
