@@ -52,7 +52,7 @@ public:
 };
 
 // A desktop whose first answers get lost: the window seems maximised and isn't.
-class SilentDesktop : public platform::FakeDesktop {
+class SilentDesktop : public support::FakeDesktop {
 public:
     explicit SilentDesktop(int lost)
         : m_lost(lost)
@@ -135,7 +135,6 @@ TEST(KeptMaximised, AsksADesktopAgainThatStaysSilent)
 {
     constexpr int kLost = 6;
     SilentDesktop desktop(0);
-    const platform::ScopedDesktop scoped(desktop);
     QWidget window;
     shell::KeptMaximised kept(window, 1);
     window.show();
@@ -145,7 +144,6 @@ TEST(KeptMaximised, AsksADesktopAgainThatStaysSilent)
     ASSERT_EQ(desktop.asked, 1);
 
     SilentDesktop silent(kLost);
-    const platform::ScopedDesktop takenBack(silent);
     LateDesktop::tell(window, Qt::WindowNoState);
     EXPECT_TRUE(QTest::qWaitFor([&silent] { return silent.answered; }));
     EXPECT_EQ(silent.asked, 1 + kLost);
