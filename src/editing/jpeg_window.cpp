@@ -7,14 +7,11 @@
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/files.h"
+#include "widgets/form_builder.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QPushButton>
 #include <QSlider>
-#include <QVBoxLayout>
 #include <algorithm>
 
 using platform::JpegPreview;
@@ -47,52 +44,31 @@ frmSaveJPGc::frmSaveJPGc()
     buildControls();
     connect(m_slider, &QSlider::valueChanged, this, &frmSaveJPGc::convertAtSlider);
     connect(m_qualitys, &QLineEdit::textChanged, this, &frmSaveJPGc::takeTypedQuality);
-    connect(m_ok, &QPushButton::clicked, this, &frmSaveJPGc::accept);
-    connect(m_cancel, &QPushButton::clicked, this, &frmSaveJPGc::cancel);
     m_slider->setValue(kFirstQuality);
     platform::setPointer(platform::Pointer::Default);
 }
 
 void frmSaveJPGc::buildControls()
 {
-    m_slider = new QSlider(Qt::Horizontal);
-    m_slider->setObjectName(QStringLiteral("Slider1"));
-    m_slider->setAccessibleName("Quality");
+    widgets::FormBuilder form(*this);
+    widgets::FormBuilder qualityRow = form.addRow();
+    qualityRow.addText("Quality");
+    m_qualitys = qualityRow.add(new QLineEdit, "Qualitys", "Quality as a number");
+    m_qualitys->setFixedWidth(kQualityWidth);
+    qualityRow.addStretch();
+    m_slider = form.add(new QSlider(Qt::Horizontal), "Slider1", "Quality");
     m_slider->setRange(0, kSliderMaximum);
     m_slider->setPageStep(kLargeChange);
     m_slider->setSingleStep(1);
-    m_qualitys = new QLineEdit;
-    m_qualitys->setObjectName(QStringLiteral("Qualitys"));
-    m_qualitys->setAccessibleName("Quality as a number");
-    m_qualitys->setFixedWidth(kQualityWidth);
-    m_outputPath = new QLineEdit;
-    m_outputPath->setObjectName(QStringLiteral("OutputPath"));
-    m_outputPath->setAccessibleName("Output file name");
+    widgets::FormBuilder ends = form.addRow();
+    ends.addText("Small File");
+    ends.addStretch();
+    ends.addText("Big File");
+    form.addText("Output Filename");
+    m_outputPath = form.add(new QLineEdit, "OutputPath", "Output file name");
     m_outputPath->setMinimumWidth(kPathWidth);
-    m_ok = new QPushButton(QStringLiteral("&Ok"));
-    m_ok->setObjectName(QStringLiteral("Command1_0"));
-    m_cancel = new QPushButton(QStringLiteral("&Cancel"));
-    m_cancel->setObjectName(QStringLiteral("Command1_1"));
-
-    auto* qualityRow = new QHBoxLayout;
-    qualityRow->addWidget(new QLabel(QStringLiteral("Quality")));
-    qualityRow->addWidget(m_qualitys);
-    qualityRow->addStretch();
-    auto* ends = new QHBoxLayout;
-    ends->addWidget(new QLabel(QStringLiteral("Small File")));
-    ends->addStretch();
-    ends->addWidget(new QLabel(QStringLiteral("Big File")));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_ok);
-    buttons->addWidget(m_cancel);
-    content().addLayout(qualityRow);
-    content().addWidget(m_slider);
-    content().addLayout(ends);
-    content().addWidget(new QLabel(QStringLiteral("Output Filename")));
-    content().addWidget(m_outputPath);
-    content().addLayout(buttons);
-    setKeyButtons(m_ok, m_cancel);
+    form.addButtons({{"Command1_0", "&Ok", [this] { accept(); }, widgets::PressedBy::Return},
+                     {"Command1_1", "&Cancel", [this] { cancel(); }, widgets::PressedBy::Escape}});
 }
 
 void frmSaveJPGc::setOutputPath(const QString& path)

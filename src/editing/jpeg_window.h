@@ -7,7 +7,6 @@
 #include <memory>
 
 class QLineEdit;
-class QPushButton;
 class QSlider;
 
 namespace editing {
@@ -43,8 +42,6 @@ private:
     QSlider* m_slider = nullptr;
     QLineEdit* m_qualitys = nullptr;
     QLineEdit* m_outputPath = nullptr;
-    QPushButton* m_ok = nullptr;
-    QPushButton* m_cancel = nullptr;
     // Shared with the handler that runs a conversion, which may see the window go meanwhile.
     std::shared_ptr<platform::JpegPreview> m_preview;
 };

@@ -9,14 +9,11 @@
 #include "platform/desktop/pointer.h"
 #include "platform/pictures/transforms.h"
 #include "widgets/focus_field.h"
+#include "widgets/form_builder.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 #include <cmath>
 #include <optional>
 
@@ -82,47 +79,20 @@ Form4::Form4()
     m_keepProportions->setChecked(true);
     connect(m_width, &QLineEdit::textChanged, this, &Form4::followWidth);
     connect(m_height, &QLineEdit::textChanged, this, &Form4::followHeight);
-    connect(m_ok, &QPushButton::clicked, this, &Form4::accept);
-    connect(m_cancel, &QPushButton::clicked, this, &Form4::cancel);
 }
 
 void Form4::buildControls()
 {
-    m_original = new QLabel;
-    m_original->setObjectName(QStringLiteral("lblOriginal"));
-    m_original->setAccessibleName("Size of the picture");
-    m_width = new widgets::FocusField;
-    m_width->setObjectName(QStringLiteral("txtWidth"));
-    m_height = new widgets::FocusField;
-    m_height->setObjectName(QStringLiteral("txtHeight"));
-    auto* widthLabel = new QLabel("&Width:");
-    widthLabel->setObjectName(QStringLiteral("lblWidth"));
-    widthLabel->setBuddy(m_width);
-    auto* heightLabel = new QLabel("&Height:");
-    heightLabel->setObjectName(QStringLiteral("lblHeight"));
-    heightLabel->setBuddy(m_height);
-    m_keepProportions = new QCheckBox("&Keep proportions");
-    m_keepProportions->setObjectName(QStringLiteral("chkKeepProportions"));
-    m_ok = new QPushButton("&Ok");
-    m_ok->setObjectName(QStringLiteral("cmdOk"));
-    m_cancel = new QPushButton("&Cancel");
-    m_cancel->setObjectName(QStringLiteral("cmdCancel"));
-
-    auto* grid = new QGridLayout;
-    grid->addWidget(new QLabel("Original size:"), 0, 0);
-    grid->addWidget(m_original, 0, 1);
-    grid->addWidget(widthLabel, 1, 0);
-    grid->addWidget(m_width, 1, 1);
-    grid->addWidget(heightLabel, 2, 0);
-    grid->addWidget(m_height, 2, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_ok);
-    buttons->addWidget(m_cancel);
-    content().addLayout(grid);
-    content().addWidget(m_keepProportions);
-    content().addLayout(buttons);
-    setKeyButtons(m_ok, m_cancel);
+    widgets::FormBuilder form(*this);
+    m_original = form.addCaptioned(new QLabel("Original size:"), new QLabel, "lblOriginal",
+                                   "Size of the picture");
+    m_width = form.addCaptioned(form.own(new QLabel("&Width:"), "lblWidth"),
+                                new widgets::FocusField, "txtWidth");
+    m_height = form.addCaptioned(form.own(new QLabel("&Height:"), "lblHeight"),
+                                 new widgets::FocusField, "txtHeight");
+    m_keepProportions = form.add(new QCheckBox("&Keep proportions"), "chkKeepProportions");
+    form.addButtons({{"cmdOk", "&Ok", [this] { accept(); }, widgets::PressedBy::Return},
+                     {"cmdCancel", "&Cancel", [this] { cancel(); }, widgets::PressedBy::Escape}});
 }
 
 void Form4::followWidth()

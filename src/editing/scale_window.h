@@ -7,7 +7,6 @@
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 
 namespace editing {
 
@@ -36,6 +35,4 @@ private:
     QLineEdit* m_width = nullptr;
     QLineEdit* m_height = nullptr;
     QCheckBox* m_keepProportions = nullptr;
-    QPushButton* m_ok = nullptr;
-    QPushButton* m_cancel = nullptr;
 };

@@ -8,17 +8,14 @@
 #include "platform/os/paths.h"
 #include "platform/os/subfolders.h"
 #include "widgets/focus_field.h"
-#include "widgets/title_strip.h"
+#include "widgets/form_builder.h"
 #include "widgets/window_parts.h"
 
 #include <QComboBox>
-#include <QFormLayout>
-#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -28,23 +25,12 @@ const QString kParentEntry = QStringLiteral("..");
 constexpr int kListWidth = 220; // pixels
 constexpr int kListHeight = 200;
 
-QListWidget* makeList(const char* name, const QString& accessibleName)
+QListWidget* addList(widgets::FormBuilder& form, const char* name, const char* spokenName)
 {
-    auto* list = new QListWidget;
-    list->setObjectName(QLatin1String(name));
-    list->setAccessibleName(accessibleName);
-    widgets::nameScrollBars(*list);
+    auto* list = form.add(new QListWidget, name, spokenName, 1);
     list->setMinimumSize(kListWidth, kListHeight);
     list->setUniformItemSizes(true);
     return list;
-}
-
-QLineEdit* makeField(const char* name, const QString& accessibleName)
-{
-    auto* field = new widgets::FocusField;
-    field->setObjectName(QLatin1String(name));
-    field->setAccessibleName(accessibleName);
-    return field;
 }
 
 } // namespace
@@ -61,38 +47,22 @@ FrmSwitch::FrmSwitch()
     connect(m_folders, &QListWidget::itemActivated, this, &FrmSwitch::enterItem);
     m_folders->installEventFilter(this);
     connect(m_files, &QListWidget::currentRowChanged, this, &FrmSwitch::takeFile);
-    connect(m_add, &QPushButton::clicked, this, &FrmSwitch::addEditor);
 }
 
 void FrmSwitch::buildControls()
 {
-    m_drives = new QComboBox;
-    m_drives->setObjectName(QStringLiteral("Drive1"));
-    m_drives->setAccessibleName("Drive");
+    widgets::FormBuilder form(*this);
+    widgets::FormBuilder lists = form.addRow(1);
+    widgets::FormBuilder places = lists.addColumn();
+    m_drives = places.add(new QComboBox, "Drive1", "Drive");
     widgets::nameDropDown(*m_drives, "Drives");
-    m_folders = makeList("Dir1", "Folders");
-    m_files = makeList("Filelist", "Files");
-    m_path = makeField("Text1", "Path of the program");
-    m_name = makeField("SwitchName", "Name in the menu");
-    m_add = new QPushButton("&Add");
-    m_add->setObjectName(QStringLiteral("Command1"));
-
-    auto* lists = new QHBoxLayout;
-    auto* places = new QVBoxLayout;
-    places->addWidget(m_drives);
-    places->addWidget(m_folders, 1);
-    lists->addLayout(places);
-    lists->addWidget(m_files, 1);
-    auto* fields = new QFormLayout;
-    fields->addRow("Program:", m_path);
-    fields->addRow("Name:", m_name);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_add);
-    content().addLayout(lists, 1);
-    content().addLayout(fields);
-    content().addLayout(buttons);
-    setKeyButtons(m_add, strip().closeBox());
+    m_folders = addList(places, "Dir1", "Folders");
+    m_files = addList(lists, "Filelist", "Files");
+    m_path = form.addCaptioned(new QLabel("Program:"), new widgets::FocusField, "Text1",
+                               "Path of the program");
+    m_name = form.addCaptioned(new QLabel("Name:"), new widgets::FocusField, "SwitchName",
+                               "Name in the menu");
+    form.addButtons({{"Command1", "&Add", [this] { addEditor(); }, widgets::PressedBy::Return}});
 }
 
 // A folder that can't be read leaves the lists as they are.

@@ -7,7 +7,6 @@ class QComboBox;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
-class QPushButton;
 
 // Adds a program to the list of editors: it is picked by drive, folder and file, or its path typed,
 // and gets a name for the menu.
@@ -32,6 +31,5 @@ private:
     QListWidget* m_files = nullptr;
     QLineEdit* m_path = nullptr;
     QLineEdit* m_name = nullptr;
-    QPushButton* m_add = nullptr;
     platform::FileList m_fileList;
 };

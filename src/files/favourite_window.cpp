@@ -4,12 +4,10 @@
 #include "core/services.h"
 #include "core/window_names.h"
 #include "files/text_list.h"
-#include "widgets/window_parts.h"
+#include "widgets/form_builder.h"
 
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -23,15 +21,12 @@ Favorties::Favorties()
     setObjectName(core::windowName(core::Window::Favorties));
     const core::MainWindow* window = core::services().mainWindow;
 
-    m_underName = widgets::addOption(content(), *this, QStringLiteral("Option1"),
-                                     QStringLiteral("Under this &name:"));
-    m_newName = widgets::addField(content(), *this, QStringLiteral("Newname"),
-                                  QStringLiteral("Name of the favourite"));
+    widgets::FormBuilder form(*this);
+    m_underName = form.add(new QRadioButton("Under this &name:"), "Option1");
+    m_newName = form.addField("Newname", "Name of the favourite");
     m_newName->setMinimumWidth(kFieldWidth);
-    QRadioButton* underPath = widgets::addOption(content(), *this, QStringLiteral("Option2"),
-                                                 QStringLiteral("Under its &path:"));
-    m_newPath = widgets::addField(content(), *this, QStringLiteral("Newpath"),
-                                  QStringLiteral("Path of the favourite"));
+    auto* underPath = form.add(new QRadioButton("Under its &path:"), "Option2");
+    m_newPath = form.addField("Newpath", "Path of the favourite");
     m_underName->setChecked(true);
     m_newPath->setText(window != nullptr ? window->Xiala() : QString());
     m_newPath->setCursorPosition(0);
@@ -40,13 +35,8 @@ Favorties::Favorties()
     connect(m_newPath, &QLineEdit::textEdited, underPath,
             [underPath] { underPath->setChecked(true); });
 
-    QPushButton* ok = widgets::makeButton(*this, QStringLiteral("Addok"), QStringLiteral("&Ok"));
-    QPushButton* cancel =
-        widgets::makeButton(*this, QStringLiteral("AddCancel"), QStringLiteral("&Cancel"));
-    widgets::addButtonRow(content(), {ok, cancel});
-    connect(ok, &QPushButton::clicked, this, &Favorties::add);
-    connect(cancel, &QPushButton::clicked, this, &QWidget::close);
-    setKeyButtons(ok, cancel);
+    form.addButtons({{"Addok", "&Ok", [this] { add(); }, widgets::PressedBy::Return},
+                     {"AddCancel", "&Cancel", [this] { close(); }, widgets::PressedBy::Escape}});
     m_newName->setFocus();
 }
 

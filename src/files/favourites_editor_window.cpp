@@ -4,12 +4,10 @@
 #include "core/services.h"
 #include "core/window_registry.h"
 #include "platform/desktop/dialogs.h"
-#include "widgets/window_parts.h"
+#include "widgets/form_builder.h"
 
 #include <QEvent>
 #include <QListWidget>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -32,30 +30,15 @@ FavortiesModi::FavortiesModi()
 {
     setObjectName(core::windowName(core::Window::FavortiesModi));
     setAccessibleName(QStringLiteral("Favourites"));
-    m_names = new QListWidget(this);
-    m_names->setObjectName(QStringLiteral("List1"));
-    m_names->setAccessibleName(QStringLiteral("Entries"));
+    widgets::FormBuilder form(*this);
+    m_names = form.add(new QListWidget, "List1", "Entries");
     m_names->setMinimumSize(kListSize);
-    content().addWidget(m_names);
-    m_paths = new QListWidget(this);
-    m_paths->setObjectName(QStringLiteral("lstdata"));
-    m_paths->setAccessibleName(QStringLiteral("Paths of the entries"));
+    m_paths = form.own(new QListWidget, "lstdata", "Paths of the entries");
     m_paths->hide();
-    for (QListWidget* list : {m_names, m_paths}) {
-        widgets::nameScrollBars(*list);
-    }
-
-    QPushButton* remove =
-        widgets::makeButton(*this, QStringLiteral("chameleonButton1"), QStringLiteral("&Delete"));
-    QPushButton* rename =
-        widgets::makeButton(*this, QStringLiteral("Renname"), QStringLiteral("&Renname..."));
-    QPushButton* done =
-        widgets::makeButton(*this, QStringLiteral("cmdClose"), QStringLiteral("&Close"));
-    widgets::addButtonRow(content(), {remove, rename, done});
-    connect(remove, &QPushButton::clicked, this, &FavortiesModi::deleteSelected);
-    connect(rename, &QPushButton::clicked, this, &FavortiesModi::renameSelected);
-    connect(done, &QPushButton::clicked, this, &QWidget::close);
-    setKeyButtons(done, done);
+    form.addButtons(
+        {{"chameleonButton1", "&Delete", [this] { deleteSelected(); }},
+         {"Renname", "&Renname...", [this] { renameSelected(); }},
+         {"cmdClose", "&Close", [this] { close(); }, widgets::PressedBy::ReturnAndEscape}});
     m_names->setFocus();
     refill();
 }

@@ -3,26 +3,20 @@
 #include "core/settings.h"
 #include "core/window_registry.h"
 #include "shell/main_window.h"
-#include "widgets/window_parts.h"
+#include "widgets/form_builder.h"
 
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 frmMsg::frmMsg()
     : StripWindow(QStringLiteral("Import..."))
 {
     setObjectName(core::windowName(core::Window::frmMsg));
-    auto* text = new QLabel(QStringLiteral("Now Import to Vistara?"), this);
-    text->setObjectName(QStringLiteral("Label1"));
-    content().addWidget(text);
-    QPushButton* ok = widgets::makeButton(*this, QStringLiteral("Ok"), QStringLiteral("&Ok"));
-    QPushButton* cancel =
-        widgets::makeButton(*this, QStringLiteral("Cancel"), QStringLiteral("&Cancel"));
-    widgets::addButtonRow(content(), {ok, cancel});
-    setKeyButtons(ok, cancel);
-    connect(ok, &QPushButton::clicked, this, [this] { answer(true); });
-    connect(cancel, &QPushButton::clicked, this, [this] { answer(false); });
+    widgets::FormBuilder form(*this);
+    form.add(new QLabel(QStringLiteral("Now Import to Vistara?")), "Label1");
+    QPushButton* ok = form.addButtons(
+        {{"Ok", "&Ok", [this] { answer(true); }, widgets::PressedBy::Return},
+         {"Cancel", "&Cancel", [this] { answer(false); }, widgets::PressedBy::Escape}});
     ok->setFocus();
 }
 

@@ -7,6 +7,7 @@ class QVBoxLayout;
 
 namespace widgets {
 
+class FormBuilder;
 class TitleStrip;
 
 // A window without platform frame: a title strip, whose box closes it, over a column for the
@@ -36,6 +37,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    friend class FormBuilder; // puts the controls in and sets the buttons
+
     void enterFirstStop();
     void letButtonsTakeReturn();
 

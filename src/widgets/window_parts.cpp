@@ -1,44 +1,12 @@
 #include "widgets/window_parts.h"
 
 #include "widgets/chameleon_button.h"
-#include "widgets/focus_field.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 namespace widgets {
-
-QRadioButton* addOption(QVBoxLayout& column, QWidget& window, const QString& name,
-                        const QString& caption)
-{
-    auto* option = new QRadioButton(caption, &window);
-    option->setObjectName(name);
-    option->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
-    column.addWidget(option);
-    return option;
-}
-
-QLineEdit* addField(QVBoxLayout& column, QWidget& window, const QString& name,
-                    const QString& accessibleName)
-{
-    auto* field = new FocusField(&window);
-    field->setObjectName(name);
-    field->setAccessibleName(accessibleName);
-    column.addWidget(field);
-    return field;
-}
-
-QPushButton* makeButton(QWidget& window, const QString& name, const QString& caption)
-{
-    auto* button = new QPushButton(caption, &window);
-    button->setObjectName(name);
-    button->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
-    return button;
-}
 
 void nameScrollBars(QAbstractScrollArea& area)
 {
@@ -59,16 +27,6 @@ void pressOnReturn(chameleonButton& button)
             button.click();
         }
     });
-}
-
-void addButtonRow(QVBoxLayout& column, std::initializer_list<QPushButton*> buttons)
-{
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    for (QPushButton* button : buttons) {
-        row->addWidget(button);
-    }
-    column.addLayout(row);
 }
 
 } // namespace widgets

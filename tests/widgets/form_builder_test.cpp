@@ -1,0 +1,125 @@
+#include "widgets/form_builder.h"
+
+#include "widgets/strip_window.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+using widgets::FormBuilder;
+using widgets::PressedBy;
+
+class FormBuilderTest : public testing::Test {
+protected:
+    widgets::FormButton button(const char* name, PressedBy keys)
+    {
+        return {name, "&Press", [this, name] { m_pressed.append(name); }, keys};
+    }
+
+    // The names of the stops from the first on, by Tab.
+    [[nodiscard]] QStringList stops(int count)
+    {
+        QStringList names;
+        for (int k = 0; k < count; ++k) {
+            names.append(m_window.focusWidget()->objectName());
+            QTest::keyClick(m_window.focusWidget(), Qt::Key_Tab);
+        }
+        return names;
+    }
+
+    widgets::StripWindow m_window{"Caption"};
+    FormBuilder m_form{m_window};
+    QStringList m_pressed;
+};
+
+} // namespace
+
+TEST_F(FormBuilderTest, NamesItsParts)
+{
+    auto* option = m_form.add(new QRadioButton("Under its &path:"), "Option1");
+    EXPECT_EQ(option->objectName(), "Option1");
+    EXPECT_EQ(option->accessibleName(), "Under its path:");
+    auto* list = m_form.own(new QListWidget, "List1", "Entries");
+    EXPECT_EQ(list->parentWidget(), &m_window);
+    EXPECT_EQ(list->accessibleName(), "Entries");
+    EXPECT_EQ(list->verticalScrollBar()->accessibleName(), "Scroll up and down");
+}
+
+TEST_F(FormBuilderTest, LetsTabGoThroughThePartsAsTheyCame)
+{
+    m_form.addField("first", "First");
+    FormBuilder row = m_form.addRow();
+    row.addColumn().addField("second", "Second");
+    row.addField("third", "Third");
+    m_form.addCaptioned(new QLabel("Four&th:"), new QLineEdit, "fourth");
+    m_form.addButtons({button("ok", PressedBy::Return)});
+    m_window.show();
+    EXPECT_EQ(stops(5), QStringList({"first", "second", "third", "fourth", "ok"}));
+}
+
+TEST_F(FormBuilderTest, PlacesPartsBelowAndBesideEachOther)
+{
+    const QWidget* top = m_form.addField("top", "Top");
+    FormBuilder row = m_form.addRow();
+    const QWidget* left = row.addField("left", "Left");
+    const QWidget* right = row.addField("right", "Right");
+    m_window.show();
+    EXPECT_GT(left->y(), top->geometry().bottom());
+    EXPECT_EQ(left->y(), right->y());
+    EXPECT_GT(right->x(), left->geometry().right());
+}
+
+TEST_F(FormBuilderTest, KeepsCaptionedPartsInOneTable)
+{
+    auto* caption = new QLabel("&Width:");
+    const QWidget* width = m_form.addCaptioned(caption, new QLineEdit, "width");
+    const QWidget* height =
+        m_form.addCaptioned(new QLabel("A longer caption:"), new QLineEdit, "height");
+    m_window.show();
+    EXPECT_EQ(caption->buddy(), width);
+    EXPECT_EQ(width->x(), height->x());
+    EXPECT_GT(height->y(), width->geometry().bottom());
+}
+
+TEST_F(FormBuilderTest, GivesReturnAndEscapeTheirButtons)
+{
+    m_form.addField("field", "Field");
+    const QPushButton* accept =
+        m_form.addButtons({button("other", PressedBy::HandAlone), button("ok", PressedBy::Return),
+                           button("cancel", PressedBy::Escape)});
+    m_window.show();
+    EXPECT_EQ(accept->objectName(), "ok");
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Return);
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(m_pressed, QStringList({"ok", "cancel"}));
+    m_window.findChild<QPushButton*>("other")->click();
+    EXPECT_EQ(m_pressed.last(), "other");
+}
+
+TEST_F(FormBuilderTest, LetsOneButtonTakeBothKeys)
+{
+    m_form.addField("field", "Field");
+    m_form.addButtons({button("close", PressedBy::ReturnAndEscape)});
+    m_window.show();
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Return);
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(m_pressed, QStringList({"close", "close"}));
+}
+
+TEST_F(FormBuilderTest, ClosesByEscapeWhereNoButtonTakesIt)
+{
+    m_form.addField("field", "Field");
+    EXPECT_EQ(m_form.addButtons({button("other", PressedBy::HandAlone)}), nullptr);
+    m_window.show();
+    QTest::keyClick(m_window.focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(m_window.isVisible());
+    EXPECT_TRUE(m_pressed.isEmpty());
+}
