@@ -78,6 +78,7 @@ public:
     // What runs work on.
     [[nodiscard]] thumbs::RunSurface& surface() { return m_surface; }
     [[nodiscard]] const thumbs::Selection& selection() const { return m_selection; }
+    // Where the tiles of the last run stand.
     [[nodiscard]] const thumbs::TileGrid& grid() const { return m_surface.state.grid; }
     // The tile of a row, null for none.
     [[nodiscard]] const thumbs::TileRow* tile(int row) const;

@@ -6,8 +6,10 @@
 #include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/registry.h"
+#include "thumbs/folder_run.h"
 #include "thumbs/pane/pane_fixture.h"
 #include "thumbs/pane/pane_layout.h"
+#include "thumbs/tile_maker.h"
 #include "widgets/title_strip.h"
 
 #include <QSignalSpy>
@@ -705,6 +707,23 @@ TEST_F(PaneTest, HoldsTheSplitterDuringARun)
     m_pane->treeSelected(m_tree.path("other"));
     EXPECT_FALSE(enabledThen);
     EXPECT_TRUE(part("Splitter")->isEnabled());
+}
+
+TEST_F(PaneTest, LeavesTheSplitterToRunsThatDoNotHoldIt)
+{
+    class FreeTiles : public thumbs::TileMaker {
+    public:
+        using TileMaker::TileMaker;
+        [[nodiscard]] thumbs::HostHold hold() const override { return {false, true}; }
+    };
+    start();
+    bool enabledThen = false;
+    QObject::connect(&list(), &ThumbNailList::ThumbPageStatus, &list(),
+                     [&] { enabledThen = part("Splitter")->isEnabled(); });
+    FreeTiles step(list());
+    thumbs::FolderRun(list(), step).run();
+    EXPECT_EQ(m_runs, 2);
+    EXPECT_TRUE(enabledThen);
 }
 
 TEST_F(PaneTest, KeepsHoldingTheSplitterAfterARefusal)
