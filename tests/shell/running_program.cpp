@@ -47,7 +47,7 @@ Form1* mainWindow()
 } // namespace
 
 RunningProgram::RunningProgram()
-    : tree({{"pics/"}, {"app/Images/"}})
+    : tree({{"pics/"}, {"app/Images/"}}, support::TempTree::Medium::Memory)
 {
     const struct {
         const char* name;

@@ -48,6 +48,8 @@ public:
     static QAction& entry(Form1& form, const char* array, int index);
     static void trigger(Form1& form, const char* array, int index);
 
+    // In memory, since settings are flushed at every start and end, which a disk takes its time
+    // for.
     support::TempTree tree;
     support::FakeDialogs dialogs;
     support::FakeDesktop desktop;

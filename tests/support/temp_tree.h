@@ -12,6 +12,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <unistd.h>
 
 namespace support {
 
@@ -30,8 +31,12 @@ public:
         std::string content = {};
     };
 
-    explicit TempTree(std::initializer_list<Entry> entries = {})
-        : m_root(makeRoot())
+    // What the folder lies on. Where there is no file system in memory, or little room on it, the
+    // disk takes its place.
+    enum class Medium { Disk, Memory };
+
+    explicit TempTree(std::initializer_list<Entry> entries = {}, Medium medium = Medium::Disk)
+        : m_root(makeRoot(medium))
     {
         for (const char* const folder : {"app", "home", "config", "data", "cache", "run"}) {
             std::filesystem::create_directory(m_root + "/" + folder);
@@ -116,10 +121,20 @@ public:
     }
 
 private:
-    static std::string makeRoot()
+    static std::filesystem::path parentOf(Medium medium)
     {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "vistara-test-XXXXXX").native();
+        constexpr std::uintmax_t kRoom = 1U << 30U;
+        const std::filesystem::path memory = "/dev/shm";
+        std::error_code noSpace;
+        const std::filesystem::space_info space = std::filesystem::space(memory, noSpace);
+        const bool usable = medium == Medium::Memory && !noSpace && space.available >= kRoom &&
+                            ::access(memory.c_str(), W_OK) == 0;
+        return usable ? memory : std::filesystem::temp_directory_path();
+    }
+
+    static std::string makeRoot(Medium medium)
+    {
+        std::string pattern = (parentOf(medium) / "vistara-test-XXXXXX").native();
         EXPECT_NE(::mkdtemp(pattern.data()), nullptr);
         return std::filesystem::canonical(pattern).native();
     }
