@@ -51,6 +51,7 @@ FormBuilder FormBuilder::addColumn(int stretch)
 void FormBuilder::addStretch()
 {
     m_layout.addStretch();
+    m_table = nullptr;
 }
 
 void FormBuilder::addText(const QString& text)

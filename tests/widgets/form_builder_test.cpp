@@ -89,6 +89,18 @@ TEST_F(FormBuilderTest, KeepsCaptionedPartsInOneTable)
     EXPECT_GT(height->y(), width->geometry().bottom());
 }
 
+TEST_F(FormBuilderTest, BeginsAnotherTableBehindAStretch)
+{
+    const QWidget* above = m_form.addCaptioned(new QLabel("&Width:"), new QLineEdit, "width");
+    m_form.addStretch();
+    const QWidget* below =
+        m_form.addCaptioned(new QLabel("A longer caption:"), new QLineEdit, "height");
+    m_window.resize(300, 400);
+    m_window.show();
+    EXPECT_LT(above->x(), below->x());
+    EXPECT_GT(below->y() - above->geometry().bottom(), above->height());
+}
+
 TEST_F(FormBuilderTest, GivesReturnAndEscapeTheirButtons)
 {
     m_form.addField("field", "Field");
