@@ -1,7 +1,7 @@
 #include "core/picture_required.h"
 
 #include "core/constants.h"
-#include "core/interfaces.h"
+#include "core/viewer.h"
 #include "platform/desktop/dialogs.h"
 
 namespace core {

@@ -6,12 +6,21 @@ namespace core {
 
 class BrowserPane;
 class ConfigStore;
-class MainWindow;
+class FileField;
+class MainMenus;
+class PictureDisplay;
+class ProgressStrip;
+class WorkArea;
 
-// What the shell has put in place so far. Null means: not there (yet, or any more).
+// What the shell has put in place so far: the settings, the main window by its roles, and the pane.
+// Null means: not there (yet, or any more). The roles of the main window come and go together.
 struct Services {
     ConfigStore* config = nullptr;
-    MainWindow* mainWindow = nullptr;
+    PictureDisplay* display = nullptr;
+    FileField* field = nullptr;
+    MainMenus* menus = nullptr;
+    ProgressStrip* progress = nullptr;
+    WorkArea* workArea = nullptr;
     BrowserPane* browserPane = nullptr;
 
     // Work of folders that may be missing; an empty function means that the command ends quietly.

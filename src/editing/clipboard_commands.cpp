@@ -1,8 +1,10 @@
 #include "editing/clipboard_commands.h"
 
-#include "core/interfaces.h"
+#include "core/file_field.h"
+#include "core/picture_display.h"
 #include "core/picture_required.h"
 #include "core/state.h"
+#include "core/viewer.h"
 #include "core/working_files.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/pictures/picture_box.h"
@@ -12,44 +14,44 @@ namespace editing {
 
 namespace {
 
-bool putOnClipboard(core::MainWindow& form)
+bool putOnClipboard(core::PictureDisplay& display)
 {
-    return platform::setClipboardPicture(form.viewer().Picture());
+    return platform::setClipboardPicture(display.viewer().Picture());
 }
 
 } // namespace
 
-void copyPicture(core::MainWindow& form)
+void copyPicture(core::PictureDisplay& display)
 {
-    if (core::requirePicture(form.viewer())) {
-        static_cast<void>(putOnClipboard(form));
+    if (core::requirePicture(display.viewer())) {
+        static_cast<void>(putOnClipboard(display));
     }
 }
 
-void cutPicture(core::MainWindow& form)
+void cutPicture(core::PictureDisplay& display)
 {
-    if (core::requirePicture(form.viewer()) && putOnClipboard(form)) {
-        form.viewer().Clear();
+    if (core::requirePicture(display.viewer()) && putOnClipboard(display)) {
+        display.viewer().Clear();
     }
 }
 
-void pastePicture(core::MainWindow& form)
+void pastePicture(core::PictureDisplay& display, core::FileField& field)
 {
     const auto pasted = platform::clipboardPicture();
     if (!pasted) {
         return;
     }
     core::state().PictureChanged = true;
-    form.Image1().setPicture(*pasted);
-    if (!core::saveAs(core::WorkingFile::Picture, form.Image1().picture())) {
+    display.Image1().setPicture(*pasted);
+    if (!core::saveAs(core::WorkingFile::Picture, display.Image1().picture())) {
         return;
     }
     const QString path = core::workingFile(core::WorkingFile::Picture);
-    form.setXiala(path);
+    field.setXiala(path);
     if (const auto picture = platform::loadPicture(path)) {
-        form.viewer().setPicture(*picture);
+        display.viewer().setPicture(*picture);
     }
-    form.rebuildSizeText();
+    display.rebuildSizeText();
 }
 
 } // namespace editing

@@ -1,7 +1,8 @@
 #include "editing/edit_steps.h"
 
-#include "core/interfaces.h"
+#include "core/picture_display.h"
 #include "core/picture_required.h"
+#include "core/viewer.h"
 #include "core/working_files.h"
 #include "platform/os/files.h"
 #include "platform/pictures/picture_box.h"
@@ -9,34 +10,34 @@
 
 namespace editing {
 
-void keepBeforeEdit(core::MainWindow& form)
+void keepBeforeEdit(core::PictureDisplay& display)
 {
-    form.Image1().setPicture(form.viewer().Picture());
+    display.Image1().setPicture(display.viewer().Picture());
     // An edit goes on without its undo.
-    static_cast<void>(core::saveAs(core::WorkingFile::BeforeEdit, form.Image1().picture()));
+    static_cast<void>(core::saveAs(core::WorkingFile::BeforeEdit, display.Image1().picture()));
 }
 
-void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& box)
+void showThroughWorkingFile(core::PictureDisplay& display, const platform::PictureBox& box)
 {
     constexpr auto kFile = core::WorkingFile::Transform;
     if (const auto picture =
             core::takenThrough(kFile, box.drawnImage(), platform::OnFailure::Stop)) {
-        form.viewer().setPicture(*picture);
+        display.viewer().setPicture(*picture);
     }
     platform::removeFile(core::workingFile(kFile));
 }
 
-void undo(core::MainWindow& form)
+void undo(core::PictureDisplay& display)
 {
-    if (!core::requirePicture(form.viewer())) {
+    if (!core::requirePicture(display.viewer())) {
         return;
     }
     if (const auto picture =
             platform::loadPicture(core::workingFile(core::WorkingFile::BeforeEdit))) {
-        form.viewer().setPicture(*picture);
+        display.viewer().setPicture(*picture);
     }
-    form.orgPicture().setPicture(form.viewer().Picture());
-    form.rebuildSizeText();
+    display.orgPicture().setPicture(display.viewer().Picture());
+    display.rebuildSizeText();
 }
 
 } // namespace editing

@@ -1,7 +1,7 @@
 #pragma once
 
 namespace core {
-class MainWindow;
+class PictureDisplay;
 }
 
 namespace platform {
@@ -13,14 +13,14 @@ namespace editing {
 
 // Keeps the viewer's picture as the state that Undo goes back to; Image1 holds it afterwards. A
 // file that can't be written leaves the state that was kept before.
-void keepBeforeEdit(core::MainWindow& form);
+void keepBeforeEdit(core::PictureDisplay& display);
 
 // Hands the drawing on a box to the viewer by way of the transform's working file, which is gone
 // afterwards. Without that file the viewer keeps what it shows.
-void showThroughWorkingFile(core::MainWindow& form, const platform::PictureBox& box);
+void showThroughWorkingFile(core::PictureDisplay& display, const platform::PictureBox& box);
 
 // Undo: brings the state before the last edit back. Without one, or when its file can't be read,
 // the viewer keeps its picture.
-void undo(core::MainWindow& form);
+void undo(core::PictureDisplay& display);
 
 } // namespace editing

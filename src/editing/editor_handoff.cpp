@@ -1,8 +1,9 @@
 #include "editing/editor_handoff.h"
 
-#include "core/interfaces.h"
+#include "core/picture_display.h"
 #include "core/picture_required.h"
 #include "core/settings.h"
+#include "core/viewer.h"
 #include "core/working_files.h"
 #include "editing/edit_steps.h"
 #include "files/text_list.h"
@@ -18,46 +19,46 @@ namespace {
 const QString kEditorProgram = QStringLiteral("Tesselia.exe");
 
 // No program starts where this fails: it would find another picture.
-bool savePictureInHand(core::MainWindow& form)
+bool savePictureInHand(core::PictureDisplay& display)
 {
-    form.Image1().setPicture(form.viewer().Picture());
-    return core::saveAs(core::WorkingFile::Picture, form.Image1().picture());
+    display.Image1().setPicture(display.viewer().Picture());
+    return core::saveAs(core::WorkingFile::Picture, display.Image1().picture());
 }
 
 } // namespace
 
-void runFilter(core::MainWindow& form, FilterMenu menu, int index)
+void runFilter(core::PictureDisplay& display, FilterMenu menu, int index)
 {
     const std::optional<int> number = filterNumber(menu, index);
     if (!number) {
         return;
     }
     const platform::PointerGuard hourglass;
-    keepBeforeEdit(form);
-    form.closePanView();
+    keepBeforeEdit(display);
+    display.closePanView();
     core::store(core::kFilter, *number);
-    startSeparateEditor(form);
+    startSeparateEditor(display);
 }
 
-void startSeparateEditor(core::MainWindow& form)
+void startSeparateEditor(core::PictureDisplay& display)
 {
-    if (!core::requirePicture(form.viewer())) {
+    if (!core::requirePicture(display.viewer())) {
         return;
     }
     const platform::PointerGuard hourglass;
-    if (savePictureInHand(form)) {
+    if (savePictureInHand(display)) {
         // A missing program is passed over in silence.
         platform::desktop().startProgram(platform::appFile(kEditorProgram), {});
     }
 }
 
-void startListedEditor(core::MainWindow& form, int place)
+void startListedEditor(core::PictureDisplay& display, int place)
 {
-    if (!core::requirePicture(form.viewer())) {
+    if (!core::requirePicture(display.viewer())) {
         return;
     }
     const platform::PointerGuard hourglass;
-    if (!savePictureInHand(form)) {
+    if (!savePictureInHand(display)) {
         return;
     }
     const std::vector<files::NamedPath> editors = files::readNamed(files::kEditors);

@@ -1,13 +1,16 @@
 #include "editing/image_commands.h"
 
-#include "core/interfaces.h"
+#include "core/constants.h"
+#include "core/picture_display.h"
 #include "core/picture_required.h"
 #include "core/state.h"
+#include "core/viewer.h"
 #include "core/window_registry.h"
 #include "editing/edit_steps.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
+#include "platform/pictures/picture_box.h"
 #include "platform/pictures/transforms.h"
 
 #include <QWidget>
@@ -22,77 +25,77 @@ const QString kNothingToResample = QStringLiteral("Nothing to resample");
 constexpr int kColorSubmenu = 0;
 
 // Image1 holds the viewer's picture when an edit begins.
-QImage pixelsInHand(core::MainWindow& form)
+QImage pixelsInHand(core::PictureDisplay& display)
 {
-    return form.Image1().picture().flattened();
+    return display.Image1().picture().flattened();
 }
 
-void flip(core::MainWindow& form, const QImage& flipped)
+void flip(core::PictureDisplay& display, const QImage& flipped)
 {
     if (flipped.isNull()) {
         return;
     }
-    form.Image1().setPicture(platform::Picture(flipped));
-    showThroughWorkingFile(form, form.Image1());
+    display.Image1().setPicture(platform::Picture(flipped));
+    showThroughWorkingFile(display, display.Image1());
 }
 
-void flipVertical(core::MainWindow& form)
+void flipVertical(core::PictureDisplay& display)
 {
-    flip(form, platform::flippedTopToBottom(pixelsInHand(form)));
+    flip(display, platform::flippedTopToBottom(pixelsInHand(display)));
 }
 
-void flipHorizontal(core::MainWindow& form)
+void flipHorizontal(core::PictureDisplay& display)
 {
-    flip(form, platform::flippedLeftToRight(pixelsInHand(form)));
+    flip(display, platform::flippedLeftToRight(pixelsInHand(display)));
 }
 
-void mirror(core::MainWindow& form, platform::Half kept)
+void mirror(core::PictureDisplay& display, platform::Half kept)
 {
-    const QImage result = platform::mirrored(pixelsInHand(form), kept);
+    const QImage result = platform::mirrored(pixelsInHand(display), kept);
     if (result.isNull()) {
         return;
     }
-    form.Image1().setPicture(platform::Picture(result));
-    form.viewer().setPicture(form.Image1().drawnImage());
+    display.Image1().setPicture(platform::Picture(result));
+    display.viewer().setPicture(display.Image1().drawnImage());
 }
 
 // Both entries work across the vertical centre line, whatever their captions say.
-void mirrorVertical(core::MainWindow& form)
+void mirrorVertical(core::PictureDisplay& display)
 {
-    mirror(form, platform::Half::Left);
+    mirror(display, platform::Half::Left);
 }
 
-void mirrorHorizontal(core::MainWindow& form)
+void mirrorHorizontal(core::PictureDisplay& display)
 {
-    mirror(form, platform::Half::Right);
+    mirror(display, platform::Half::Right);
 }
 
-void scale(core::MainWindow& form)
+void scale(core::PictureDisplay& display)
 {
-    if (!form.viewer().PictureExists()) {
+    if (!display.viewer().PictureExists()) {
         platform::dialogs().showMessage(kNothingToResample, core::kProgramName,
                                         platform::BoxIcon::Information);
         return;
     }
-    const int width = form.viewer().PictureWidth();
-    const int height = form.viewer().PictureHeight();
+    const int width = display.viewer().PictureWidth();
+    const int height = display.viewer().PictureHeight();
     core::state().ResizeSourceWidth = width;
     core::state().ResizeSourceHeight = height;
     core::state().ResizeCancelled = true;
     platform::setPointer(platform::Pointer::Default);
     core::windows().show(core::Window::Form4, core::ShowMode::Modal);
-    if (!platform::pump(form.window()) || core::state().ResizeCancelled) {
+    if (!platform::pump() || core::state().ResizeCancelled) {
         return;
     }
-    if (form.viewer().PictureWidth() != width || form.viewer().PictureHeight() != height) {
-        form.rebuildSizeText();
+    if (display.viewer().PictureWidth() != width || display.viewer().PictureHeight() != height) {
+        display.rebuildSizeText();
     }
-    form.viewer().Refresh();
+    display.viewer().Refresh();
 }
 
 struct ImageEntry {
     int index;
-    void (*run)(core::MainWindow&);
+    void (*run)(core::PictureDisplay&);
 };
 
 constexpr std::array kImageEntries{ImageEntry{2, flipVertical}, ImageEntry{3, flipHorizontal},
@@ -101,26 +104,26 @@ constexpr std::array kImageEntries{ImageEntry{2, flipVertical}, ImageEntry{3, fl
 
 } // namespace
 
-void optImage(core::MainWindow& form, int index)
+void optImage(core::PictureDisplay& display, int index)
 {
-    if (!core::requirePicture(form.viewer())) {
+    if (!core::requirePicture(display.viewer())) {
         return;
     }
     const platform::PointerGuard hourglass;
-    keepBeforeEdit(form);
+    keepBeforeEdit(display);
     if (index == kColorSubmenu) {
         return;
     }
     const auto entry = std::find_if(kImageEntries.begin(), kImageEntries.end(),
                                     [index](const ImageEntry& row) { return row.index == index; });
     if (entry != kImageEntries.end()) {
-        entry->run(form);
+        entry->run(display);
     }
     if (platform::isClosing()) {
         return;
     }
-    form.viewer().PanViewRefresh();
-    form.viewer().Refresh();
+    display.viewer().PanViewRefresh();
+    display.viewer().Refresh();
 }
 
 } // namespace editing

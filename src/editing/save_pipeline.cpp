@@ -1,8 +1,9 @@
 #include "editing/save_pipeline.h"
 
-#include "core/interfaces.h"
+#include "core/picture_display.h"
 #include "core/picture_required.h"
 #include "core/state.h"
+#include "core/viewer.h"
 #include "core/working_files.h"
 #include "editing/jpeg_window.h"
 #include "platform/desktop/dialogs.h"
@@ -25,19 +26,19 @@ const QString kFirstExtension = QStringLiteral(".bmp"); // of the filter that th
 
 enum SaveFormat { kBmp = 1, kGif = 2, kJpeg = 3 };
 
-void saveBmp(core::MainWindow& form, const QString& path)
+void saveBmp(core::PictureDisplay& display, const QString& path)
 {
-    form.Image1().setPicture(form.viewer().Picture());
+    display.Image1().setPicture(display.viewer().Picture());
     static_cast<void>(
-        platform::savePicture(form.Image1().picture(), path, platform::Flush::ToDisk));
+        platform::savePicture(display.Image1().picture(), path, platform::Flush::ToDisk));
 }
 
-void saveGif(core::MainWindow& form, const QString& path)
+void saveGif(core::PictureDisplay& display, const QString& path)
 {
-    static_cast<void>(platform::writeGif(form.Image1().picture(), path));
+    static_cast<void>(platform::writeGif(display.Image1().picture(), path));
 }
 
-void saveJpeg(core::MainWindow&, const QString& path)
+void saveJpeg(core::PictureDisplay&, const QString& path)
 {
     showJpegWindow(path);
 }
@@ -81,38 +82,38 @@ bool isReadyForDialog(const platform::Picture& picture)
 
 } // namespace
 
-void save(core::MainWindow& form, SaveSource source)
+void save(core::PictureDisplay& display, SaveSource source, const QString& shownPath)
 {
-    if (!core::requirePicture(form.viewer())) {
+    if (!core::requirePicture(display.viewer())) {
         return;
     }
-    platform::PictureBox& box = form.Image1();
-    box.setPicture(form.viewer().Picture());
+    platform::PictureBox& box = display.Image1();
+    box.setPicture(display.viewer().Picture());
     if (isReadyForDialog(source == SaveSource::Picture ? box.picture() : box.drawnImage())) {
-        form.SaveGIF();
+        saveByDialog(display, shownPath);
     }
 }
 
-void saveByDialog(core::MainWindow& form)
+void saveByDialog(core::PictureDisplay& display, const QString& shownPath)
 {
     const std::optional<platform::SaveChoice> choice =
-        platform::dialogs().saveFile(requestFor(form.Xiala()));
+        platform::dialogs().saveFile(requestFor(shownPath));
     if (!choice) {
         return;
     }
     const platform::PointerGuard hourglass;
     if (const auto picture = platform::loadPicture(core::workingFile(core::WorkingFile::Save))) {
-        form.Image1().setPicture(*picture);
+        display.Image1().setPicture(*picture);
     }
     switch (choice->filterIndex) {
     case kBmp:
-        saveBmp(form, choice->path);
+        saveBmp(display, choice->path);
         break;
     case kGif:
-        saveGif(form, choice->path);
+        saveGif(display, choice->path);
         break;
     case kJpeg:
-        saveJpeg(form, choice->path);
+        saveJpeg(display, choice->path);
         break;
     default:
         break;

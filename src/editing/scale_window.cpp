@@ -1,12 +1,14 @@
 #include "editing/scale_window.h"
 
 #include "base/numbers.h"
-#include "core/interfaces.h"
+#include "core/picture_display.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "core/viewer.h"
 #include "core/window_names.h"
 #include "editing/edit_steps.h"
 #include "platform/desktop/pointer.h"
+#include "platform/pictures/picture_box.h"
 #include "platform/pictures/transforms.h"
 #include "widgets/focus_field.h"
 #include "widgets/form_builder.h"
@@ -42,17 +44,17 @@ void follow(const QLineEdit& changed, QLineEdit& follower, int ownSide, int othe
 
 bool scaleViewerTo(QSize size)
 {
-    core::MainWindow* form = core::services().mainWindow;
-    if (form == nullptr) {
+    core::PictureDisplay* display = core::services().display;
+    if (display == nullptr) {
         return false;
     }
-    platform::PictureBox& box = form->Image1();
+    platform::PictureBox& box = display->Image1();
     const QImage scaled = platform::scaledTo(box.picture().flattened(), size);
     if (scaled.isNull()) {
         return false;
     }
     box.setPicture(platform::Picture(scaled));
-    editing::showThroughWorkingFile(*form, box);
+    editing::showThroughWorkingFile(*display, box);
     return true;
 }
 

@@ -1,6 +1,6 @@
 #include "editing/switch_window.h"
 
-#include "core/interfaces.h"
+#include "core/main_menus.h"
 #include "core/services.h"
 #include "core/window_names.h"
 #include "files/text_list.h"
@@ -123,8 +123,8 @@ void FrmSwitch::addEditor()
         return;
     }
     files::addNamed(files::kEditors, {m_name->text(), m_path->text()});
-    if (core::MainWindow* form = core::services().mainWindow) {
-        form->refillListMenus();
+    if (core::MainMenus* menus = core::services().menus) {
+        menus->refillListMenus();
     }
     close();
 }

@@ -1,6 +1,7 @@
 #include "files/favourite_window.h"
 
-#include "core/interfaces.h"
+#include "core/file_field.h"
+#include "core/main_menus.h"
 #include "core/services.h"
 #include "core/window_names.h"
 #include "files/text_list.h"
@@ -19,7 +20,7 @@ Favorties::Favorties()
     : StripWindow(QStringLiteral("Add to Favorties"))
 {
     setObjectName(core::windowName(core::Window::Favorties));
-    const core::MainWindow* window = core::services().mainWindow;
+    const core::FileField* field = core::services().field;
 
     widgets::FormBuilder form(*this);
     m_underName = form.add(new QRadioButton("Under this &name:"), "Option1");
@@ -28,7 +29,7 @@ Favorties::Favorties()
     auto* underPath = form.add(new QRadioButton("Under its &path:"), "Option2");
     m_newPath = form.addField("Newpath", "Path of the favourite");
     m_underName->setChecked(true);
-    m_newPath->setText(window != nullptr ? window->Xiala() : QString());
+    m_newPath->setText(field != nullptr ? field->Xiala() : QString());
     m_newPath->setCursorPosition(0);
     connect(m_newName, &QLineEdit::textEdited, m_underName,
             [this] { m_underName->setChecked(true); });
@@ -44,8 +45,8 @@ void Favorties::add()
 {
     const QString name = m_underName->isChecked() ? m_newName->text() : m_newPath->text();
     files::addNamed(files::kFavourites, {name, m_newPath->text()});
-    if (core::MainWindow* window = core::services().mainWindow) {
-        window->refillListMenus();
+    if (core::MainMenus* menus = core::services().menus) {
+        menus->refillListMenus();
     }
     close();
 }

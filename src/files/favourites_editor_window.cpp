@@ -1,6 +1,6 @@
 #include "files/favourites_editor_window.h"
 
-#include "core/interfaces.h"
+#include "core/main_menus.h"
 #include "core/services.h"
 #include "core/window_registry.h"
 #include "platform/desktop/dialogs.h"
@@ -99,8 +99,8 @@ void FavortiesModi::renameSelected()
 
 void FavortiesModi::refillMenus()
 {
-    if (core::MainWindow* window = core::services().mainWindow) {
-        window->refillListMenus();
+    if (core::MainMenus* menus = core::services().menus) {
+        menus->refillListMenus();
     }
 }
 

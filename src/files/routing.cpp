@@ -1,15 +1,20 @@
 #include "files/routing.h"
 
-#include "core/interfaces.h"
+#include "core/file_field.h"
+#include "core/picture_display.h"
 #include "core/player_window.h"
 #include "core/state.h"
+#include "core/status_bar.h"
+#include "core/viewer.h"
 #include "core/window_registry.h"
 #include "files/classification.h"
 #include "files/size_text.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
+#include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
+#include "viewer/own_format_show.h"
 
 #include <QWidget>
 
@@ -21,10 +26,10 @@ const QString kBlanks = QStringLiteral("     ");
 const QString kPixel = QStringLiteral(" Pixel");
 
 // A file that is no picture leaves the viewer as it was.
-void loadIntoViewer(core::MainWindow& window, const QString& path)
+void loadIntoViewer(core::Viewer& viewer, const QString& path)
 {
     if (const std::optional<platform::Picture> picture = platform::loadPicture(path)) {
-        window.viewer().setPicture(*picture);
+        viewer.setPicture(*picture);
     }
 }
 
@@ -35,11 +40,11 @@ void openIn(QWidget* window, const QString& path)
     }
 }
 
-void routeToFlash(core::MainWindow& window, const QString& path)
+void routeToFlash(core::FileField& field, const QString& path)
 {
     core::windows().unload(core::Window::FlashP);
     openIn(core::windows().show(core::Window::FlashP), path);
-    window.setXiala(path);
+    field.setXiala(path);
 }
 
 // Sound and pictures begin before the window appears.
@@ -60,34 +65,34 @@ void routeToWeb(const QString& path)
 
 } // namespace
 
-void goEnter(core::MainWindow& window, const QString& path)
+void goEnter(core::PictureDisplay& display, core::FileField& field, const QString& path)
 {
     if (isPlayerBound(path)) {
-        routePath(window, path);
+        routePath(display, field, path);
         return;
     }
     if (isOwnFormat(path)) {
-        window.openPsd(path);
+        viewer::showOwnFormat(display, path);
     } else {
-        loadIntoViewer(window, path);
+        loadIntoViewer(display.viewer(), path);
     }
-    showNameAndSize(window, path);
+    showNameAndSize(display.StateBar(), path);
 }
 
-void clickXiala(core::MainWindow& window, const QString& path)
+void clickXiala(core::PictureDisplay& display, core::FileField& field, const QString& path)
 {
     if (isOwnFormat(path)) {
-        window.viewer().setPicture(platform::Picture());
+        display.viewer().setPicture(platform::Picture());
     }
-    goEnter(window, path);
+    goEnter(display, field, path);
 }
 
-void routePath(core::MainWindow& window, const QString& path)
+void routePath(core::PictureDisplay& display, core::FileField& field, const QString& path)
 {
     const platform::PointerGuard pointer;
     switch (routeOf(path)) {
     case Route::Flash:
-        routeToFlash(window, path);
+        routeToFlash(field, path);
         return;
     case Route::Media:
         routeToMedia(path);
@@ -96,29 +101,28 @@ void routePath(core::MainWindow& window, const QString& path)
         routeToWeb(path);
         break;
     case Route::Viewer:
-        loadIntoViewer(window, path);
+        loadIntoViewer(display.viewer(), path);
         core::state().CurrentFile = path;
         break;
     }
-    window.setXiala(path);
-    showFileFacts(window, path);
+    field.setXiala(path);
+    showFileFacts(display, path);
 }
 
-void showNameAndSize(core::MainWindow& window, const QString& path)
+void showNameAndSize(core::StatusBar& bar, const QString& path)
 {
-    core::StatusBar& bar = window.StateBar();
     if (const std::optional<qint64> size = platform::fileSize(path)) {
         bar.setPanel(core::Panel::FileSize, sizeText(*size) + kBlanks);
     }
     bar.setPanel(core::Panel::FileName, platform::fileNameOf(path) + kBlanks);
 }
 
-void showFileFacts(core::MainWindow& window, const QString& path)
+void showFileFacts(core::PictureDisplay& display, const QString& path)
 {
-    showNameAndSize(window, path);
-    core::StatusBar& bar = window.StateBar();
-    bar.setPanel(core::Panel::Width, QString::number(window.Image1().width()) + kPixel);
-    bar.setPanel(core::Panel::Height, QString::number(window.Image1().height()) + kPixel);
+    core::StatusBar& bar = display.StateBar();
+    showNameAndSize(bar, path);
+    bar.setPanel(core::Panel::Width, QString::number(display.Image1().width()) + kPixel);
+    bar.setPanel(core::Panel::Height, QString::number(display.Image1().height()) + kPixel);
 }
 
 } // namespace files

@@ -1,7 +1,7 @@
 #include "files/transfer.h"
 
-#include "core/interfaces.h"
 #include "core/state.h"
+#include "core/viewer.h"
 #include "core/window_registry.h"
 #include "core/working_files.h"
 #include "files/classification.h"
@@ -19,25 +19,25 @@ QString topPicture(TransferKind kind)
                                                         : QStringLiteral("Images/Copyfile.jpg"));
 }
 
-QString previewFile(core::MainWindow& window)
+QString previewFile(const core::Viewer& viewer, const QString& path)
 {
-    const QString path = window.Xiala();
     if (!isOwnFormat(path)) {
         return path;
     }
     // Where it can't be written, the file of the last picture is shown instead.
-    static_cast<void>(core::saveAs(core::WorkingFile::Picture, window.viewer().Picture()));
+    static_cast<void>(core::saveAs(core::WorkingFile::Picture, viewer.Picture()));
     return core::workingFile(core::WorkingFile::Picture);
 }
 
 } // namespace
 
-void openTransferWindow(core::MainWindow& window, const QString& title, TransferKind kind)
+void openTransferWindow(const core::Viewer& viewer, const QString& path, const QString& title,
+                        TransferKind kind)
 {
     core::state().MoveNotCopy = kind == TransferKind::Move;
     QWidget* const loaded = core::windows().load(core::Window::Movefile);
     if (auto* transfer = dynamic_cast<TransferWindow*>(loaded)) {
-        transfer->setTransfer({title, topPicture(kind), previewFile(window)});
+        transfer->setTransfer({title, topPicture(kind), previewFile(viewer, path)});
         core::windows().show(core::Window::Movefile, core::ShowMode::Modal);
     }
 }

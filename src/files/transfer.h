@@ -3,7 +3,7 @@
 #include <QString>
 
 namespace core {
-class MainWindow;
+class Viewer;
 }
 
 // Copying and moving the current file, which the menus and the pane's buttons offer.
@@ -26,8 +26,9 @@ public:
     virtual void setTransfer(const Transfer& transfer) = 0;
 };
 
-// Opens Movefile modally for the file in the main window's field. A file in an own format is
+// Opens Movefile modally for a file. One in an own format is
 // previewed through the working file, which gets the viewer's picture first.
-void openTransferWindow(core::MainWindow& window, const QString& title, TransferKind kind);
+void openTransferWindow(const core::Viewer& viewer, const QString& path, const QString& title,
+                        TransferKind kind);
 
 } // namespace files

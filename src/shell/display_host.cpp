@@ -1,19 +1,18 @@
 #include "shell/display_host.h"
 
+#include "core/browser_pane.h"
 #include "core/services.h"
+#include "core/viewer.h"
+#include "platform/os/file_list.h"
 #include "shell/main_window.h"
-#include "shell/toolbars.h"
 #include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
-#include "widgets/chameleon_button.h"
 
 #include <QApplication>
 
 namespace shell {
 
 namespace {
-
-constexpr int kSlideButton = 7;
 
 class FormDisplayHost : public viewer::DisplayHost {
 public:
@@ -36,10 +35,7 @@ public:
         m_form.orgPicture().setPicture(m_form.Image1().picture());
     }
     void focusViewer() override { m_form.viewer().giveFocus(); }
-    void pressSlideButton(bool pressed) override
-    {
-        m_form.toolbars().button(kSlideButton)->setValue(pressed);
-    }
+    void pressSlideButton(bool pressed) override { m_form.pressSlideButton(pressed); }
     [[nodiscard]] bool isWindowMinimised() const override { return m_form.isMinimized(); }
     [[nodiscard]] bool isModalWindowOpen() const override
     {

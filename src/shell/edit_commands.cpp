@@ -22,12 +22,12 @@ constexpr int kFlipVertical = 2; // of the Image menu
 
 void save(Form1& form, int /*index*/)
 {
-    editing::save(form, editing::SaveSource::Picture);
+    editing::save(form, editing::SaveSource::Picture, form.Xiala());
 }
 
 void saveAs(Form1& form, int /*index*/)
 {
-    editing::save(form, editing::SaveSource::DrawnImage);
+    editing::save(form, editing::SaveSource::DrawnImage, form.Xiala());
 }
 
 void undo(Form1& form, int /*index*/)
@@ -58,17 +58,20 @@ void deleteFile(Form1& form, int /*index*/)
 
 void copyTo(Form1& form, int /*index*/)
 {
-    files::openTransferWindow(form, QStringLiteral("Copy File to..."), files::TransferKind::Copy);
+    files::openTransferWindow(form.viewer(), form.Xiala(), QStringLiteral("Copy File to..."),
+                              files::TransferKind::Copy);
 }
 
 void copyToFromRightMenu(Form1& form, int /*index*/)
 {
-    files::openTransferWindow(form, QStringLiteral("Copy file to..."), files::TransferKind::Copy);
+    files::openTransferWindow(form.viewer(), form.Xiala(), QStringLiteral("Copy file to..."),
+                              files::TransferKind::Copy);
 }
 
 void moveTo(Form1& form, int /*index*/)
 {
-    files::openTransferWindow(form, QStringLiteral("Move file to..."), files::TransferKind::Move);
+    files::openTransferWindow(form.viewer(), form.Xiala(), QStringLiteral("Move file to..."),
+                              files::TransferKind::Move);
 }
 
 void rename(Form1& form, int /*index*/)

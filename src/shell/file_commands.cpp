@@ -1,6 +1,6 @@
 #include "shell/commands.h"
 
-#include "core/interfaces.h"
+#include "core/browser_pane.h"
 #include "core/player_window.h"
 #include "core/services.h"
 #include "core/window_registry.h"

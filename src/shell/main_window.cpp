@@ -1,6 +1,8 @@
 #include "shell/main_window.h"
 
 #include "base/twips.h"
+#include "core/browser_pane.h"
+#include "core/constants.h"
 #include "core/picture_required.h"
 #include "core/services.h"
 #include "core/state.h"
@@ -38,6 +40,7 @@ namespace {
 
 constexpr int kFirstFavourite = 1; // indexes of the entries that lists add to their menus
 constexpr int kFirstEditor = 4;
+constexpr int kSlideButton = 7;
 
 void showFavouriteAt(Form1& form, int place)
 {
@@ -56,7 +59,7 @@ Form1::Form1()
     setObjectName(core::windowName(core::Window::Form1));
     setWindowTitle(core::kProgramName);
     setAccessibleName(core::kProgramName);
-    core::services().mainWindow = this;
+    takeRoles();
     m_touch = std::make_unique<widgets::FirstTouch>(*this);
     m_maximised = std::make_unique<shell::KeptMaximised>(*this);
     buildControls();
@@ -67,11 +70,26 @@ void Form1::watchPane(QWidget* pane, std::function<void()> paneActive)
     m_activation->setPane(pane, std::move(paneActive));
 }
 
+void Form1::takeRoles()
+{
+    core::Services& services = core::services();
+    services.display = this;
+    services.field = this;
+    services.menus = this;
+    services.workArea = this;
+}
+
 Form1::~Form1()
 {
-    if (core::services().mainWindow == this) {
-        core::services().mainWindow = nullptr;
+    core::Services& services = core::services();
+    if (services.display != this) {
+        return;
     }
+    services.display = nullptr;
+    services.field = nullptr;
+    services.menus = nullptr;
+    services.progress = nullptr;
+    services.workArea = nullptr;
 }
 
 void Form1::buildControls()
@@ -142,6 +160,7 @@ void Form1::buildStrip()
     m_gradient = new widgets::ProgressStrip(m_picture4);
     m_gradient->setObjectName(QStringLiteral("Gradient"));
     m_gradient->setAccessibleName(QStringLiteral("Progress"));
+    core::services().progress = m_gradient;
 }
 
 void Form1::connectViewer()
@@ -275,6 +294,11 @@ void Form1::popUpFolderTools(const QPoint& screenPosition)
     m_menus->menu(QStringLiteral("optToolsFile"))->popup(screenPosition);
 }
 
+void Form1::pressSlideButton(bool pressed)
+{
+    m_toolbars->button(kSlideButton)->setValue(pressed);
+}
+
 void Form1::setDir2(const QString& folder)
 {
     m_dir2 = folder;
@@ -310,11 +334,6 @@ core::Viewer& Form1::viewer()
 core::StatusBar& Form1::StateBar()
 {
     return *m_stateBar;
-}
-
-core::ProgressStrip& Form1::Gradient()
-{
-    return *m_gradient;
 }
 
 bool Form1::isChecked(const char* array, int index) const

@@ -1,7 +1,11 @@
 #pragma once
 
-#include "core/interfaces.h"
+#include "core/file_field.h"
+#include "core/main_menus.h"
+#include "core/picture_display.h"
 #include "core/window_names.h"
+#include "core/work_area.h"
+#include "platform/pictures/picture_box.h"
 #include "shell/command_table.h"
 #include "shell/layout.h"
 
@@ -41,10 +45,14 @@ class DisplayPipeline;
 } // namespace viewer
 
 // The one main window. Its work area shows the browser pane with the viewer beside it (browse mode)
-// or the viewer alone (picture mode). Other windows reach it as core::MainWindow.
+// or the viewer alone (picture mode). Other windows reach it by its roles in core::services().
 //
 // Lengths of the layout are twips; the widgets themselves are placed in pixels.
-class Form1 : public QWidget, public core::MainWindow {
+class Form1 : public QWidget,
+              public core::PictureDisplay,
+              public core::FileField,
+              public core::MainMenus,
+              public core::WorkArea {
     Q_OBJECT
 
 public:
@@ -86,14 +94,11 @@ public:
     void start_slideshow();
     void stop_slideshow();
     void display_pic();
-    void openPsd(const QString& path) override;
+    void openPsd(const QString& path);
     void Np(const QString& folder);
     void ChangePath();
     void goEnter();
     void clickXiala();
-    void routePath(const QString& path) override;
-    void showFileFacts(const QString& path) override;
-    void showNameAndSize(const QString& path) override;
     // How far a reader has come that lets no events run.
     void showReadingProgress(double fraction);
     viewer::DisplayPipeline& pipeline() { return *m_pipeline; }
@@ -104,14 +109,16 @@ public:
     void PasteTesselia();
     void showFavourite(int place);     // from 1, in the order of the menu
     void startListedEditor(int place); // from 1
-    void Propers(const QString& path) override;
+    void Propers(const QString& path);
     void maskT() {}
     void colorChagne() {}
-    void SaveGIF() override;
+    void SaveGIF();
     void addRecentPath(const QString& path) override;
+    void refillRecentPaths() override;
     void refillListMenus() override;
     void setMenuState(bool enabled) override;
     void popUpFolderTools(const QPoint& screenPosition) override;
+    void pressSlideButton(bool pressed) override;
     void setDir2(const QString& folder) override;
     void rebuildSizeText() override;
     void zoomToolClosed() override;
@@ -130,13 +137,13 @@ public:
     core::Viewer& viewer() override;
     cpvPicViewer& cpvPicScroll1() { return *m_viewer; }
     core::StatusBar& StateBar() override;
-    core::ProgressStrip& Gradient() override;
     QWidget* window() override { return m_client; }
     shell::Menus& menus() { return *m_menus; }
     shell::Toolbars& toolbars() { return *m_toolbars; }
     [[nodiscard]] const QString& Dir2() const { return m_dir2; }
     [[nodiscard]] int coolBarHeightTwips() const;
     [[nodiscard]] int viewerHeightTwips() const override;
+    [[nodiscard]] std::int16_t pictureCount() const override { return PictureCount; }
 
     // Members of the design that other code reads and writes as they stand.
     std::int16_t PictureCount = 0;
@@ -145,6 +152,7 @@ public:
     bool LibImport = false; // the next file opened is filed in the picture library
 
 private:
+    void takeRoles();
     void buildControls();
     void buildFieldBand();
     void buildStrip();
@@ -153,7 +161,6 @@ private:
     void connectColourMenu();
     void prepareLists();
     void refillFavourites();
-    void refillRecentPaths();
     void refillEditors();
     void startAnimation();
     void writePresenceMarker();

@@ -1,6 +1,8 @@
 // Operations of the main window that other windows call: thumbnails' look, paste, save, full
 // screen.
 
+#include "core/browser_pane.h"
+#include "core/constants.h"
 #include "core/services.h"
 #include "core/settings.h"
 #include "editing/clipboard_commands.h"
@@ -72,12 +74,12 @@ void Form1::ThumbNailColor(int menuIndex)
 
 void Form1::PasteTesselia()
 {
-    editing::pastePicture(*this);
+    editing::pastePicture(*this, *this);
 }
 
 void Form1::SaveGIF()
 {
-    editing::saveByDialog(*this);
+    editing::saveByDialog(*this, Xiala());
 }
 
 void Form1::startListedEditor(int place)

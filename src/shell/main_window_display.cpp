@@ -1,7 +1,7 @@
 // How a picture reaches the viewer: the field, the routing, stepping and the slide show.
 
 #include "base/numbers.h"
-#include "core/services.h"
+#include "core/constants.h"
 #include "core/state.h"
 #include "files/routing.h"
 #include "platform/desktop/pointer.h"
@@ -79,13 +79,13 @@ void Form1::ChangePath()
 void Form1::goEnter()
 {
     const platform::PointerGuard pointer;
-    files::goEnter(*this, Xiala());
+    files::goEnter(*this, *this, Xiala());
 }
 
 void Form1::clickXiala()
 {
     const platform::PointerGuard pointer;
-    files::clickXiala(*this, Xiala());
+    files::clickXiala(*this, *this, Xiala());
 }
 
 // The keys act on what the user has just opened.
@@ -95,21 +95,6 @@ void Form1::openFromField(void (Form1::*open)())
     if (!m_unloaded) {
         m_viewer->giveFocus();
     }
-}
-
-void Form1::routePath(const QString& path)
-{
-    files::routePath(*this, path);
-}
-
-void Form1::showFileFacts(const QString& path)
-{
-    files::showFileFacts(*this, path);
-}
-
-void Form1::showNameAndSize(const QString& path)
-{
-    files::showNameAndSize(*this, path);
 }
 
 void Form1::showReadingProgress(double fraction)

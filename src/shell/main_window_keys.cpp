@@ -1,5 +1,6 @@
 // The keys of the main window: those of the viewer and the pan view, and the way that Tab takes.
 
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/settings.h"
 #include "core/window_registry.h"

@@ -1,6 +1,7 @@
 // The main window's layout: resize, and where the work area's parts go.
 
 #include "base/twips.h"
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"

@@ -1,6 +1,7 @@
 // The mode switches: each inverts its menu check and writes its key at once.
 
 #include "base/twips.h"
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/settings.h"
 #include "core/state.h"

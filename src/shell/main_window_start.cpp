@@ -1,6 +1,7 @@
 // The main window's life: load, the modes restored at start, becoming active, and the unload.
 
 #include "base/numbers.h"
+#include "core/constants.h"
 #include "core/player_window.h"
 #include "core/services.h"
 #include "core/settings.h"

@@ -4,6 +4,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "core/work_area.h"
 #include "core/working_files.h"
 #include "editing/windows.h"
 #include "files/favourite_window.h"
@@ -45,7 +46,8 @@ frmThumbnaillist* pane()
 
 QWidget* parentWindow()
 {
-    return core::services().mainWindow != nullptr ? core::services().mainWindow->window() : nullptr;
+    core::WorkArea* area = core::services().workArea;
+    return area != nullptr ? area->window() : nullptr;
 }
 
 frmThumbnaillist* makePane()

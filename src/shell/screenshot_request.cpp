@@ -1,6 +1,6 @@
 #include "shell/screenshot_request.h"
 
-#include "core/interfaces.h"
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"

@@ -1,4 +1,5 @@
 #include "shell/status_bar.h"
+#include "core/constants.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/interfaces.h"
+#include "core/status_bar.h"
 
 #include <QWidget>
 #include <array>

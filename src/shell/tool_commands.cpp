@@ -1,6 +1,5 @@
 #include "shell/commands.h"
 
-#include "core/interfaces.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "files/favourites_editor_window.h"

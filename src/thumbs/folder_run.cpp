@@ -1,5 +1,7 @@
 #include "thumbs/folder_run.h"
 
+#include "core/browser_pane.h"
+#include "core/progress_strip.h"
 #include "core/services.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"

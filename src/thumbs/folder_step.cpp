@@ -1,6 +1,5 @@
 #include "thumbs/folder_step.h"
 
-#include "core/interfaces.h"
 #include "core/services.h"
 #include "thumbs/run_surface.h"
 
@@ -8,8 +7,7 @@ namespace thumbs {
 
 core::ProgressStrip* FolderStep::strip() const
 {
-    core::MainWindow* window = core::services().mainWindow;
-    return window == nullptr ? nullptr : &window->Gradient();
+    return core::services().progress;
 }
 
 bool FolderStep::isCancelled(const GalleryState& state) const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/interfaces.h"
+#include "core/progress_strip.h"
 #include "thumbs/run_surface.h"
 #include "thumbs/thumbnail_settings.h"
 

@@ -1,5 +1,6 @@
 #include "thumbs/tile_maker.h"
 
+#include "core/progress_strip.h"
 #include "platform/desktop/dialogs.h"
 #include "thumbs/bar_texts.h"
 #include "thumbs/page_limit.h"

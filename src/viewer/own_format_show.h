@@ -3,7 +3,7 @@
 #include <QString>
 
 namespace core {
-class MainWindow;
+class PictureDisplay;
 }
 
 namespace viewer {
@@ -12,6 +12,6 @@ namespace viewer {
 // stands there through the working file into the viewer, and writes panels 6 and 7.
 // A step that fails leaves what stood before and the next one runs; when nothing was ever decoded,
 // no file is written and the viewer stays as it is. The pointer is the default one afterwards.
-void showOwnFormat(core::MainWindow& window, const QString& path);
+void showOwnFormat(core::PictureDisplay& display, const QString& path);
 
 } // namespace viewer

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/colours.h"
-#include "core/interfaces.h"
+#include "core/viewer.h"
 #include "platform/pictures/picture.h"
 #include "viewer/dib32.h"
 #include "viewer/fitted_picture.h"
@@ -42,8 +42,8 @@ public:
 
     [[nodiscard]] int Appearance() const { return m_appearance; }
     void setAppearance(int appearance); // 0 flat, 1 raised: how a border looks
-    [[nodiscard]] base::Colour BackColor() const { return m_backColor; }
-    void setBackColor(base::Colour colour);
+    [[nodiscard]] base::Colour BackColor() const override { return m_backColor; }
+    void setBackColor(base::Colour colour) override;
     [[nodiscard]] int BarsWidth() const { return m_barsWidth; }
     void setBarsWidth(int width); // 13 at least
     [[nodiscard]] bool BestFitMode() const { return m_bestFit; }

@@ -1,8 +1,11 @@
 #include "viewer/zoom_tool_window.h"
 
 #include "base/numbers.h"
-#include "core/interfaces.h"
+#include "core/main_menus.h"
+#include "core/picture_display.h"
 #include "core/services.h"
+#include "core/status_bar.h"
+#include "core/viewer.h"
 #include "core/window_names.h"
 #include "widgets/title_strip.h"
 #include "widgets/window_drag.h"
@@ -87,9 +90,9 @@ void fastZoom::followFocus(const QWidget* before, const QWidget* now)
 // Else hiding it would hand the focus to whatever comes next on the main window.
 void fastZoom::setVisible(bool visible)
 {
-    core::MainWindow* mainWindow = core::services().mainWindow;
-    if (!visible && mainWindow != nullptr && isAncestorOf(window()->focusWidget())) {
-        mainWindow->viewer().giveFocus();
+    core::PictureDisplay* display = core::services().display;
+    if (!visible && display != nullptr && isAncestorOf(window()->focusWidget())) {
+        display->viewer().giveFocus();
     }
     StripWindow::setVisible(visible);
 }
@@ -128,8 +131,8 @@ void fastZoom::wheelEvent(QWheelEvent* event)
 
 void fastZoom::closeEvent(QCloseEvent* event)
 {
-    if (core::MainWindow* mainWindow = core::services().mainWindow) {
-        mainWindow->zoomToolClosed();
+    if (core::MainMenus* menus = core::services().menus) {
+        menus->zoomToolClosed();
     }
     strip().clearPicture();
     StripWindow::closeEvent(event);
@@ -138,11 +141,11 @@ void fastZoom::closeEvent(QCloseEvent* event)
 // The panel holds blanks before the number; before the first zoom it is empty.
 void fastZoom::readZoom()
 {
-    core::MainWindow* mainWindow = core::services().mainWindow;
-    if (mainWindow == nullptr) {
+    core::PictureDisplay* display = core::services().display;
+    if (display == nullptr) {
         return;
     }
-    const QString text = mainWindow->StateBar().panel(core::Panel::Zoom).trimmed();
+    const QString text = display->StateBar().panel(core::Panel::Zoom).trimmed();
     const QSignalBlocker blocker(scrZoom2);
     scrZoom2->setValue(static_cast<int>(base::leadingNumber(text.toStdString())) / 100);
     lblZoom2->setText(text);
@@ -151,7 +154,7 @@ void fastZoom::readZoom()
 void fastZoom::applyZoom(int factor)
 {
     lblZoom2->setText(QStringLiteral("%1%").arg(factor * 100));
-    if (core::MainWindow* mainWindow = core::services().mainWindow) {
-        mainWindow->viewer().setZoomFactor(factor);
+    if (core::PictureDisplay* display = core::services().display) {
+        display->viewer().setZoomFactor(factor);
     }
 }

@@ -5,8 +5,8 @@
 class QLabel;
 class QSlider;
 
-// The small window that sets the viewer's zoom. It finds the viewer and the status bar through the
-// main window of core::services(), and lies on it as a child: as a window of its own it would keep
+// The small window that sets the viewer's zoom. It finds the viewer and the status bar through
+// core::services(), and lies on the main window as a child: as a window of its own it would keep
 // the keys from the main window on desktops that give them to the last window of a group.
 class fastZoom : public widgets::StripWindow {
     Q_OBJECT

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/interfaces.h"
+#include "core/progress_strip.h"
 
 #include <QElapsedTimer>
 #include <QWidget>

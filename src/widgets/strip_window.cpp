@@ -1,7 +1,7 @@
 #include "widgets/strip_window.h"
 
-#include "core/interfaces.h"
 #include "core/services.h"
+#include "core/work_area.h"
 #include "widgets/title_strip.h"
 
 #include <QAbstractButton>
@@ -22,8 +22,8 @@ constexpr int kSpacing = 8;
 
 QWidget* mainWindow()
 {
-    core::MainWindow* form = core::services().mainWindow;
-    return form == nullptr ? nullptr : form->window();
+    core::WorkArea* area = core::services().workArea;
+    return area == nullptr ? nullptr : area->window();
 }
 
 // The corner of something of a size given in the middle of an area, within bounds as a whole.

@@ -58,7 +58,7 @@ TEST_F(ClipboardCommands, PasteByWayOfAWorkingFile)
 {
     const QImage image = numbered(20, 10);
     platform::setClipboardPicture(platform::Picture(image));
-    editing::pastePicture(form);
+    editing::pastePicture(form, form);
     expectPixels(shown(), image);
     expectFile("temp.bmp", image);
     EXPECT_EQ(form.Xiala(), tree.path("app/temp.bmp"));
@@ -70,9 +70,9 @@ TEST_F(ClipboardCommands, PasteByWayOfAWorkingFile)
 TEST_F(ClipboardCommands, PasteNothingThatIsNoPicture)
 {
     platform::setClipboardText("text");
-    editing::pastePicture(form);
+    editing::pastePicture(form, form);
     platform::clearClipboard();
-    editing::pastePicture(form);
+    editing::pastePicture(form, form);
     EXPECT_TRUE(form.log.isEmpty());
     EXPECT_TRUE(form.Xiala().isEmpty());
     EXPECT_FALSE(core::state().PictureChanged);
@@ -86,7 +86,7 @@ TEST_F(ClipboardCommands, PasteNothingThatIsTooLarge)
     QImage huge(30000, 30000, QImage::Format_Mono);
     huge.fill(0);
     QGuiApplication::clipboard()->setImage(huge);
-    editing::pastePicture(form);
+    editing::pastePicture(form, form);
     EXPECT_TRUE(form.log.isEmpty());
     EXPECT_FALSE(core::state().PictureChanged);
     EXPECT_TRUE(dialogs.boxes.empty());
@@ -95,13 +95,13 @@ TEST_F(ClipboardCommands, PasteNothingThatIsTooLarge)
 TEST_F(ClipboardCommands, NeverPasteAnEarlierPicture)
 {
     platform::setClipboardPicture(platform::Picture(numbered(20, 10)));
-    editing::pastePicture(form);
+    editing::pastePicture(form, form);
     form.log.clear();
     form.setXiala("before");
     platform::setClipboardPicture(platform::Picture(numbered(30, 30)));
     {
         const support::FullDisk disk(60);
-        editing::pastePicture(form);
+        editing::pastePicture(form, form);
     }
     EXPECT_TRUE(form.log.isEmpty());
     EXPECT_EQ(form.Xiala(), "before");

@@ -118,7 +118,7 @@ TEST_F(Undo, DoesNotCoverTheClipboard)
     showInViewer(edited);
     editing::optImage(form, 3);
     editing::copyPicture(form);
-    editing::pastePicture(form);
+    editing::pastePicture(form, form);
     editing::cutPicture(form);
     expectFile("Frametemp.bmp", edited);
 }

@@ -19,13 +19,10 @@ protected:
         dialogs.saveAnswers.push_back(platform::SaveChoice{tree.path(name), filterIndex});
     }
 
-    // Both halves, as a command of the program runs them.
+    // As a command of the program runs it.
     void save(SaveSource source = SaveSource::Picture)
     {
-        editing::save(form, source);
-        if (form.log.contains("SaveGIF")) {
-            editing::saveByDialog(form);
-        }
+        editing::save(form, source, form.Xiala());
     }
 
     [[nodiscard]] std::string signature(const std::string& name, std::size_t length) const
@@ -176,10 +173,10 @@ TEST_F(SavePipeline, SavesWhatTheWorkingFileHoldsAsGif)
 {
     const QImage image = numbered(12, 12);
     showInViewer(image);
-    answerSaveDialog("picture.gif", 2);
-    editing::save(form, SaveSource::Picture);
+    save(); // its dialog is cancelled
     form.fakeViewer.picture = platform::Picture(test::filled(3, 3, qRgb(9, 9, 9)));
-    editing::saveByDialog(form);
+    answerSaveDialog("picture.gif", 2);
+    editing::saveByDialog(form, {});
     const auto saved = platform::loadPicture(tree.path("picture.gif"));
     ASSERT_TRUE(saved);
     expectPixels(saved->flattened(), image);

@@ -124,7 +124,7 @@ TEST_F(ScarceMemoryTest, LeavesPasteAndUndoThePictureBefore)
     const QImage other = translucent();
     ASSERT_TRUE(platform::setClipboardPicture(platform::Picture(large())));
     tryAll(test::filled(kWidth, kHeight, qRgb(1, 2, 3)), large(),
-           [this] { editing::pastePicture(form); });
+           [this] { editing::pastePicture(form, form); });
     ASSERT_TRUE(core::saveAs(core::WorkingFile::BeforeEdit, platform::Picture(large())));
     tryAll(other, large(), [this] { editing::undo(form); });
 }

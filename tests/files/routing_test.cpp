@@ -3,6 +3,7 @@
 #include "core/player_window.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "formats/pcx_files.h"
 #include "platform/desktop/pointer.h"
 #include "platform/pictures/picture_saver.h"
 #include "support/fake_main_window.h"
@@ -55,12 +56,12 @@ protected:
             core::windows().unload(window);
             core::windows().add(window, [] { return nullptr; });
         }
-        core::state().BrowserOpen = false;
+        core::state() = {};
     }
 
     support::TempTree tree{{"pics/"},
                            {"pics/text.png", "no picture"},
-                           {"pics/a.psd", "12345"},
+                           {"pics/a.pcx", greyPcx(4, 2)},
                            {"pics/x.iff", "FORM"},
                            {"pics/m.avi", "RIFF"}};
     support::FakeMainWindow main;
@@ -70,7 +71,7 @@ protected:
 
 TEST_F(RoutingTest, LoadsAPictureAndTellsNameAndSize)
 {
-    files::goEnter(main, tree.path("pics/red.bmp"));
+    files::goEnter(main, main, tree.path("pics/red.bmp"));
     EXPECT_EQ(main.log, QStringList{QStringLiteral("viewer picture 20x10")});
     EXPECT_EQ(main.statusBar.panel(core::Panel::FileName), QStringLiteral("red.bmp") + kBlanks);
     EXPECT_EQ(main.statusBar.panel(core::Panel::FileSize), QStringLiteral("654 Bytes") + kBlanks);
@@ -79,7 +80,7 @@ TEST_F(RoutingTest, LoadsAPictureAndTellsNameAndSize)
 
 TEST_F(RoutingTest, LoadsByContentWhateverTheName)
 {
-    files::goEnter(main, tree.path("pics/red.jpg"));
+    files::goEnter(main, main, tree.path("pics/red.jpg"));
     EXPECT_EQ(main.log, QStringList{QStringLiteral("viewer picture 20x10")});
 }
 
@@ -87,7 +88,7 @@ TEST_F(RoutingTest, KeepsTheOldPictureWhenAFileIsNone)
 {
     for (const char* name : {"pics/text.png", "pics/x.iff"}) {
         main.log.clear();
-        files::goEnter(main, tree.path(name));
+        files::goEnter(main, main, tree.path(name));
         EXPECT_TRUE(main.log.isEmpty()) << name;
         EXPECT_EQ(main.statusBar.panel(core::Panel::FileName),
                   platform::fileNameOf(tree.path(name)) + kBlanks);
@@ -97,19 +98,21 @@ TEST_F(RoutingTest, KeepsTheOldPictureWhenAFileIsNone)
 
 TEST_F(RoutingTest, SendsOwnFormatsToTheDecoders)
 {
-    const QString path = tree.path("pics/a.psd");
-    files::goEnter(main, path);
-    EXPECT_EQ(main.log, QStringList{QStringLiteral("openPsd ") + path});
+    const QString path = tree.path("pics/a.pcx");
+    files::goEnter(main, main, path);
+    EXPECT_EQ(main.log, QStringList{QStringLiteral("viewer picture 4x2")});
+    EXPECT_EQ(main.statusBar.panel(core::Panel::FileName), QStringLiteral("a.pcx") + kBlanks);
+    EXPECT_EQ(main.statusBar.panel(core::Panel::Width), QStringLiteral("4      Pixel"));
     main.log.clear();
-    files::clickXiala(main, path);
-    EXPECT_EQ(main.log,
-              (QStringList{QStringLiteral("viewer emptied"), QStringLiteral("openPsd ") + path}));
+    files::clickXiala(main, main, path);
+    EXPECT_EQ(main.log, (QStringList{QStringLiteral("viewer emptied"),
+                                     QStringLiteral("viewer picture 4x2")}));
 }
 
 TEST_F(RoutingTest, PassesOverAMissingFile)
 {
     main.statusBar.setPanel(core::Panel::FileSize, QStringLiteral("before"));
-    files::goEnter(main, tree.path("pics/none.bmp"));
+    files::goEnter(main, main, tree.path("pics/none.bmp"));
     EXPECT_TRUE(main.log.isEmpty());
     EXPECT_EQ(main.statusBar.panel(core::Panel::FileSize), QStringLiteral("before"));
     EXPECT_EQ(main.statusBar.panel(core::Panel::FileName), QStringLiteral("none.bmp") + kBlanks);
@@ -120,7 +123,7 @@ TEST_F(RoutingTest, OpensFlashFilesAndWritesTheField)
 {
     addPlayer(core::Window::FlashP);
     const QString path = QStringLiteral("/p/film.swf");
-    files::goEnter(main, path);
+    files::goEnter(main, main, path);
     EXPECT_EQ(main.log, QStringList{QStringLiteral("FlashP opens ") + path});
     EXPECT_TRUE(core::windows().find(core::Window::FlashP)->isVisible());
     EXPECT_EQ(main.xiala, path);
@@ -132,7 +135,7 @@ TEST_F(RoutingTest, OpensMediaAndTellsTheFacts)
     addPlayer(core::Window::MpegForm);
     const QString path = tree.path("pics/m.avi");
     main.image1.resize(30, 40);
-    files::goEnter(main, path);
+    files::goEnter(main, main, path);
     EXPECT_EQ(main.log, QStringList{QStringLiteral("MpegForm opens ") + path});
     EXPECT_TRUE(core::windows().find(core::Window::MpegForm)->isVisible());
     EXPECT_EQ(main.xiala, path);
@@ -144,10 +147,10 @@ TEST_F(RoutingTest, OpensMediaAndTellsTheFacts)
 TEST_F(RoutingTest, MakesTheWebWindowAnewForASecondPage)
 {
     addPlayer(core::Window::FrmBrowser);
-    files::goEnter(main, QStringLiteral("/p/a.htm"));
+    files::goEnter(main, main, QStringLiteral("/p/a.htm"));
     const QPointer<QWidget> first = core::windows().find(core::Window::FrmBrowser);
     core::state().BrowserOpen = true;
-    files::goEnter(main, QStringLiteral("/p/b.html"));
+    files::goEnter(main, main, QStringLiteral("/p/b.html"));
     EXPECT_NE(core::windows().find(core::Window::FrmBrowser), first);
     EXPECT_EQ(main.log, (QStringList{QStringLiteral("FrmBrowser opens /p/a.htm"),
                                      QStringLiteral("FrmBrowser opens /p/b.html")}));
@@ -156,7 +159,7 @@ TEST_F(RoutingTest, MakesTheWebWindowAnewForASecondPage)
 TEST_F(RoutingTest, EndsQuietlyWhereAPlayerIsMissing)
 {
     for (const char* path : {"/p/a.swf", "/p/a.avi", "/p/a.htm"}) {
-        files::goEnter(main, QString::fromLatin1(path));
+        files::goEnter(main, main, QString::fromLatin1(path));
         EXPECT_EQ(main.xiala, QString::fromLatin1(path));
     }
     EXPECT_TRUE(main.log.isEmpty());
@@ -166,10 +169,10 @@ TEST_F(RoutingTest, EndsQuietlyWhereAPlayerIsMissing)
 TEST_F(RoutingTest, TriesTheLoaderForEverythingElseAndRemembersTheFile)
 {
     const QString path = tree.path("pics/red.bmp");
-    files::routePath(main, path);
+    files::routePath(main, main, path);
     EXPECT_EQ(main.log, QStringList{QStringLiteral("viewer picture 20x10")});
     EXPECT_EQ(core::state().CurrentFile, path);
     EXPECT_EQ(main.xiala, path);
-    files::goEnter(main, QStringLiteral("/p/a.vod"));
+    files::goEnter(main, main, QStringLiteral("/p/a.vod"));
     EXPECT_EQ(main.xiala, QStringLiteral("/p/a.vod"));
 }

@@ -2,6 +2,8 @@
 
 #include "formats/file_bytes.h"
 
+#include <string>
+
 // What a PCX header says; the fields that no reader looks at hold odd values.
 struct PcxFields {
     int xMin = 0;
@@ -37,4 +39,13 @@ inline FileBytes pcxPalette()
         palette.bytes({i, 255 - i, 7});
     }
     return palette;
+}
+
+// A whole file of one grey; the width is even, as lines are stored.
+inline std::string greyPcx(int width, int height)
+{
+    FileBytes file = pcxHeader(pcxFields(width, height, 3, width));
+    file.fill(std::size_t(width) * std::size_t(height) * 3, 0x40);
+    const std::span<const std::byte> bytes = file;
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }

@@ -1,3 +1,4 @@
+#include "files/routing.h"
 #include "native/native_fixture.h"
 #include "platform/desktop/qt_desktop.h"
 #include "viewer/picture_viewer.h"
@@ -81,7 +82,7 @@ TEST_F(Desktops, ShowThePictureAloneInTheMiddleOfTheWindow)
     settings[QStringLiteral("ObcBrowse")] = QStringLiteral("0");
     run([this](Form1& form) {
         ASSERT_TRUE(takesTheScreen(form));
-        form.routePath(tree.path("pics/b.jpg"));
+        files::routePath(form, form, tree.path("pics/b.jpg"));
         const QRect window = onScreen(form);
         ASSERT_TRUE(colourAppears(window, kGreen, kJpegSize));
         const QImage shot = screen();

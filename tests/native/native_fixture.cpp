@@ -1,5 +1,6 @@
 #include "native/native_fixture.h"
 
+#include "core/browser_pane.h"
 #include "core/constants.h"
 #include "core/services.h"
 #include "core/state.h"

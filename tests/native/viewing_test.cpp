@@ -1,3 +1,4 @@
+#include "core/status_bar.h"
 #include "core/window_registry.h"
 #include "formats/hooks.h"
 #include "native/hand.h"

@@ -1,3 +1,4 @@
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "platform/desktop/folder_tree.h"

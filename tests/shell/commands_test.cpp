@@ -1,9 +1,12 @@
-#include "core/interfaces.h"
+#include "core/file_field.h"
 #include "core/services.h"
+#include "core/settings.h"
 #include "core/state.h"
+#include "core/status_bar.h"
 #include "formats/hooks.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/desktop/pointer.h"
+#include "platform/os/file_list.h"
 #include "platform/os/paths.h"
 #include "platform/os/profile.h"
 #include "platform/os/registry.h"
@@ -881,6 +884,20 @@ TEST_F(CommandsTest, RememberRecentPathsInTheDropDown)
         EXPECT_EQ(field->itemData(0).toString(), QStringLiteral("Signal0"));
         EXPECT_EQ(field->itemData(1).toString(), QStringLiteral("Signal1"));
         EXPECT_EQ(program.stored("Xno"), QStringLiteral("2"));
+    });
+}
+
+TEST_F(CommandsTest, ReadTheRecentPathsAgainAfterTheirListHasChanged)
+{
+    program.run([this](Form1& form) {
+        form.addRecentPath(program.picture("a.bmp"));
+        form.setXiala(program.picture("b.bmp"));
+        const auto* field = form.findChild<shell::FileNameField*>(QStringLiteral("Xiala"));
+        ASSERT_EQ(field->count(), 1);
+        core::store(core::kRecentPathCount, 0);
+        core::services().field->refillRecentPaths();
+        EXPECT_EQ(field->count(), 0);
+        EXPECT_EQ(form.Xiala(), program.picture("b.bmp"));
     });
 }
 

@@ -2,7 +2,7 @@
 
 #include "shell/every_command.h"
 
-#include "core/interfaces.h"
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "platform/desktop/clipboard.h"

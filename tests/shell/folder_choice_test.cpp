@@ -1,6 +1,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "platform/desktop/folder_tree.h"
+#include "platform/os/file_list.h"
 #include "shell/running_program.h"
 #include "thumbs/pane/browser_pane.h"
 #include "thumbs/thumbnail_list.h"

@@ -1,5 +1,6 @@
 #include "base/twips.h"
 #include "core/constants.h"
+#include "core/status_bar.h"
 #include "platform/os/paths.h"
 #include "shell/menus.h"
 #include "shell/running_program.h"

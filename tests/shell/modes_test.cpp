@@ -1,6 +1,7 @@
-#include "core/interfaces.h"
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "platform/os/file_list.h"
 #include "shell/menus.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
@@ -24,7 +25,7 @@ public:
     {
     }
 
-    void PathChange() override {}
+    void applyPath(const QString& /*folder*/) override {}
     void ThumResize() override { ++resizes; }
     platform::FileList& File1() override { return m_pane.File1(); }
     void setSplitterEnabled(bool /*enabled*/) override {}

@@ -1,10 +1,11 @@
 #include "shell/running_program.h"
 
-#include "core/interfaces.h"
+#include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pump.h"
+#include "platform/os/file_list.h"
 #include "platform/os/profile.h"
 #include "platform/pictures/picture_saver.h"
 #include "shell/menus.h"

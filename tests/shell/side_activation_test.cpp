@@ -1,8 +1,8 @@
-#include "core/services.h"
 #include "core/state.h"
 #include "shell/running_program.h"
 #include "shell/side_activation.h"
 #include "shell/toolbars.h"
+#include "thumbs/pane/browser_pane.h"
 #include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
@@ -124,10 +124,11 @@ TEST(SideActivationOfTheProgram, CountsAgainAfterAnotherFolderWasChosen)
     program.run([&](Form1& form) {
         RunningProgram::click(form.cpvPicScroll1());
         EXPECT_EQ(form.PictureCount, 3);
-        QWidget& pane = *core::windows().find(core::Window::frmThumbnaillist);
+        auto& pane =
+            dynamic_cast<frmThumbnaillist&>(*core::windows().find(core::Window::frmThumbnaillist));
         RunningProgram::click(pane);
         core::state().CurrentFolder = program.tree.path("more");
-        core::services().browserPane->PathChange();
+        pane.PathChange();
         EXPECT_EQ(form.PictureCount, 3);
         RunningProgram::click(form.cpvPicScroll1());
         EXPECT_EQ(form.PictureCount, 1);

@@ -1,8 +1,14 @@
 #pragma once
 
-#include "core/interfaces.h"
+#include "core/file_field.h"
+#include "core/main_menus.h"
+#include "core/picture_display.h"
+#include "core/progress_strip.h"
 #include "core/services.h"
-#include "platform/os/file_list.h"
+#include "core/status_bar.h"
+#include "core/viewer.h"
+#include "core/work_area.h"
+#include "platform/pictures/picture_box.h"
 
 #include <QPoint>
 #include <QStringList>
@@ -42,6 +48,8 @@ public:
     void Refresh() override { m_log.append(QStringLiteral("viewer Refresh")); }
     void PanViewRefresh() override { m_log.append(QStringLiteral("PanViewRefresh")); }
     void PanViewHide() override { m_log.append(QStringLiteral("PanViewHide")); }
+    [[nodiscard]] base::Colour BackColor() const override { return backColor; }
+    void setBackColor(base::Colour colour) override { backColor = colour; }
     [[nodiscard]] int ZoomFactor() const override { return zoomFactor; }
     void setZoomFactor(int factor) override { zoomFactor = factor; }
     void ZoomIn() override { ++zoomFactor; }
@@ -52,6 +60,7 @@ public:
     platform::Picture picture;
     bool pictureExists = false;
     int zoomFactor = 1;
+    base::Colour backColor = 0;
 
 private:
     QStringList& m_log;
@@ -85,15 +94,34 @@ public:
     std::vector<double> fractions;
 };
 
-class FakeMainWindow : public core::MainWindow {
+// It is in place by all its roles while it lives.
+class FakeMainWindow : public core::PictureDisplay,
+                       public core::FileField,
+                       public core::MainMenus,
+                       public core::WorkArea {
 public:
-    FakeMainWindow() { core::services().mainWindow = this; }
-    ~FakeMainWindow() override { core::services().mainWindow = nullptr; }
+    FakeMainWindow()
+    {
+        core::Services& services = core::services();
+        services.display = this;
+        services.field = this;
+        services.menus = this;
+        services.progress = &gradient;
+        services.workArea = this;
+    }
+    ~FakeMainWindow() override
+    {
+        core::Services& services = core::services();
+        services.display = nullptr;
+        services.field = nullptr;
+        services.menus = nullptr;
+        services.progress = nullptr;
+        services.workArea = nullptr;
+    }
 
     void form1paint() override { note("form1paint"); }
     void ThumbNailSize(int menuIndex) override { note("ThumbNailSize", menuIndex); }
     void ThumbNailColor(int menuIndex) override { note("ThumbNailColor", menuIndex); }
-    void Propers(const QString& path) override { log.append(QStringLiteral("Propers ") + path); }
     void closePanView() override
     {
         note("closePanView");
@@ -101,27 +129,15 @@ public:
             onClosePanView();
         }
     }
-    void openPsd(const QString& path) override { log.append(QStringLiteral("openPsd ") + path); }
-    void SaveGIF() override { note("SaveGIF"); }
-    void routePath(const QString& path) override
-    {
-        log.append(QStringLiteral("routePath ") + path);
-    }
-    void showFileFacts(const QString& path) override
-    {
-        log.append(QStringLiteral("showFileFacts ") + path);
-    }
-    void showNameAndSize(const QString& path) override
-    {
-        log.append(QStringLiteral("showNameAndSize ") + path);
-    }
     void addRecentPath(const QString& path) override
     {
         log.append(QStringLiteral("addRecentPath ") + path);
     }
+    void refillRecentPaths() override { note("refillRecentPaths"); }
     void refillListMenus() override { note("refillListMenus"); }
     void setMenuState(bool enabled) override { note("setMenuState", enabled ? 1 : 0); }
     void popUpFolderTools(const QPoint& /*screenPosition*/) override { note("popUpFolderTools"); }
+    void pressSlideButton(bool pressed) override { slideButton = pressed; }
     void setDir2(const QString& folder) override { dir2 = folder; }
     void rebuildSizeText() override { note("rebuildSizeText"); }
     void zoomToolClosed() override { note("zoomToolClosed"); }
@@ -131,9 +147,9 @@ public:
     platform::PictureBox& orgPicture() override { return original; }
     core::Viewer& viewer() override { return fakeViewer; }
     core::StatusBar& StateBar() override { return statusBar; }
-    core::ProgressStrip& Gradient() override { return gradient; }
     QWidget* window() override { return parentWindow; }
     [[nodiscard]] int viewerHeightTwips() const override { return viewerHeight; }
+    [[nodiscard]] std::int16_t pictureCount() const override { return counted; }
 
     void note(const char* name) { log.append(QString::fromLatin1(name)); }
     void note(const char* name, int value)
@@ -152,6 +168,8 @@ public:
     QWidget* parentWindow = nullptr;
     std::function<void()> onClosePanView;
     int viewerHeight = 12000;
+    std::int16_t counted = 0;
+    bool slideButton = false;
 };
 
 } // namespace support

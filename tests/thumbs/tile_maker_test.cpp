@@ -761,10 +761,10 @@ TEST_F(GalleryTest, TakesUpFilesAndColoursAnew)
 
 TEST_F(GalleryTest, RunsWithoutAnyWindowAround)
 {
-    core::services().mainWindow = nullptr;
+    core::services().progress = nullptr;
     addFiles("pics", 3);
     runFolder();
-    core::services().mainWindow = &m_main;
+    core::services().progress = &m_main.gradient;
     EXPECT_EQ(filledRows(), 3);
 }
 

@@ -510,6 +510,14 @@ TEST_F(PictureViewer, LaysOutInsideItsBorder)
     EXPECT_EQ(iDst()->geometry(), QRect(1, 1, 383, 283));
 }
 
+TEST_F(PictureViewer, TellsAndTakesItsColourByItsRole)
+{
+    core::Viewer& role = viewer;
+    role.setBackColor(0x00102030);
+    EXPECT_EQ(viewer.BackColor(), 0x00102030U);
+    EXPECT_EQ(role.BackColor(), 0x00102030U);
+}
+
 TEST_F(PictureViewer, LeavesDefaultsOutOfItsStoredProperties)
 {
     EXPECT_TRUE(viewer.saveProperties().isEmpty());

@@ -1,11 +1,15 @@
 #include "thumbs/pane/browser_pane.h"
 
 #include "base/twips.h"
+#include "core/browser_pane.h"
 #include "core/constants.h"
+#include "core/file_field.h"
+#include "core/main_menus.h"
 #include "core/services.h"
 #include "core/settings.h"
 #include "core/state.h"
 #include "core/window_names.h"
+#include "core/work_area.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/os/paths.h"
 #include "platform/os/registry.h"
@@ -72,9 +76,9 @@ void frmThumbnaillist::load()
 
 void frmThumbnaillist::readThumbnailSettings()
 {
-    if (core::MainWindow* window = core::services().mainWindow) {
-        window->ThumbNailSize(sizeEntry(core::setting(core::kThumbnailSize)));
-        window->ThumbNailColor(core::setting(core::kThumbnailColours));
+    if (core::MainMenus* menus = core::services().menus) {
+        menus->ThumbNailSize(sizeEntry(core::setting(core::kThumbnailSize)));
+        menus->ThumbNailColor(core::setting(core::kThumbnailColours));
     }
 }
 
@@ -113,7 +117,7 @@ void frmThumbnaillist::PathChange()
     }
     m_pathKnown = true;
     m_tileChosen = false;
-    const core::MainWindow* before = core::services().mainWindow;
+    const core::FileField* before = core::services().field;
     const QString shownBefore = before == nullptr ? QString() : before->Xiala();
     const QPointer<frmThumbnaillist> alive = this;
     followFolder(folder);
@@ -121,9 +125,9 @@ void frmThumbnaillist::PathChange()
         return;
     }
     // A file that was shown while the pages were made stays in the field: commands act on it.
-    core::MainWindow* window = core::services().mainWindow;
-    if (window != nullptr && !m_tileChosen && window->Xiala() == shownBefore) {
-        window->setXiala(m_files.path());
+    core::FileField* field = core::services().field;
+    if (field != nullptr && !m_tileChosen && field->Xiala() == shownBefore) {
+        field->setXiala(m_files.path());
     }
     startWhenReady();
 }
@@ -142,8 +146,8 @@ void frmThumbnaillist::File1_PathChange()
 {
     core::state().FirstActivate = true;
     enableButtons(false);
-    if (core::MainWindow* window = core::services().mainWindow) {
-        window->setDir2(m_files.path());
+    if (core::WorkArea* area = core::services().workArea) {
+        area->setDir2(m_files.path());
     }
     // Nobody waits for tiles in a hidden pane; they are made when it is shown.
     const bool putOff = !isVisible() && m_list->AutoUpdateOnPathchange();
@@ -183,8 +187,8 @@ void frmThumbnaillist::serveFirstActivation()
         return;
     }
     ThumResize();
-    core::MainWindow* window = core::services().mainWindow;
-    const QString folder = window == nullptr ? m_files.path() : window->Xiala();
+    const core::FileField* field = core::services().field;
+    const QString folder = field == nullptr ? m_files.path() : field->Xiala();
     m_firstFolderShown = true;
     m_runWhenShown = false;
     m_firstRoom = m_list->size();

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "core/interfaces.h"
+#include "core/browser_pane.h"
 #include "platform/os/file_list.h"
 #include "thumbs/pane/pane_layout.h"
+#include "thumbs/pane_thumbnails.h"
 
 #include <QWidget>
 #include <array>
@@ -24,7 +25,7 @@ class TitleStrip;
 // The browser pane over the left part of the main window: title strip, folder tree, splitter, a row
 // of buttons, and the thumbnails of the folder. It is a child of the main window, so activation is
 // something that the main window tells it.
-class frmThumbnaillist : public QWidget, public core::BrowserPane {
+class frmThumbnaillist : public QWidget, public core::BrowserPane, public thumbs::PaneThumbnails {
     Q_OBJECT
 
 public:
@@ -50,13 +51,12 @@ public:
     // counts as well.
     void activated();
 
-    // Goes to a folder as if it were chosen in the tree.
-    void applyPath(const QString& folder);
-
-    [[nodiscard]] ThumbNailList& ThumbNailList1() { return *m_list; }
+    [[nodiscard]] ThumbNailList& ThumbNailList1() override { return *m_list; }
     [[nodiscard]] chameleonButton& Tbmenub(int index);
 
-    void PathChange() override;
+    // Follows CurrentFolder, the first time the folder to start with or the stored one.
+    void PathChange();
+    void applyPath(const QString& folder) override;
     void ThumResize() override;
     platform::FileList& File1() override { return m_files; }
     void setSplitterEnabled(bool enabled) override;

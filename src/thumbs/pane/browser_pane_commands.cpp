@@ -1,8 +1,13 @@
+#include "core/file_field.h"
+#include "core/main_menus.h"
+#include "core/picture_display.h"
 #include "core/picture_required.h"
 #include "core/services.h"
+#include "core/viewer.h"
 #include "core/window_registry.h"
 #include "files/deletion.h"
 #include "files/transfer.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/paths.h"
 #include "thumbs/miniature.h"
@@ -18,8 +23,8 @@ constexpr int kToolsMenuRise = 5;  // twips
 
 QString currentPath()
 {
-    core::MainWindow* window = core::services().mainWindow;
-    return window == nullptr ? QString() : window->Xiala();
+    const core::FileField* field = core::services().field;
+    return field == nullptr ? QString() : field->Xiala();
 }
 
 } // namespace
@@ -42,9 +47,9 @@ void frmThumbnaillist::pressButton(int index)
         {&Pane::refresh, false},
     }};
     const Action& action = kActions.at(static_cast<std::size_t>(index));
-    core::MainWindow* window = core::services().mainWindow;
+    core::PictureDisplay* display = core::services().display;
     const bool canRun =
-        !action.needsPicture || (window != nullptr && core::requirePicture(window->viewer()));
+        !action.needsPicture || (display != nullptr && core::requirePicture(display->viewer()));
     if (canRun) {
         (this->*action.run)();
     }
@@ -60,17 +65,18 @@ void frmThumbnaillist::goToParent()
 
 void frmThumbnaillist::popUpTools()
 {
-    if (core::MainWindow* window = core::services().mainWindow) {
+    if (core::MainMenus* menus = core::services().menus) {
         const int bottom = m_tbmiddle->y() + m_tbmiddle->height();
         const QPoint place(base::pixelsFromTwips(kToolsMenuLeft),
                            bottom - base::pixelsFromTwips(kToolsMenuRise));
-        window->popUpFolderTools(mapToGlobal(place));
+        menus->popUpFolderTools(mapToGlobal(place));
     }
 }
 
 void frmThumbnaillist::showProperties()
 {
-    core::services().mainWindow->Propers(currentPath());
+    platform::setPointer(platform::Pointer::Default);
+    platform::desktop().showProperties(currentPath(), window());
 }
 
 void frmThumbnaillist::rename()
@@ -87,15 +93,17 @@ void frmThumbnaillist::deleteFile()
 
 void frmThumbnaillist::copyFile()
 {
-    if (core::MainWindow* window = core::services().mainWindow) {
-        files::openTransferWindow(*window, "Copy File to...", files::TransferKind::Copy);
+    if (core::PictureDisplay* display = core::services().display) {
+        files::openTransferWindow(display->viewer(), currentPath(), "Copy File to...",
+                                  files::TransferKind::Copy);
     }
 }
 
 void frmThumbnaillist::moveFile()
 {
-    if (core::MainWindow* window = core::services().mainWindow) {
-        files::openTransferWindow(*window, "Move file to...", files::TransferKind::Move);
+    if (core::PictureDisplay* display = core::services().display) {
+        files::openTransferWindow(display->viewer(), currentPath(), "Move file to...",
+                                  files::TransferKind::Move);
     }
 }
 

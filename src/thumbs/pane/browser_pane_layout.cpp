@@ -1,5 +1,6 @@
 #include "core/services.h"
 #include "core/state.h"
+#include "core/work_area.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/os/paths.h"
 #include "thumbs/pane/browser_pane.h"
@@ -155,9 +156,9 @@ void frmThumbnaillist::ThumResize()
         return;
     }
     m_resizing = true;
-    core::MainWindow* main = core::services().mainWindow;
-    if (main != nullptr && pixelsFromTwips(main->viewerHeightTwips()) > 0) {
-        resize(width(), pixelsFromTwips(main->viewerHeightTwips()));
+    core::WorkArea* area = core::services().workArea;
+    if (area != nullptr && pixelsFromTwips(area->viewerHeightTwips()) > 0) {
+        resize(width(), pixelsFromTwips(area->viewerHeightTwips()));
     }
     layoutParts();
     const int wanted = pixelsFromTwips(thumbs::clampedPaneWidth(widthTwips()));
@@ -165,8 +166,8 @@ void frmThumbnaillist::ThumResize()
         resize(wanted, height());
         layoutParts();
     }
-    if (main != nullptr) {
-        main->form1paint();
+    if (area != nullptr) {
+        area->form1paint();
     }
     m_resizing = false;
 }

@@ -1,15 +1,57 @@
+#include "core/file_field.h"
+#include "core/main_menus.h"
+#include "core/picture_display.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "core/viewer.h"
 #include "files/classification.h"
+#include "files/routing.h"
 #include "platform/desktop/pointer.h"
+#include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
 #include "thumbs/pane/browser_pane.h"
 #include "thumbs/pane/tile_keys.h"
 #include "thumbs/thumbnail_list.h"
+#include "viewer/own_format_show.h"
 
 #include <QKeyEvent>
 #include <QPointer>
 #include <algorithm>
+
+namespace {
+
+void loadTilesPicture(core::PictureDisplay& display, const QString& path)
+{
+    display.Image1().setPicture({});
+    if (const auto picture = platform::loadPicture(path)) {
+        display.viewer().setPicture(*picture);
+        display.Image1().setPicture(*picture);
+    }
+    if (files::isOwnFormat(path)) {
+        viewer::showOwnFormat(display, path);
+    }
+}
+
+// The decoder of the own formats has told the size of the picture.
+void tellFacts(core::PictureDisplay& display, const QString& path)
+{
+    if (files::isOwnFormat(path)) {
+        files::showNameAndSize(display.StateBar(), path);
+    } else {
+        files::showFileFacts(display, path);
+    }
+}
+
+void rememberFile(const QString& path)
+{
+    core::FileField& field = *core::services().field;
+    field.setXiala(path);
+    field.addRecentPath(path);
+    field.setXiala(path); // the list was filled anew
+    core::services().menus->setMenuState(true);
+}
+
+} // namespace
 
 bool frmThumbnaillist::handleTileKey(const QKeyEvent& event)
 {
@@ -53,44 +95,33 @@ bool frmThumbnaillist::actOnTileKey(const QKeyEvent& event)
 // can't be loaded leaves what the viewer holds; all the rest follows the file just the same.
 void frmThumbnaillist::showTilesFile(int index, const QString& path)
 {
-    core::MainWindow* window = core::services().mainWindow;
     m_tileChosen = true;
-    if (window == nullptr) {
+    core::PictureDisplay* display = core::services().display;
+    if (display == nullptr) {
         return;
     }
     const QPointer<frmThumbnaillist> alive = this;
     const platform::PointerGuard hourGlass;
-    window->Image1().setPicture({});
     core::state().CurrentFile = path;
     core::state().PictureChanged = false;
-    if (const auto picture = platform::loadPicture(path)) {
-        window->viewer().setPicture(*picture);
-        window->Image1().setPicture(*picture);
+    loadTilesPicture(*display, path); // may show a box
+    if (alive == nullptr || core::services().display == nullptr) {
+        return;
     }
-    if (files::isOwnFormat(path)) {
-        window->openPsd(path); // may show a box
-        if (alive == nullptr || core::services().mainWindow == nullptr) {
-            return;
-        }
-        window->showNameAndSize(path);
-    } else {
-        window->showFileFacts(path);
-    }
-    window->setXiala(path);
-    window->addRecentPath(path);
-    window->setXiala(path); // the list was filled anew
-    window->setMenuState(true);
+    tellFacts(*display, path);
+    rememberFile(path);
     m_files.setListIndex(index);
-    window->viewer().Refresh();
+    display->viewer().Refresh();
     giveViewerFocus();
 }
 
 void frmThumbnaillist::openTilesFile(int /*index*/, const QString& path)
 {
     m_tileChosen = true;
-    if (core::MainWindow* window = core::services().mainWindow) {
-        window->routePath(path);
-        window->setXiala(path);
+    if (core::PictureDisplay* display = core::services().display) {
+        core::FileField& field = *core::services().field;
+        files::routePath(*display, field, path);
+        field.setXiala(path);
         giveViewerFocus();
     }
 }
@@ -99,8 +130,8 @@ void frmThumbnaillist::openTilesFile(int /*index*/, const QString& path)
 // there.
 void frmThumbnaillist::giveViewerFocus()
 {
-    core::MainWindow* window = core::services().mainWindow;
-    if (window != nullptr && !m_tileKey) {
-        window->viewer().giveFocus();
+    core::PictureDisplay* display = core::services().display;
+    if (display != nullptr && !m_tileKey) {
+        display->viewer().giveFocus();
     }
 }

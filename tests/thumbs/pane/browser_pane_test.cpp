@@ -3,6 +3,7 @@
 #include "base/twips.h"
 #include "core/window_registry.h"
 #include "files/transfer.h"
+#include "formats/pcx_files.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/registry.h"
@@ -339,9 +340,10 @@ TEST_F(PaneTest, ShowsAClickedTileInTheViewer)
     core::state().PictureChanged = true;
     clickTile(1);
     const QString path = m_tree.path("pics/b.bmp");
-    EXPECT_EQ(m_main.log,
-              (QStringList{"viewer picture 60x40", "showFileFacts " + path, "addRecentPath " + path,
-                           "setMenuState 1", "viewer Refresh", "viewer focus"}));
+    EXPECT_EQ(m_main.log, (QStringList{"viewer picture 60x40", "addRecentPath " + path,
+                                       "setMenuState 1", "viewer Refresh", "viewer focus"}));
+    EXPECT_EQ(m_main.statusBar.panel(core::Panel::FileName), "b.bmp     ");
+    EXPECT_EQ(m_main.statusBar.panel(core::Panel::Width), "60 Pixel");
     EXPECT_EQ(m_main.xiala, path);
     EXPECT_EQ(m_main.image1.picture().width(), 60);
     EXPECT_EQ(m_pane->File1().listIndex(), 1);
@@ -353,14 +355,15 @@ TEST_F(PaneTest, ShowsAClickedTileInTheViewer)
 
 TEST_F(PaneTest, DecodesAClickedForeignFile)
 {
-    m_tree.add({"pics/d.TIF", "no picture at all"});
+    m_tree.add({"pics/d.PCX", greyPcx(4, 2)});
     start();
     m_main.log.clear();
     clickTile(3);
-    const QString path = m_tree.path("pics/d.TIF");
-    EXPECT_EQ(m_main.log,
-              (QStringList{"openPsd " + path, "showNameAndSize " + path, "addRecentPath " + path,
-                           "setMenuState 1", "viewer Refresh", "viewer focus"}));
+    const QString path = m_tree.path("pics/d.PCX");
+    EXPECT_EQ(m_main.log, (QStringList{"viewer picture 4x2", "addRecentPath " + path,
+                                       "setMenuState 1", "viewer Refresh", "viewer focus"}));
+    EXPECT_EQ(m_main.statusBar.panel(core::Panel::FileName), "d.PCX     ");
+    EXPECT_EQ(m_main.statusBar.panel(core::Panel::Width), "4      Pixel");
 }
 
 TEST_F(PaneTest, GoesOnWithAFileThatCannotBeLoaded)
@@ -385,7 +388,8 @@ TEST_F(PaneTest, RoutesADoubleClickedTile)
     m_main.log.clear();
     m_main.xiala.clear();
     QTest::mouseDClick(&list().surface().viewport, Qt::LeftButton, {}, tile(2));
-    EXPECT_EQ(m_main.log, (QStringList{"routePath " + m_tree.path("pics/c.bmp"), "viewer focus"}));
+    EXPECT_EQ(m_main.log, (QStringList{"viewer picture 60x40", "viewer focus"}));
+    EXPECT_EQ(core::state().CurrentFile, m_tree.path("pics/c.bmp"));
     EXPECT_EQ(m_main.xiala, m_tree.path("pics/c.bmp"));
 }
 
@@ -435,6 +439,41 @@ TEST_F(PaneTest, HostsTheFolderTree)
     EXPECT_EQ(m_runs, 2);
 }
 
+TEST_F(PaneTest, LeadsTheTreeToAFolderThatAnotherWindowAsksFor)
+{
+    load();
+    m_pane->show();
+    platform::FolderTree& tree = platform::folderTree();
+    const QString other = m_tree.path("other");
+    QString highlighted;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        if (!m_pane->isFirstFolderShown() || list().surface().state.IsLoading) {
+            return;
+        }
+        poll.stop();
+        core::services().browserPane->applyPath(other);
+        highlighted = tree.selected();
+        tree.close();
+    });
+    poll.start(1);
+    tree.open(m_pane->treeHost(), m_tree.path("pics"),
+              [this](const QString& folder) { m_pane->treeSelected(folder); });
+    EXPECT_EQ(highlighted, other);
+    EXPECT_EQ(core::state().CurrentFolder, other);
+    EXPECT_EQ(m_pane->File1().path(), other);
+    EXPECT_EQ(list().surface().state.ThumbTable.filledRow(0)->path, m_tree.path("other/y.swf"));
+}
+
+TEST_F(PaneTest, HandsOutItsThumbnailsWhileItIsThere)
+{
+    EXPECT_EQ(thumbs::paneThumbnails(), nullptr);
+    load();
+    EXPECT_EQ(thumbs::paneThumbnails(), &list());
+    m_pane.reset();
+    EXPECT_EQ(thumbs::paneThumbnails(), nullptr);
+}
+
 TEST_F(PaneTest, GoesUpToTheRootAndNoFurther)
 {
     start();
@@ -465,9 +504,8 @@ TEST_F(PaneTest, ShowsPropertiesOfTheFileInTheField)
 {
     start();
     clickTile(0);
-    m_main.log.clear();
     press(2);
-    EXPECT_EQ(m_main.log, (QStringList{"Propers " + m_tree.path("pics/a.bmp")}));
+    EXPECT_EQ(m_desktop.shownProperties, (QStringList{m_tree.path("pics/a.bmp")}));
 }
 
 TEST_F(PaneTest, MovesTheFileInTheFieldToTheTrash)
