@@ -7,6 +7,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "files/display_pipeline.h"
 #include "files/text_list.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/pointer.h"
@@ -14,16 +15,15 @@
 #include "platform/pictures/picture_loader.h"
 #include "shell/commands.h"
 #include "shell/cool_bar.h"
-#include "shell/display_host.h"
 #include "shell/file_name_field.h"
 #include "shell/kept_maximised.h"
 #include "shell/menus.h"
 #include "shell/side_activation.h"
 #include "shell/status_bar.h"
 #include "shell/toolbars.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/key_codes.h"
 #include "viewer/picture_viewer.h"
+#include "viewer/zoom_tool_window.h"
 #include "widgets/avi.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/first_touch.h"
@@ -122,8 +122,7 @@ void Form1::buildControls()
 
     buildStrip();
 
-    m_displayHost = shell::makeDisplayHost(*this);
-    m_pipeline = std::make_unique<viewer::DisplayPipeline>(*m_displayHost);
+    m_pipeline = std::make_unique<files::DisplayPipeline>();
     m_activation = std::make_unique<shell::SideActivation>(*this, [this] { becameActive(); });
     connectViewer();
     connectColourMenu();

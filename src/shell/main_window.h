@@ -39,10 +39,9 @@ class FirstTouch;
 class ProgressStrip;
 } // namespace widgets
 
-namespace viewer {
-class DisplayHost;
+namespace files {
 class DisplayPipeline;
-} // namespace viewer
+}
 
 // The one main window. Its work area shows the browser pane with the viewer beside it (browse mode)
 // or the viewer alone (picture mode). Other windows reach it by its roles in core::services().
@@ -101,7 +100,7 @@ public:
     void clickXiala();
     // How far a reader has come that lets no events run.
     void showReadingProgress(double fraction);
-    viewer::DisplayPipeline& pipeline() { return *m_pipeline; }
+    files::DisplayPipeline& pipeline() { return *m_pipeline; }
 
     // Commands of others
     void ThumbNailSize(int menuIndex) override;
@@ -199,8 +198,7 @@ private:
     cpvPicViewer* m_viewer = nullptr;
     std::unique_ptr<shell::Menus> m_menus;
     std::unique_ptr<shell::Toolbars> m_toolbars;
-    std::unique_ptr<viewer::DisplayHost> m_displayHost;
-    std::unique_ptr<viewer::DisplayPipeline> m_pipeline;
+    std::unique_ptr<files::DisplayPipeline> m_pipeline;
     std::unique_ptr<shell::SideActivation> m_activation;
     std::unique_ptr<widgets::FirstTouch> m_touch;
     std::unique_ptr<shell::KeptMaximised> m_maximised;

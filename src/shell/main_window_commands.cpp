@@ -8,11 +8,11 @@
 #include "editing/clipboard_commands.h"
 #include "editing/editor_handoff.h"
 #include "editing/save_pipeline.h"
+#include "files/display_pipeline.h"
 #include "platform/os/registry.h"
 #include "shell/main_window.h"
 #include "shell/menus.h"
 #include "shell/status_bar.h"
-#include "viewer/display_pipeline.h"
 
 #include <QAction>
 

@@ -3,11 +3,10 @@
 #include "base/numbers.h"
 #include "core/constants.h"
 #include "core/state.h"
-#include "files/routing.h"
+#include "files/display_pipeline.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/file_list.h"
 #include "shell/main_window.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/own_format_show.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/progress_strip.h"
@@ -78,14 +77,12 @@ void Form1::ChangePath()
 
 void Form1::goEnter()
 {
-    const platform::PointerGuard pointer;
-    files::goEnter(*this, *this, Xiala());
+    m_pipeline->goEnter();
 }
 
 void Form1::clickXiala()
 {
-    const platform::PointerGuard pointer;
-    files::clickXiala(*this, *this, Xiala());
+    m_pipeline->clickXiala();
 }
 
 // The keys act on what the user has just opened.

@@ -8,6 +8,7 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "core/working_files.h"
+#include "files/display_pipeline.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/folder_tree.h"
@@ -19,7 +20,6 @@
 #include "shell/main_window.h"
 #include "shell/menus.h"
 #include "shell/side_activation.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/avi.h"
 

@@ -2,11 +2,11 @@
 
 #include "core/services.h"
 #include "core/state.h"
+#include "files/display_pipeline.h"
 #include "files/favourites_editor_window.h"
 #include "platform/desktop/desktop.h"
 #include "platform/os/paths.h"
 #include "shell/main_window.h"
-#include "viewer/display_pipeline.h"
 
 namespace shell::commands {
 

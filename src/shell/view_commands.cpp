@@ -1,6 +1,6 @@
+#include "files/display_pipeline.h"
 #include "shell/commands.h"
 #include "shell/main_window.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 
 namespace shell::commands {

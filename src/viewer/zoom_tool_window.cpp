@@ -44,6 +44,11 @@ int heightWithKnob(const QSlider& slider)
 
 } // namespace
 
+QString viewer::zoomReadout(int zoomFactor)
+{
+    return QStringLiteral("      %1%").arg(zoomFactor * 100);
+}
+
 fastZoom::fastZoom()
     : StripWindow("Zoom", Qt::Widget)
 {

@@ -5,6 +5,13 @@
 class QLabel;
 class QSlider;
 
+namespace viewer {
+
+// The text of the zoom's panel for a factor, which the zoom tool reads back: 2 reads "      200%".
+[[nodiscard]] QString zoomReadout(int zoomFactor);
+
+} // namespace viewer
+
 // The small window that sets the viewer's zoom. It finds the viewer and the status bar through
 // core::services(), and lies on the main window as a child: as a window of its own it would keep
 // the keys from the main window on desktops that give them to the last window of a group.

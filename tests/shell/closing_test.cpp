@@ -1,13 +1,13 @@
 #include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "files/display_pipeline.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/end_requests.h"
 #include "platform/os/registry.h"
 #include "shell/program.h"
 #include "shell/running_program.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 
 #include <QAction>

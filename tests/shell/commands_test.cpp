@@ -3,6 +3,7 @@
 #include "core/settings.h"
 #include "core/state.h"
 #include "core/status_bar.h"
+#include "files/display_pipeline.h"
 #include "formats/hooks.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/desktop/pointer.h"
@@ -16,7 +17,6 @@
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
 #include "thumbs/thumbnail_list.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 

@@ -5,13 +5,13 @@
 #include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "files/display_pipeline.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
 #include "platform/pictures/picture_saver.h"
 #include "shell/running_program.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 
 #include <QApplication>

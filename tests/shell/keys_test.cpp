@@ -1,11 +1,11 @@
 #include "core/state.h"
+#include "files/display_pipeline.h"
 #include "platform/desktop/clipboard.h"
 #include "platform/desktop/pointer.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/thumbnail_list.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 

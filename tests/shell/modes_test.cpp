@@ -1,11 +1,11 @@
 #include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
+#include "files/display_pipeline.h"
 #include "platform/os/file_list.h"
 #include "shell/menus.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 

@@ -1,9 +1,9 @@
 #include "core/state.h"
+#include "files/display_pipeline.h"
 #include "shell/running_program.h"
 #include "shell/side_activation.h"
 #include "shell/toolbars.h"
 #include "thumbs/pane/browser_pane.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/picture_viewer.h"
 #include "widgets/chameleon_button.h"
 

@@ -1,6 +1,5 @@
 #include "core/window_registry.h"
 #include "support/temp_tree.h"
-#include "viewer/display_pipeline.h"
 #include "viewer/zoom_tool_window.h"
 #include "viewer_main_window.h"
 #include "widgets/title_strip.h"

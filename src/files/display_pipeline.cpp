@@ -1,14 +1,26 @@
-#include "viewer/display_pipeline.h"
+#include "files/display_pipeline.h"
 
 #include "base/numbers.h"
+#include "core/browser_pane.h"
+#include "core/file_field.h"
+#include "core/main_menus.h"
+#include "core/picture_display.h"
+#include "core/services.h"
 #include "core/state.h"
+#include "core/viewer.h"
+#include "core/work_area.h"
+#include "files/routing.h"
+#include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/file_list.h"
 #include "platform/os/paths.h"
+#include "platform/pictures/picture_box.h"
 
+#include <QApplication>
 #include <QScopedValueRollback>
+#include <QWidget>
 
-namespace viewer {
+namespace files {
 
 namespace {
 
@@ -17,14 +29,75 @@ constexpr int kIntervalStepMs = 1000;
 constexpr int kShortestIntervalMs = 1000;
 constexpr int kLongestIntervalMs = 65000;
 
+core::PictureDisplay& display()
+{
+    return *core::services().display;
+}
+
+core::FileField& field()
+{
+    return *core::services().field;
+}
+
+// The pane's list; null while there is no pane.
+platform::FileList* fileList()
+{
+    core::BrowserPane* pane = core::services().browserPane;
+    return pane == nullptr ? nullptr : &pane->File1();
+}
+
+QString selectedPath()
+{
+    const platform::FileList* list = fileList();
+    return list == nullptr ? QString() : platform::withSeparator(list->path()) + list->fileName();
+}
+
+std::int16_t pictureCount()
+{
+    return core::services().workArea->pictureCount();
+}
+
+const QWidget* mainWindow()
+{
+    const QWidget* area = core::services().workArea->window();
+    return area == nullptr ? nullptr : area->window();
+}
+
+bool isWindowMinimised()
+{
+    const QWidget* window = mainWindow();
+    return window != nullptr && window->isMinimized();
+}
+
+// In the pane keys walk through folders and tiles, as they write in a field of text.
+bool isUserTyping()
+{
+    const QWidget* window = mainWindow();
+    const QWidget* focus = window == nullptr ? nullptr : window->focusWidget();
+    const auto* pane = dynamic_cast<const QWidget*>(core::services().browserPane);
+    return focus != nullptr && (focus->testAttribute(Qt::WA_InputMethodEnabled) ||
+                                (pane != nullptr && pane->isAncestorOf(focus)));
+}
+
 } // namespace
 
-DisplayPipeline::DisplayPipeline(DisplayHost& host)
-    : m_host(host)
+DisplayPipeline::DisplayPipeline()
 {
     tim_nextpic.setObjectName("tim_nextpic");
     tim_nextpic.setInterval(kFirstIntervalMs);
     QObject::connect(&tim_nextpic, &QTimer::timeout, &tim_nextpic, [this] { tick(); });
+}
+
+void DisplayPipeline::goEnter()
+{
+    const platform::PointerGuard pointer;
+    files::goEnter(display(), field(), field().Xiala());
+}
+
+void DisplayPipeline::clickXiala()
+{
+    const platform::PointerGuard pointer;
+    files::clickXiala(display(), field(), field().Xiala());
 }
 
 void DisplayPipeline::nextpic()
@@ -40,7 +113,7 @@ void DisplayPipeline::prevpic()
 void DisplayPipeline::step(int by)
 {
     stop_slideshow();
-    platform::FileList* list = m_host.File1();
+    platform::FileList* list = fileList();
     if (list == nullptr) {
         return;
     }
@@ -51,59 +124,53 @@ void DisplayPipeline::step(int by)
         m_listCursor = *wanted;
         list->setListIndex(m_listCursor);
     }
-    m_host.setXiala(selectedPath());
+    field().setXiala(selectedPath());
     const QScopedValueRollback opening(m_opening, true);
-    m_host.clickXiala();
-}
-
-QString DisplayPipeline::selectedPath()
-{
-    const platform::FileList* list = m_host.File1();
-    return list == nullptr ? QString() : platform::withSeparator(list->path()) + list->fileName();
+    clickXiala();
 }
 
 void DisplayPipeline::SlideNext()
 {
     std::int16_t& index = core::state().SlideIndex;
-    index = index < m_host.PictureCount() ? static_cast<std::int16_t>(index + 1) : std::int16_t(0);
+    index = index < pictureCount() ? static_cast<std::int16_t>(index + 1) : std::int16_t(0);
 }
 
 void DisplayPipeline::SlidePrevp()
 {
     std::int16_t& index = core::state().SlideIndex;
-    index = index != 0 ? static_cast<std::int16_t>(index - 1) : m_host.PictureCount();
+    index = index != 0 ? static_cast<std::int16_t>(index - 1) : pictureCount();
 }
 
 void DisplayPipeline::display_pic()
 {
     showAndAdvance();
-    m_host.focusViewer();
+    display().viewer().giveFocus();
 }
 
 void DisplayPipeline::showAndAdvance()
 {
     const QScopedValueRollback opening(m_opening, true);
-    m_host.clickXiala();
+    clickXiala();
     // Opening may have let events run, so the list is asked for only now.
-    if (platform::FileList* list = m_host.File1()) {
+    if (platform::FileList* list = fileList()) {
         list->setListIndex(core::state().SlideIndex); // fails past the end: the selection stays
         core::state().CurrentFile = selectedPath();
     }
-    m_host.copyImage1ToOrgPicture();
-    m_host.setXiala(core::state().CurrentFile);
+    display().orgPicture().setPicture(display().Image1().picture());
+    field().setXiala(core::state().CurrentFile);
 }
 
 void DisplayPipeline::start_slideshow()
 {
     display_pic();
     tim_nextpic.start();
-    m_host.pressSlideButton(true);
+    core::services().menus->pressSlideButton(true);
 }
 
 void DisplayPipeline::stop_slideshow()
 {
     tim_nextpic.stop();
-    m_host.pressSlideButton(false);
+    core::services().menus->pressSlideButton(false);
     core::state().SlideIndex = 0;
 }
 
@@ -158,20 +225,15 @@ void DisplayPipeline::continueAfterFullScreen()
 
 void DisplayPipeline::tick()
 {
-    if (platform::isClosing() || m_opening || m_host.isWindowMinimised() ||
-        m_host.isModalWindowOpen()) {
+    if (platform::isClosing() || m_opening || isWindowMinimised() ||
+        QApplication::activeModalWidget() != nullptr) {
         return;
     }
     SlideNext();
     showAndAdvance();
-    if (!m_host.isUserTyping()) {
-        m_host.focusViewer();
+    if (!isUserTyping()) {
+        display().viewer().giveFocus();
     }
 }
 
-QString zoomReadout(int zoomFactor)
-{
-    return QStringLiteral("      %1%").arg(zoomFactor * 100);
-}
-
-} // namespace viewer
+} // namespace files
