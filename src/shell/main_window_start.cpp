@@ -9,9 +9,9 @@
 #include "core/window_registry.h"
 #include "core/working_files.h"
 #include "files/display_pipeline.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/dialogs.h"
-#include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/files.h"
@@ -163,7 +163,7 @@ void Form1::unload()
     }
     m_unloaded = true;
     platform::beginClosing();
-    platform::folderTree().close();
+    files::folderTree().close();
     platform::setPointer(platform::Pointer::HourGlass);
     m_pipeline->stop_slideshow();
     m_viewer->PanViewHide();

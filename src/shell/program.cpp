@@ -7,11 +7,11 @@
 #include "core/work_area.h"
 #include "core/working_files.h"
 #include "editing/windows.h"
+#include "files/explorer/folder_tree.h"
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
 #include "formats/hooks.h"
 #include "platform/desktop/dialogs.h"
-#include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/end_requests.h"
 #include "platform/os/paths.h"
@@ -142,7 +142,7 @@ void openFolderTree(const StepWatcher& watcher)
     const QString folder = startFolder();
     browser->setStartFolder(folder);
     tell(watcher, "folder tree opened");
-    platform::folderTree().open(browser->treeHost(), folder, &showSelectedFolder, &isFolderShown);
+    files::folderTree().open(browser->treeHost(), folder, &showSelectedFolder, &isFolderShown);
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 
 #include <QPixmap>
 #include <QTimerEvent>
@@ -30,7 +30,7 @@ void ScreenshotRequest::timerEvent(QTimerEvent* event)
 {
     QWidget* const window = core::windows().find(core::Window::Form1);
     const core::BrowserPane* pane = core::services().browserPane;
-    if (window == nullptr || pane == nullptr || !platform::folderTree().isOpen() ||
+    if (window == nullptr || pane == nullptr || !files::folderTree().isOpen() ||
         (core::state().BrowserShown && !pane->isFirstFolderShown())) {
         return;
     }

@@ -5,8 +5,8 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
+#include "files/explorer/folder_tree.h"
 #include "native/hand.h"
-#include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/delivered_files.h"
 #include "platform/os/profile.h"
@@ -37,7 +37,7 @@ Form1* mainWindow()
 bool hasStarted()
 {
     const core::BrowserPane* pane = core::services().browserPane;
-    return mainWindow() != nullptr && platform::folderTree().isOpen() && pane != nullptr &&
+    return mainWindow() != nullptr && files::folderTree().isOpen() && pane != nullptr &&
            (pane->isFirstFolderShown() || core::state().PictureWide);
 }
 

@@ -1,6 +1,6 @@
 #include "core/services.h"
 #include "core/window_registry.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "shell/accessible_tree.h"
 #include "shell/running_program.h"
 #include "shell/toolbars.h"

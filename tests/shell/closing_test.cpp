@@ -2,7 +2,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "files/display_pipeline.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/end_requests.h"
 #include "platform/os/registry.h"
@@ -51,7 +51,7 @@ protected:
     void expectClosed()
     {
         EXPECT_EQ(program.unloaded.last(), QStringLiteral("Form1"));
-        EXPECT_FALSE(platform::folderTree().isOpen());
+        EXPECT_FALSE(files::folderTree().isOpen());
         EXPECT_FALSE(platform::registryValue(kMarkerKey, kMarkerName));
     }
 
@@ -98,7 +98,7 @@ TEST_F(ClosingTest, EndsWhileTheTreeChangesTheFolder)
     program.tree.add({"more/x.swf", "x"});
     program.run([this](Form1& form) {
         closeSoon(form);
-        platform::folderTree().select(program.tree.path("more"));
+        files::folderTree().select(program.tree.path("more"));
         EXPECT_TRUE(platform::isClosing());
     });
     expectClosed();
@@ -274,7 +274,7 @@ TEST_F(ClosingTest, LeavesNoTraceOfAStartThatASignalEnds)
             }
         });
         EXPECT_TRUE(platform::isClosing()) << last;
-        EXPECT_FALSE(platform::folderTree().isOpen()) << last;
+        EXPECT_FALSE(files::folderTree().isOpen()) << last;
         EXPECT_FALSE(platform::registryValue(kMarkerKey, kMarkerName)) << last;
         for (const core::Window window :
              {core::Window::frmWelcome, core::Window::Form1, core::Window::frmThumbnaillist}) {

@@ -6,8 +6,8 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "files/display_pipeline.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/desktop/clipboard.h"
-#include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
 #include "platform/pictures/picture_saver.h"
@@ -188,7 +188,7 @@ TEST_F(EveryCommandTest, BearsAGalleryRunUnderIt)
             }
             form.stop_slideshow();
             showVanishedPicture(form);
-            platform::folderTree().select(program.tree.path("pics"));
+            files::folderTree().select(program.tree.path("pics"));
             program.dialogs.boxes.clear();
             bool within = false;
             bool ranWithin = false;
@@ -218,7 +218,7 @@ TEST_F(EveryCommandTest, BearsASlideShow)
             if (route.leaves) {
                 continue;
             }
-            platform::folderTree().select(program.tree.path("pics"));
+            files::folderTree().select(program.tree.path("pics"));
             form.start_slideshow();
             form.pipeline().tick();
             program.dialogs.boxes.clear();

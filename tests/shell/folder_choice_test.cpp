@@ -1,6 +1,6 @@
 #include "core/services.h"
 #include "core/state.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/os/file_list.h"
 #include "shell/running_program.h"
 #include "thumbs/pane/browser_pane.h"
@@ -18,10 +18,7 @@ namespace {
 // A choice in the folder tree, and what the pane then shows.
 class FolderChoiceTest : public testing::Test {
 protected:
-    static QTreeWidget& tree()
-    {
-        return *static_cast<QTreeWidget*>(platform::folderTree().widget());
-    }
+    static QTreeWidget& tree() { return *static_cast<QTreeWidget*>(files::folderTree().widget()); }
 
     static void click(const QTreeWidgetItem* item)
     {
@@ -72,7 +69,7 @@ protected:
         EXPECT_TRUE(RunningProgram::waitFor([this] { return tilePaths() == picturePaths(); }));
         EXPECT_EQ(form.Xiala(), program.tree.path("pics"));
         EXPECT_EQ(core::state().CurrentFolder, program.tree.path("pics"));
-        EXPECT_EQ(platform::folderTree().selected(), program.tree.path("pics"));
+        EXPECT_EQ(files::folderTree().selected(), program.tree.path("pics"));
     }
 
     static frmThumbnaillist& pane()
@@ -100,7 +97,7 @@ TEST_F(FolderChoiceTest, ShowsTheSelectedFolderAgainAfterOpenShowedAnother)
 TEST_F(FolderChoiceTest, GoesUpToTheSelectedFolderAfterOpenShowedOneInIt)
 {
     program.run([this](Form1& form) {
-        platform::folderTree().select(program.tree.path("app"));
+        files::folderTree().select(program.tree.path("app"));
         open(form);
         pressParent();
         EXPECT_EQ(RunningProgram::File1().path(), program.tree.path("app"));
@@ -117,7 +114,7 @@ TEST_F(FolderChoiceTest, HighlightsTheFolderChosenInTheRunOfAnother)
         }
     }
     program.run([this](Form1& form) {
-        platform::folderTree().select(program.tree.path("home"));
+        files::folderTree().select(program.tree.path("home"));
         QTreeWidgetItem* const home = tree().currentItem();
         home->setExpanded(true);
         QStringList highlights;
@@ -157,7 +154,7 @@ TEST_F(FolderChoiceTest, StartsInThePictureFolderThatHoldsOnlyFolders)
     program.tree.add({"app/Samples/b.bmp", program.tree.content("pics/b.bmp")});
     program.config[QStringLiteral("SpeciFolder")].clear();
     program.run([this](Form1& form) {
-        EXPECT_EQ(platform::folderTree().selected(), program.tree.path("home/Pictures"));
+        EXPECT_EQ(files::folderTree().selected(), program.tree.path("home/Pictures"));
         EXPECT_EQ(form.Xiala(), program.tree.path("home/Pictures"));
     });
 }

@@ -1,7 +1,7 @@
 #include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/file_list.h"
 #include "platform/os/profile.h"
@@ -79,13 +79,13 @@ TEST_F(OddFoldersTest, FallsBackToTheHomeFolderWhenTheStartFolderIsMissing)
 {
     program.config[QStringLiteral("SpeciFolder")] = program.tree.path("nowhere");
     program.run([this](Form1& form) {
-        EXPECT_EQ(platform::folderTree().selected(), program.tree.path("home"));
+        EXPECT_EQ(files::folderTree().selected(), program.tree.path("home"));
         // The window, once active, is at the folder that its list of folders is at.
         EXPECT_EQ(core::state().CurrentFolder, form.Dir2());
         EXPECT_EQ(form.Dir2(), program.tree.path("app"));
         EXPECT_EQ(RunningProgram::File1().path(), program.tree.path("app")); // kept what it had
         EXPECT_EQ(form.Xiala(), program.tree.path("app"));
-        platform::folderTree().select(program.tree.path("pics"));
+        files::folderTree().select(program.tree.path("pics"));
         EXPECT_EQ(RunningProgram::File1().count(), 3);
         auto* list = form.findChild<ThumbNailList*>(QStringLiteral("ThumbNailList1"));
         for (int k = 0; k < 3; ++k) {
@@ -101,7 +101,7 @@ TEST_F(OddFoldersTest, KeepsItsFilesWhenAFolderCantBeRead)
     program.tree.add({"secret/x.swf", "x"});
     std::filesystem::permissions(program.tree.native("secret"), perms(0));
     const auto run = [this](Form1& form) {
-        platform::folderTree().select(program.tree.path("secret"));
+        files::folderTree().select(program.tree.path("secret"));
         EXPECT_EQ(core::state().CurrentFolder, program.tree.path("secret"));
         EXPECT_EQ(RunningProgram::File1().path(), program.tree.path("pics"));
         EXPECT_EQ(form.Xiala(), program.tree.path("pics"));

@@ -3,7 +3,7 @@
 #include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/file_list.h"
 #include "platform/os/profile.h"
@@ -96,7 +96,7 @@ void RunningProgram::run(const std::function<void(Form1&)>& script)
     QObject::connect(&poll, &QTimer::timeout, [&] {
         Form1* form = mainWindow();
         const core::BrowserPane* pane = core::services().browserPane;
-        const bool ready = form != nullptr && platform::folderTree().isOpen() && pane != nullptr &&
+        const bool ready = form != nullptr && files::folderTree().isOpen() && pane != nullptr &&
                            (pane->isFirstFolderShown() || !core::state().BrowserShown);
         if (!ready && waited.elapsed() < kPatience) {
             return;

@@ -1,7 +1,7 @@
 #include "core/browser_pane.h"
 #include "core/services.h"
 #include "core/state.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/os/file_list.h"
 #include "platform/os/registry.h"
 #include "shell/file_name_field.h"
@@ -82,14 +82,14 @@ TEST_F(StartTest, ComesUpInItsOrderAndLeavesWhenTheTreeCloses)
 {
     program.run([](Form1& form) {
         EXPECT_TRUE(form.isVisible());
-        EXPECT_TRUE(platform::folderTree().isOpen());
+        EXPECT_TRUE(files::folderTree().isOpen());
         EXPECT_FALSE(core::windows().isLoaded(core::Window::frmWelcome));
     });
     EXPECT_EQ(program.steps,
               (QStringList{QStringLiteral("welcome shown"), QStringLiteral("main window loaded"),
                            QStringLiteral("pane shown"), QStringLiteral("modes restored"),
                            QStringLiteral("folder tree opened")}));
-    EXPECT_FALSE(platform::folderTree().isOpen());
+    EXPECT_FALSE(files::folderTree().isOpen());
     EXPECT_TRUE(program.dialogs.boxes.empty());
 }
 
@@ -329,12 +329,12 @@ TEST_F(StartTest, FollowsTheTreesSelectionOnce)
         auto* tiles = form.findChild<ThumbNailList*>();
         int runs = 0;
         QObject::connect(tiles, &ThumbNailList::ThumbPageStatus, &form, [&runs] { ++runs; });
-        platform::folderTree().select(program.tree.path("more"));
+        files::folderTree().select(program.tree.path("more"));
         EXPECT_EQ(runs, 1);
         EXPECT_EQ(core::state().CurrentFolder, program.tree.path("more"));
         EXPECT_EQ(form.Xiala(), program.tree.path("more"));
         EXPECT_EQ(form.Dir2(), program.tree.path("more"));
-        platform::folderTree().select(program.tree.path("more"));
+        files::folderTree().select(program.tree.path("more"));
         EXPECT_EQ(runs, 1);
     });
 }
@@ -344,7 +344,7 @@ TEST_F(StartTest, KeepsTheTreeInThePane)
     program.run([](Form1& form) {
         auto* pane = core::windows().find(core::Window::frmThumbnaillist);
         const QWidget* host = form.findChild<QWidget*>(QStringLiteral("Dir1"));
-        const QWidget* tree = platform::folderTree().widget();
+        const QWidget* tree = files::folderTree().widget();
         for (const int width : {300, 420}) {
             pane->resize(width, pane->height());
             core::services().browserPane->ThumResize();

@@ -10,7 +10,7 @@
 #include "core/state.h"
 #include "core/window_names.h"
 #include "core/work_area.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/os/paths.h"
 #include "platform/os/registry.h"
 #include "thumbs/pane/pane_splitter.h"
@@ -96,7 +96,7 @@ void frmThumbnaillist::activated()
 
 void frmThumbnaillist::applyPath(const QString& folder)
 {
-    platform::FolderTree& tree = platform::folderTree();
+    files::FolderTree& tree = files::folderTree();
     if (tree.isOpen()) {
         tree.select(folder);
     } else {

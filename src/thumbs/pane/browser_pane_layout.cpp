@@ -1,7 +1,7 @@
 #include "core/services.h"
 #include "core/state.h"
 #include "core/work_area.h"
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 #include "platform/os/paths.h"
 #include "thumbs/pane/browser_pane.h"
 #include "thumbs/pane/pane_splitter.h"
@@ -206,7 +206,7 @@ void frmThumbnaillist::layoutButtons()
 
 void frmThumbnaillist::placeTree()
 {
-    platform::FolderTree& tree = platform::folderTree();
+    files::FolderTree& tree = files::folderTree();
     if (tree.isOpen()) {
         tree.setGeometry(0, 0, width() - kTreeRightMargin, m_dir1->height() - kTreeBottomMargin);
     }

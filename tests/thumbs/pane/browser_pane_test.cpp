@@ -2,9 +2,9 @@
 
 #include "base/twips.h"
 #include "core/window_registry.h"
+#include "files/explorer/folder_tree.h"
 #include "files/transfer.h"
 #include "formats/pcx_files.h"
-#include "platform/desktop/folder_tree.h"
 #include "platform/desktop/pointer.h"
 #include "platform/os/registry.h"
 #include "thumbs/folder_run.h"
@@ -414,7 +414,7 @@ TEST_F(PaneTest, HostsTheFolderTree)
 {
     load();
     m_pane->show();
-    platform::FolderTree& tree = platform::folderTree();
+    files::FolderTree& tree = files::folderTree();
     QRect place;
     QStringList paths;
     QTimer poll;
@@ -443,7 +443,7 @@ TEST_F(PaneTest, LeadsTheTreeToAFolderThatAnotherWindowAsksFor)
 {
     load();
     m_pane->show();
-    platform::FolderTree& tree = platform::folderTree();
+    files::FolderTree& tree = files::folderTree();
     const QString other = m_tree.path("other");
     QString highlighted;
     QTimer poll;

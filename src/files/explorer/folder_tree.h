@@ -6,7 +6,7 @@
 
 class QWidget;
 
-namespace platform {
+namespace files {
 
 // The tree of folders that the program lives in: open() runs the event loop and comes back only
 // after close(). Branches are read when they are opened for the first time. Hidden folders are left
@@ -53,4 +53,4 @@ private:
 // The one tree of the process.
 FolderTree& folderTree();
 
-} // namespace platform
+} // namespace files

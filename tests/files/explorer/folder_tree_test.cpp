@@ -1,4 +1,4 @@
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 
 #include "platform/os/subfolders.h"
 #include "support/temp_tree.h"
@@ -13,7 +13,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-using platform::FolderTree;
+using files::FolderTree;
 using support::TempTree;
 
 namespace {

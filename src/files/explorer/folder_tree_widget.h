@@ -8,7 +8,7 @@
 #include <set>
 #include <vector>
 
-namespace platform {
+namespace files {
 
 // The widget of the folder tree. A branch is read each time it is opened; items that are still
 // there stay, with what is open below them.
@@ -73,4 +73,4 @@ private:
     int m_changes = 0; // changes under way, at whose end one folder is chosen
 };
 
-} // namespace platform
+} // namespace files

@@ -1,4 +1,4 @@
-#include "platform/desktop/folder_tree_widget.h"
+#include "files/explorer/folder_tree_widget.h"
 
 #include "platform/os/files.h"
 #include "platform/os/mounts.h"
@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <set>
 
-namespace platform {
+namespace files {
 
 namespace {
 
@@ -60,7 +60,7 @@ bool isInside(const QTreeWidgetItem* item, const QTreeWidgetItem* branch)
 // The desktop's own icon is only asked for where ours is missing: finding it is slow.
 QIcon iconOr(const char* delivered, const QStyle& style, QStyle::StandardPixmap standard)
 {
-    const QIcon icon = deliveredIcon(QString::fromLatin1(delivered));
+    const QIcon icon = platform::deliveredIcon(QString::fromLatin1(delivered));
     return icon.isNull() ? style.standardIcon(standard) : icon;
 }
 
@@ -228,7 +228,7 @@ QTreeWidgetItem* FolderTreeWidget::makeItem(const QString& folder, const QString
     item->setIcon(0, m_folderIcon);
     item->setData(0, kFolderRole, folder);
     item->setData(0, kNameRole, name);
-    setBranchMarker(*item, hasVisibleSubfolder(folder));
+    setBranchMarker(*item, platform::hasVisibleSubfolder(folder));
     return item;
 }
 
@@ -243,13 +243,13 @@ void FolderTreeWidget::addRoot(int position, const QString& folder, const QStrin
 void FolderTreeWidget::refreshRoots()
 {
     if (topLevelItemCount() == 0) {
-        addRoot(0, homeFolder(), QStringLiteral("Home"),
+        addRoot(0, platform::homeFolder(), QStringLiteral("Home"),
                 iconOr("home", *style(), QStyle::SP_DirHomeIcon));
         addRoot(1, QStringLiteral("/"), QStringLiteral("File system"), m_driveIcon);
     }
     constexpr int kFixedRoots = 2;
     const Change change(*this);
-    const QStringList mounts = mediaMounts();
+    const QStringList mounts = platform::mediaMounts();
     QStringList shown;
     for (int i = topLevelItemCount() - 1; i >= kFixedRoots; --i) {
         QTreeWidgetItem* const root = topLevelItem(i);
@@ -265,7 +265,7 @@ void FolderTreeWidget::refreshRoots()
     for (int i = 0; i < mounts.size(); ++i) {
         if (!shown.contains(mounts[i])) {
             addRoot(std::min(kFixedRoots + i, topLevelItemCount()), mounts[i],
-                    fileNameOf(mounts[i]), m_driveIcon);
+                    platform::fileNameOf(mounts[i]), m_driveIcon);
         }
     }
 }
@@ -275,7 +275,7 @@ void FolderTreeWidget::removeVanished(QTreeWidgetItem& branch, const std::set<QS
     for (int i = branch.childCount() - 1; i >= 0; --i) {
         QTreeWidgetItem* const child = branch.child(i);
         // Hidden folders that were selected by name aren't listed and stay.
-        if (present.contains(nameOfItem(*child)) || isFolder(folderOfItem(*child))) {
+        if (present.contains(nameOfItem(*child)) || platform::isFolder(folderOfItem(*child))) {
             continue;
         }
         if (isInside(currentItem(), child)) {
@@ -305,7 +305,7 @@ void FolderTreeWidget::addMissing(QTreeWidgetItem& branch, const std::vector<QSt
             insertAdded();
             ++position;
         } else {
-            added.append(makeItem(joinPath(folderOfItem(branch), name), name));
+            added.append(makeItem(platform::joinPath(folderOfItem(branch), name), name));
         }
     }
     insertAdded();
@@ -314,13 +314,13 @@ void FolderTreeWidget::addMissing(QTreeWidgetItem& branch, const std::vector<QSt
 void FolderTreeWidget::refreshBranch(QTreeWidgetItem& branch)
 {
     const Change change(*this);
-    const std::vector<QString> names = visibleSubfolders(folderOfItem(branch));
+    const std::vector<QString> names = platform::visibleSubfolders(folderOfItem(branch));
     const std::set<QString> present(names.begin(), names.end());
     removeVanished(branch, present);
     for (int i = 0; i < branch.childCount(); ++i) {
         QTreeWidgetItem& child = *branch.child(i);
         if (child.childCount() == 0) {
-            setBranchMarker(child, hasVisibleSubfolder(folderOfItem(child)));
+            setBranchMarker(child, platform::hasVisibleSubfolder(folderOfItem(child)));
         }
     }
     addMissing(branch, names, present);
@@ -334,7 +334,7 @@ QTreeWidgetItem* FolderTreeWidget::rootOf(const QString& folder) const
         QTreeWidgetItem* const root = topLevelItem(i);
         const bool isCloser =
             closest == nullptr || folderOfItem(*root).size() > folderOfItem(*closest).size();
-        if (isCloser && holdsPath(folderOfItem(*root), folder)) {
+        if (isCloser && platform::holdsPath(folderOfItem(*root), folder)) {
             closest = root;
         }
     }
@@ -360,8 +360,8 @@ QTreeWidgetItem* FolderTreeWidget::childOf(QTreeWidgetItem& branch, const QStrin
     if (QTreeWidgetItem* const child = find()) {
         return child;
     }
-    const QString folder = joinPath(folderOfItem(branch), name);
-    if (!isFolder(folder)) {
+    const QString folder = platform::joinPath(folderOfItem(branch), name);
+    if (!platform::isFolder(folder)) {
         return nullptr;
     }
     QTreeWidgetItem* const child = makeItem(folder, name);
@@ -373,7 +373,7 @@ QTreeWidgetItem* FolderTreeWidget::childOf(QTreeWidgetItem& branch, const QStrin
 
 bool FolderTreeWidget::goTo(const QString& folder)
 {
-    QTreeWidgetItem* item = isFolder(folder) ? rootOf(folder) : nullptr;
+    QTreeWidgetItem* item = platform::isFolder(folder) ? rootOf(folder) : nullptr;
     if (item == nullptr) {
         return false;
     }
@@ -410,4 +410,4 @@ QString FolderTreeWidget::selectedFolder() const
     return item != nullptr ? folderOfItem(*item) : QString();
 }
 
-} // namespace platform
+} // namespace files

@@ -1,13 +1,13 @@
-#include "platform/desktop/folder_tree.h"
+#include "files/explorer/folder_tree.h"
 
-#include "platform/desktop/folder_tree_widget.h"
+#include "files/explorer/folder_tree_widget.h"
 #include "platform/os/paths.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QPointer>
 
-namespace platform {
+namespace files {
 
 struct FolderTree::State {
     QPointer<FolderTreeWidget> widget;
@@ -40,7 +40,7 @@ void FolderTree::open(QWidget& host, const QString& start, SelectionHandler sele
     m_state->widget->setGeometry(host.rect());
     m_state->widget->show();
     m_state->widget->onSelected(std::move(selected), std::move(isShown));
-    for (const QString& folder : {start, homeFolder(), QStringLiteral("/")}) {
+    for (const QString& folder : {start, platform::homeFolder(), QStringLiteral("/")}) {
         if (!isOpen() || m_state->widget->selectFolder(folder)) {
             break;
         }
@@ -102,4 +102,4 @@ FolderTree& folderTree()
     return instance;
 }
 
-} // namespace platform
+} // namespace files
