@@ -4,7 +4,6 @@
 #include "core/picture_display.h"
 #include "core/services.h"
 #include "core/state.h"
-#include "core/viewer.h"
 #include "core/window_names.h"
 #include "editing/edit_steps.h"
 #include "platform/desktop/pointer.h"
