@@ -1,4 +1,3 @@
-#include "core/services.h"
 #include "core/window_registry.h"
 #include "files/explorer/folder_tree.h"
 #include "shell/accessible_tree.h"

@@ -1,4 +1,3 @@
-#include "core/services.h"
 #include "core/state.h"
 #include "files/explorer/folder_tree.h"
 #include "platform/os/file_list.h"

@@ -1,4 +1,3 @@
-#include "core/services.h"
 #include "core/settings.h"
 #include "core/state.h"
 #include "platform/desktop/pointer.h"

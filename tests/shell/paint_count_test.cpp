@@ -1,4 +1,3 @@
-#include "core/services.h"
 #include "core/state.h"
 #include "shell/running_program.h"
 #include "viewer/picture_viewer.h"

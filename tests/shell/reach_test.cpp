@@ -1,4 +1,3 @@
-#include "core/services.h"
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "platform/desktop/pointer.h"
