@@ -50,8 +50,7 @@ void store(const ChoiceKey& key, int choice);
 void store(const ColourKey& key, base::Colour colour);
 void store(const FolderKey& key, const QString& folder);
 
-// What is shown at start. On a first reading pan view, scroll bars and zoom tool are the
-// wrong way round.
+// What is shown at start. Pan view, scroll bars and zoom tool are stored the wrong way round.
 inline constexpr SwitchKey kBrowseMode{"ObcBrowse", On::NotZero};
 inline constexpr SwitchKey kBestFit{"BestFit", On::NotZero};
 inline constexpr SwitchKey kPanView{"Panview", On::Zero};

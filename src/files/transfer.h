@@ -26,8 +26,8 @@ public:
     virtual void setTransfer(const Transfer& transfer) = 0;
 };
 
-// Opens Movefile modally for a file. One in an own format is
-// previewed through the working file, which gets the viewer's picture first.
+// Opens Movefile modally for a file. One in an own format is previewed through the working file,
+// which gets the viewer's picture first.
 void openTransferWindow(const core::Viewer& viewer, const QString& path, const QString& title,
                         TransferKind kind);
 
