@@ -36,6 +36,10 @@ public:
     bool hasUnnamedFiles = true;
     bool hasLocks = true;
     bool hasAttributes = true;
+    bool hasSparingRename = true; // one that fails where the name is taken
+    bool copiesRanges = true;
+    bool clones = false;   // bytes that share no blocks have to do
+    std::string otherDisk; // the start of paths that no rename from elsewhere reaches, or back
     std::function<void()> beforeRename;
 
     // What came to pass: "sync PATH", "rename PATH".
@@ -109,7 +113,30 @@ public:
             beforeRename();
         }
         events.push_back("rename " + to);
+        if (!otherDisk.empty() && from.starts_with(otherDisk) != to.starts_with(otherDisk)) {
+            return fail(EXDEV);
+        }
         return renameError != 0 ? fail(renameError) : Disk::rename(from, to);
+    }
+
+    int renameToFree(const std::string& from, const std::string& to) override
+    {
+        return hasSparingRename ? Disk::renameToFree(from, to) : fail(EINVAL);
+    }
+
+    int clone(int from, int to) override
+    {
+        if (!clones) {
+            return fail(EOPNOTSUPP);
+        }
+        while (Disk::copyRange(from, to, 1U << 20U) > 0) {
+        }
+        return 0;
+    }
+
+    ssize_t copyRange(int from, int to, std::size_t size) override
+    {
+        return copiesRanges && writeError == 0 ? Disk::copyRange(from, to, size) : fail(EXDEV);
     }
 
 private:

@@ -2,7 +2,9 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <linux/fs.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -68,6 +70,21 @@ int Disk::link(int descriptor, const std::string& name)
 int Disk::rename(const std::string& from, const std::string& to)
 {
     return std::rename(from.c_str(), to.c_str());
+}
+
+int Disk::renameToFree(const std::string& from, const std::string& to)
+{
+    return ::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+}
+
+int Disk::clone(int from, int to)
+{
+    return ::ioctl(to, FICLONE, from);
+}
+
+ssize_t Disk::copyRange(int from, int to, std::size_t size)
+{
+    return ::copy_file_range(from, nullptr, to, nullptr, size, 0);
 }
 
 Disk& disk()

@@ -25,6 +25,12 @@ public:
     // Gives a file that has no name, or another one, this name; never one that is taken.
     virtual int link(int descriptor, const std::string& name);
     virtual int rename(const std::string& from, const std::string& to);
+    // Renames, but never to a name that is taken.
+    virtual int renameToFree(const std::string& from, const std::string& to);
+    // Lets an empty file share the blocks of another one, where the file system can.
+    virtual int clone(int from, int to);
+    // Copies bytes within the system, from where either file stands: how many, 0 at the end.
+    virtual ssize_t copyRange(int from, int to, std::size_t size);
 };
 
 // The real disk, or the one that a test put in its place.

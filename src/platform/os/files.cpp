@@ -10,7 +10,6 @@
 #include <QFile>
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -57,6 +56,17 @@ std::optional<QByteArray> readToEnd(int descriptor, qint64 expected, qint64 maxB
     }
     bytes.resize(filled);
     return bytes;
+}
+
+// For a file system without a rename that spares a name: a link is never put in another's place.
+// Where there are no links either, or none to what it is, the look before the rename has to do.
+bool renameByLink(const std::string& from, const std::string& to)
+{
+    if (::link(from.c_str(), to.c_str()) == 0) {
+        return ::unlink(from.c_str()) == 0 || (::unlink(to.c_str()), false);
+    }
+    struct stat facts = {};
+    return errno != EEXIST && ::lstat(to.c_str(), &facts) != 0 && disk().rename(from, to) == 0;
 }
 
 } // namespace
@@ -141,16 +151,11 @@ bool renameFile(const QString& from, const QString& to)
     }
     const std::string oldName = toNative(from);
     const std::string newName = toNative(to);
-    if (::renameat2(AT_FDCWD, oldName.c_str(), AT_FDCWD, newName.c_str(), RENAME_NOREPLACE) == 0) {
+    removeLeftovers(folderPart(newName));
+    if (disk().renameToFree(oldName, newName) == 0) {
         return true;
     }
-    if (errno != EINVAL && errno != ENOSYS) {
-        return false;
-    }
-    // A file system without that call: the look before the rename has to do.
-    struct stat facts = {};
-    return ::lstat(newName.c_str(), &facts) != 0 &&
-           std::rename(oldName.c_str(), newName.c_str()) == 0;
+    return (errno == EINVAL || errno == ENOSYS) && renameByLink(oldName, newName);
 }
 
 bool removeFile(const QString& path)

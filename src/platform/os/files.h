@@ -38,7 +38,8 @@ enum class Flush { No, ToDisk };
 // touching either when both names lead to the same file.
 [[nodiscard]] bool copyFile(const QString& from, const QString& to, Flush flush);
 
-// Gives a file another name on the same file system. False when the new name is taken.
+// Gives a file another name on the same file system. False when the new name is taken: no file is
+// ever lost under it. Killed on a file system without such a rename, it may leave both names.
 [[nodiscard]] bool renameFile(const QString& from, const QString& to);
 
 // Removes a file or a link, never a folder.

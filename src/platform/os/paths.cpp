@@ -5,6 +5,7 @@
 #include "platform/os/mounts.h"
 
 #include <QStandardPaths>
+#include <array>
 #include <cassert>
 #include <climits>
 #include <cstdlib>
@@ -17,6 +18,7 @@ namespace platform {
 namespace {
 
 constexpr QChar kSeparator = u'/';
+constexpr int kMostLinks = 40; // as many as the system follows
 
 QString g_appPath;
 
@@ -73,6 +75,18 @@ QString deliveredFolder()
     return {};
 }
 
+// The path that a link tells, seen from where the link stands; nothing for what is no link.
+std::optional<std::string> linkTarget(const std::string& link)
+{
+    std::array<char, PATH_MAX> text{};
+    const ssize_t length = ::readlink(link.c_str(), text.data(), text.size());
+    if (length <= 0 || static_cast<std::size_t>(length) == text.size()) {
+        return std::nullopt;
+    }
+    const std::string target(text.data(), static_cast<std::size_t>(length));
+    return target.front() == '/' ? target : folderPart(link) + target;
+}
+
 } // namespace
 
 QString withSeparator(const QString& folder)
@@ -103,6 +117,18 @@ std::optional<QString> canonicalPath(const QString& path)
     const std::unique_ptr<char, decltype(&std::free)> real(
         ::realpath(toNative(path).c_str(), nullptr), &std::free);
     return real ? std::optional<QString>(fromNative(real.get())) : std::nullopt;
+}
+
+std::string behindLinks(std::string path)
+{
+    for (int links = 0; links <= kMostLinks; ++links) {
+        const std::optional<std::string> next = linkTarget(path);
+        if (!next) {
+            return path;
+        }
+        path = *next;
+    }
+    return {};
 }
 
 QString fileNameOf(const QString& path)

@@ -26,6 +26,10 @@ bool holdsPath(const QString& folder, const QString& path);
 // The path with every link on it resolved; nothing where there is nothing.
 std::optional<QString> canonicalPath(const QString& path);
 
+// The file that a path of native bytes leads to through links at its end, whether it is there
+// already or not. "" for links that lead in a circle.
+std::string behindLinks(std::string path);
+
 // The text behind the last separator, and the text before it ("/" for a name in the root, "" for a
 // bare name).
 QString fileNameOf(const QString& path);

@@ -2,6 +2,7 @@
 
 #include "platform/os/disk.h"
 #include "platform/os/file_rights.h"
+#include "platform/os/folder_reader.h"
 #include "platform/os/in_place_write.h"
 #include "platform/os/paths.h"
 
@@ -9,11 +10,9 @@
 #include <QRandomGenerator>
 #include <QSysInfo>
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <climits>
 #include <fcntl.h>
-#include <optional>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,38 +20,10 @@ namespace platform {
 
 namespace {
 
-constexpr int kMostLinks = 40; // as many as the system follows
-
 // The first names are the same ones each time, so that what a dead writer left under them is found
 // without a look through the folder. Where they are all taken, further ones are made up.
 constexpr int kFixedNames = 8;
 constexpr int kMostNames = 200;
-
-// The path that a link tells, seen from where the link stands; nothing for what is no link.
-std::optional<std::string> linkTarget(const std::string& link)
-{
-    std::array<char, PATH_MAX> text{};
-    const ssize_t length = ::readlink(link.c_str(), text.data(), text.size());
-    if (length <= 0 || static_cast<std::size_t>(length) == text.size()) {
-        return std::nullopt;
-    }
-    const std::string target(text.data(), static_cast<std::size_t>(length));
-    return target.front() == '/' ? target : folderPart(link) + target;
-}
-
-// The file that a path leads to through links, whether it is there already or not. "" for links
-// that lead in a circle.
-std::string resolved(std::string path)
-{
-    for (int links = 0; links <= kMostLinks; ++links) {
-        const std::optional<std::string> next = linkTarget(path);
-        if (!next) {
-            return path;
-        }
-        path = *next;
-    }
-    return {};
-}
 
 // A lock on a shared folder may count on one machine only, so each keeps to names of its own.
 const std::string& nameStart()
@@ -78,8 +49,6 @@ std::string temporaryName(int number)
            std::to_string(QRandomGenerator::global()->generate());
 }
 
-// Removes a temporary file whose writer has died: one of this user's that nobody has locked. Where
-// the file system knows no locks that can't be told, and it stays.
 bool removeLeftover(const std::string& name)
 {
     const Descriptor leftover(
@@ -105,28 +74,46 @@ bool canNameOpenFiles()
 
 } // namespace
 
-ReplacementFile::ReplacementFile(const QString& target)
+Standing standingAt(const std::string& name)
+{
+    struct stat facts = {};
+    if (::stat(name.c_str(), &facts) != 0) {
+        return Standing::Nothing;
+    }
+    const bool isReplaceable =
+        S_ISREG(facts.st_mode) && ::faccessat(AT_FDCWD, name.c_str(), W_OK, AT_EACCESS) == 0;
+    return isReplaceable ? Standing::Replaceable : Standing::Refused;
+}
+
+void removeLeftovers(const std::string& folder)
+{
+    FolderReader entries(folder.empty() ? QStringLiteral(".") : fromNative(folder));
+    while (entries.isOpen() && entries.next()) {
+        if (std::string_view(entries.name()).starts_with(nameStart())) {
+            static_cast<void>(removeLeftover(folder + entries.name()));
+        }
+    }
+}
+
+ReplacementFile::ReplacementFile(const QString& target, Replacing replacing)
+    : m_replacing(replacing)
 {
     if (target.contains(QChar(u'\0')) || target.isEmpty()) {
         return;
     }
-    m_target = resolved(toNative(target));
-    if (m_target.empty()) {
+    m_target = behindLinks(toNative(target));
+    const Standing standing = standingAt(m_target);
+    if (m_target.empty() || standing == Standing::Refused) {
         return;
     }
-    struct stat facts = {};
-    if (::stat(m_target.c_str(), &facts) == 0) {
-        // A name can be replaced without any right to the file; who locked the file meant both.
-        if (!S_ISREG(facts.st_mode) ||
-            ::faccessat(AT_FDCWD, m_target.c_str(), W_OK, AT_EACCESS) != 0) {
-            return;
-        }
-        m_replaces = true;
-    }
+    m_replaces = standing == Standing::Replaceable;
     openBeside();
-    if (isOpen() && m_replaces) {
+    if (!m_replaces || m_replacing == Replacing::TheFile) {
+        return;
+    }
+    if (isOpen()) {
         takeRights(m_file.get(), m_target);
-    } else if (m_replaces && isFoldersRefusal(errno)) {
+    } else if (isFoldersRefusal(errno)) {
         openElsewhere();
     }
 }
@@ -136,6 +123,12 @@ ReplacementFile::~ReplacementFile()
     if (isOpen() && !m_temporary.empty() && isStillNamed(m_file.get(), m_temporary)) {
         ::unlink(m_temporary.c_str());
     }
+}
+
+// Nobody looks into a file before it has its rights.
+mode_t ReplacementFile::mode() const
+{
+    return m_replaces || m_replacing == Replacing::TheFile ? 0600 : 0666;
 }
 
 void ReplacementFile::openBeside()
@@ -157,8 +150,8 @@ bool ReplacementFile::openUnnamed(const std::string& folder)
 {
     errno = EOPNOTSUPP;
     if (canNameOpenFiles()) {
-        m_file = Descriptor(disk().open(folder.empty() ? "." : folder,
-                                        O_TMPFILE | O_RDWR | O_CLOEXEC, m_replaces ? 0600 : 0666));
+        m_file = Descriptor(
+            disk().open(folder.empty() ? "." : folder, O_TMPFILE | O_RDWR | O_CLOEXEC, mode()));
     }
     return m_file.isOpen();
 }
@@ -170,8 +163,7 @@ bool ReplacementFile::openNamed(const std::string& folder)
 
 bool ReplacementFile::tryName(const std::string& name)
 {
-    Descriptor file(disk().open(name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY,
-                                m_replaces ? 0600 : 0666));
+    Descriptor file(disk().open(name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY, mode()));
     if (!file.isOpen()) {
         return false;
     }
@@ -222,7 +214,8 @@ bool ReplacementFile::commit(Flush flush)
         }
         return true;
     }
-    return m_replaces && isFoldersRefusal(errno) && writeInPlace(m_file.get(), m_target);
+    return m_replaces && m_replacing == Replacing::TheBytes && isFoldersRefusal(errno) &&
+           writeInPlace(m_file.get(), m_target);
 }
 
 bool ReplacementFile::rename()

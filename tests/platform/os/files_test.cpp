@@ -1,6 +1,7 @@
 #include "platform/os/files.h"
 
 #include "support/temp_tree.h"
+#include "support/unruly_disk.h"
 
 #include <QFile>
 #include <fcntl.h>
@@ -220,6 +221,24 @@ TEST(Rename, RefusesANameThatIsTaken)
     EXPECT_TRUE(platform::renameFile(tree.path("a"), tree.path("A")));
     EXPECT_EQ(tree.content("A"), "1");
     EXPECT_EQ(tree.content("b"), "2");
+}
+
+TEST(Rename, SparesATakenNameOnAFileSystemThatKnowsNoSuchRename)
+{
+    const TempTree tree({{"a", "1"}, {"b", "2"}, {"folder/inside", "3"}});
+    support::UnrulyDisk disk;
+    disk.hasSparingRename = false;
+    EXPECT_FALSE(platform::renameFile(tree.path("a"), tree.path("b")));
+    EXPECT_FALSE(platform::renameFile(tree.path("a"), tree.path("a")));
+    EXPECT_FALSE(platform::renameFile(tree.path("folder"), tree.path("b")));
+    EXPECT_FALSE(platform::renameFile(tree.path("none"), tree.path("c")));
+    EXPECT_EQ(tree.content("a"), "1");
+    EXPECT_EQ(tree.content("b"), "2");
+    EXPECT_TRUE(platform::renameFile(tree.path("a"), tree.path("A")));
+    EXPECT_TRUE(platform::renameFile(tree.path("folder"), tree.path("other")));
+    EXPECT_FALSE(tree.exists("a"));
+    EXPECT_EQ(tree.content("A"), "1");
+    EXPECT_EQ(tree.content("other/inside"), "3");
 }
 
 TEST(Remove, TakesALinkAndNotItsFile)
