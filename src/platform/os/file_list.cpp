@@ -5,6 +5,7 @@
 #include "platform/os/paths.h"
 #include "platform/os/wildcards.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -104,6 +105,14 @@ bool FileList::setListIndex(int index)
     }
     m_index = index;
     return true;
+}
+
+void FileList::select(const QString& name)
+{
+    const auto found = std::find(m_names.begin(), m_names.end(), name);
+    if (found != m_names.end()) {
+        m_index = static_cast<int>(found - m_names.begin());
+    }
 }
 
 int countFiles(const QString& folder, const QString& pattern)

@@ -41,6 +41,9 @@ public:
     [[nodiscard]] int listIndex() const { return m_index; }
     bool setListIndex(int index);
 
+    // Selects the entry of a name; what was selected stays when there is none.
+    void select(const QString& name);
+
     // The selected entry's name, "" for none.
     [[nodiscard]] QString fileName() const { return name(m_index); }
 

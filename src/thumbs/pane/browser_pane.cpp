@@ -242,12 +242,7 @@ void frmThumbnaillist::rebuildThumbnails()
     }
     const QString place = m_files.fileName();
     m_files.refresh();
-    for (int k = 0; k < m_files.count() && !place.isEmpty(); ++k) {
-        if (m_files.name(k) == place) {
-            m_files.setListIndex(k);
-            break;
-        }
-    }
+    m_files.select(place);
     m_list->makeGalleryOf(m_files);
 }
 

@@ -135,6 +135,19 @@ TEST(FileList, FailsAtAnIndexOutOfRangeAndChangesNothing)
     EXPECT_EQ(list.fileName(), "b.bmp");
 }
 
+TEST(FileList, SelectsByNameWhatIsThere)
+{
+    const TempTree tree({{"pics/a.bmp", ""}, {"pics/b.bmp", ""}});
+    FileList list;
+    list.setPath(tree.path("pics"));
+    list.select(QStringLiteral("b.bmp"));
+    EXPECT_EQ(list.listIndex(), 1);
+    for (const char* const name : {"c.bmp", "B.bmp", ""}) {
+        list.select(QString::fromLatin1(name));
+        EXPECT_EQ(list.listIndex(), 1) << name;
+    }
+}
+
 TEST(FileList, TellsAChangeOfPathOnce)
 {
     const TempTree tree({{"a/x.bmp", ""}, {"b/", ""}});
