@@ -1,5 +1,6 @@
 #include "shell/commands.h"
 
+#include "core/help.h"
 #include "core/services.h"
 #include "core/state.h"
 #include "files/display_pipeline.h"
@@ -83,7 +84,7 @@ void modifyFavourites(Form1& /*form*/, int /*index*/)
 
 void showHelp(Form1& /*form*/, int /*index*/)
 {
-    platform::desktop().openDocument(platform::appFile(QStringLiteral("HelpDocuments.chm")));
+    core::openHelp();
 }
 
 void openUpdatePage(Form1& /*form*/, int /*index*/)
