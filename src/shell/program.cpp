@@ -10,6 +10,7 @@
 #include "files/explorer/folder_tree.h"
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
+#include "files/rename_window.h"
 #include "formats/hooks.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pump.h"
@@ -158,6 +159,7 @@ void registerWindows()
     windows.add(core::Window::fastZoom, [] { return new fastZoom; });
     windows.add(core::Window::Favorties, [] { return new Favorties; });
     windows.add(core::Window::FavortiesModi, [] { return new FavortiesModi; });
+    windows.add(core::Window::Form5rf, [] { return new Form5rf; });
     editing::registerWindows();
 }
 

@@ -30,7 +30,7 @@ constexpr QRgb kMenuGrey = 0xFFE0E0E0;
 constexpr std::array kSmallWindows{
     core::Window::frmAbout,  core::Window::frmMsg,        core::Window::fastZoom,
     core::Window::Favorties, core::Window::FavortiesModi, core::Window::frmSaveJPGc,
-    core::Window::FrmSwitch, core::Window::Form4,
+    core::Window::FrmSwitch, core::Window::Form4,         core::Window::Form5rf,
 };
 
 QPalette darkPalette()
@@ -101,9 +101,11 @@ QStringList clippedTexts(const QWidget& window)
 {
     QStringList clipped;
     for (const QLabel* label : window.findChildren<QLabel*>()) {
+        const QString text =
+            label->buddy() == nullptr ? label->text() : label->text().remove(QLatin1Char('&'));
         if (!label->isHidden() && !label->wordWrap() &&
-            label->width() < label->fontMetrics().horizontalAdvance(label->text())) {
-            clipped += label->text();
+            label->width() < label->fontMetrics().horizontalAdvance(text)) {
+            clipped += text;
         }
     }
     for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
@@ -296,7 +298,8 @@ TEST_F(LooksTest, PressesTheMainButtonOfEveryWindowByReturn)
                         {core::Window::FavortiesModi, "cmdClose"},
                         {core::Window::frmSaveJPGc, "Command1_0"},
                         {core::Window::FrmSwitch, "Command1"},
-                        {core::Window::Form4, "cmdOk"}};
+                        {core::Window::Form4, "cmdOk"},
+                        {core::Window::Form5rf, "Command1"}};
     program.run([&](Form1& /*form*/) {
         for (const auto& [which, buttonName] : kMainButtons) {
             const QString name = core::windowName(which);

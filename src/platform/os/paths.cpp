@@ -99,6 +99,12 @@ QString joinPath(const QString& folder, const QString& name)
     return withSeparator(folder) + name;
 }
 
+bool isPlainName(const QString& text)
+{
+    return !text.isEmpty() && text != QLatin1String(".") && text != QLatin1String("..") &&
+           !text.contains(kSeparator) && !text.contains(QChar(u'\0'));
+}
+
 QString withoutSeparator(QString folder)
 {
     while (folder.size() > 1 && folder.endsWith(kSeparator)) {

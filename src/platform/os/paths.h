@@ -17,6 +17,9 @@ std::string toNative(const QString& path);
 QString withSeparator(const QString& folder);
 QString joinPath(const QString& folder, const QString& name);
 
+// Whether a text can name a file in a folder: neither "" nor "." nor "..", and no path.
+bool isPlainName(const QString& text);
+
 // The folder without separators at its end; "/" stays.
 QString withoutSeparator(QString folder);
 

@@ -167,3 +167,25 @@ TEST(Paths, FallBackToTheHomeFolderForPictures)
     tree.add({"home/Pictures/"});
     EXPECT_EQ(platform::picturesFolder(), tree.path("home/Pictures"));
 }
+
+TEST(Paths, TellWhatCanNameAFile)
+{
+    for (const char* const name : {"a", "a.bmp", ".hidden", "...", " ", "two\nlines", "a\\b"}) {
+        EXPECT_TRUE(platform::isPlainName(QString::fromLatin1(name))) << name;
+    }
+    for (const char* const text : {"", ".", "..", "/", "a/b", "/a", "a/"}) {
+        EXPECT_FALSE(platform::isPlainName(QString::fromLatin1(text))) << text;
+    }
+    EXPECT_FALSE(platform::isPlainName(QStringLiteral("a") + QChar(u'\0')));
+}
+
+TEST(Paths, FollowLinksToWhatNeedNotBeThere)
+{
+    const TempTree tree;
+    std::filesystem::create_symlink("second", tree.native("first"));
+    std::filesystem::create_symlink(tree.native("missing"), tree.native("second"));
+    std::filesystem::create_symlink("circle", tree.native("circle"));
+    EXPECT_EQ(platform::behindLinks(tree.native("first")), tree.native("missing"));
+    EXPECT_EQ(platform::behindLinks(tree.native("plain")), tree.native("plain"));
+    EXPECT_EQ(platform::behindLinks(tree.native("circle")), "");
+}
