@@ -7,6 +7,7 @@
 #include "files/classification.h"
 #include "files/routing.h"
 #include "platform/desktop/pointer.h"
+#include "platform/os/paths.h"
 #include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
 #include "thumbs/pane/browser_pane.h"
@@ -111,6 +112,8 @@ void frmThumbnaillist::showTilesFile(int index, const QString& path)
     tellFacts(*display, path);
     rememberFile(path);
     m_files.setListIndex(index);
+    // A list that was read anew since the tiles were made may have the file elsewhere.
+    m_files.select(platform::fileNameOf(path));
     display->viewer().Refresh();
     giveViewerFocus();
 }

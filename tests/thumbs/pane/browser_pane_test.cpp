@@ -15,6 +15,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <filesystem>
 
 constexpr int kWidth = base::pixelsFromTwips(thumbs::kPaneDefaultWidth);
 constexpr int kInner = kWidth - 5; // beside the grip
@@ -649,6 +650,16 @@ TEST_F(PaneTest, RefreshesWithFilesThatCameAndWent)
     EXPECT_EQ(list().tile(3), nullptr);
     EXPECT_EQ(m_pane->File1().fileName(), "b.bmp"); // the place in the folder stays
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(PaneTest, StepsOnFromTheTilesFileAfterAnotherOneWasRenamed)
+{
+    start();
+    std::filesystem::rename(m_tree.native("pics/a.bmp"), m_tree.native("pics/z.bmp"));
+    m_pane->File1().refresh();
+    clickTile(1);
+    EXPECT_EQ(m_main.xiala, m_tree.path("pics/b.bmp"));
+    EXPECT_EQ(m_pane->File1().fileName(), "b.bmp");
 }
 
 TEST_F(PaneTest, LaysOutItsPartsBelowEachOther)
