@@ -10,6 +10,8 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPointer>
+#include <functional>
+#include <string>
 
 using namespace native;
 using namespace smoke;
@@ -129,6 +131,31 @@ TEST_F(Windows, ScalesByWhatIsTypedIntoAWindowWithoutFrame)
                           hand::click(part(window, "cmdOk"));
                       });
         EXPECT_TRUE(colourAppears(onScreen(pictureArea(form)), kRed, kHalf / 2));
+    });
+}
+
+TEST_F(Windows, RenamesTheFileFromEveryEntryForIt)
+{
+    run([this](Form1& form) {
+        const std::function<void()> entries[] = {
+            [&] { form.menus().entry(QStringLiteral("optEdit"), 10)->trigger(); },
+            [&] { form.menus().entry(QStringLiteral("CmdRightEdit"), 7)->trigger(); },
+            [&] { hand::click(part(form, "Tbmenub_3")); },
+        };
+        std::string name = "two";
+        for (const auto& open : entries) {
+            openByPath(form, tree.path(name + ".bmp"));
+            ASSERT_TRUE(showsOnTop(form, kRed, kBlue));
+            const std::string next = name + " again";
+            inModalWindow(open, [&next](QWidget& window) {
+                EXPECT_EQ(window.objectName(), QStringLiteral("Form5rf"));
+                hand::type(window, QString::fromStdString(next));
+                hand::click(part(window, "Command1"));
+            });
+            EXPECT_FALSE(tree.exists(name + ".bmp"));
+            EXPECT_TRUE(tree.exists(next + ".bmp"));
+            name = next;
+        }
     });
 }
 
