@@ -10,8 +10,8 @@ namespace platform {
 
 namespace {
 
-// Bounds of the search for one subfolder: a listing of this length takes about a millisecond, and
-// each link costs a look at the disk.
+// Bounds of a brief search for one subfolder: a listing of this length takes about a millisecond,
+// and each link costs a look at the disk.
 constexpr int kMostEntries = 4000;
 constexpr int kMostLinks = 32;
 
@@ -29,13 +29,13 @@ std::vector<QString> visibleSubfolders(const QString& folder)
     return inOrder(std::move(found));
 }
 
-bool hasVisibleSubfolder(const QString& folder)
+bool hasVisibleSubfolder(const QString& folder, Look look)
 {
     FolderReader entries(folder);
     int seen = 0;
     int links = 0;
     while (entries.isOpen() && entries.next()) {
-        if (++seen > kMostEntries || links > kMostLinks) {
+        if (look == Look::Brief && (++seen > kMostEntries || links > kMostLinks)) {
             return true;
         }
         if (entries.isHidden()) {

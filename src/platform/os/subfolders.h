@@ -9,8 +9,11 @@ namespace platform {
 // regard to case. Empty for a folder that can't be read.
 std::vector<QString> visibleSubfolders(const QString& folder);
 
-// Whether there is at least one of them. Looks no further than the first; where finding one out
-// would take long it says yes.
-bool hasVisibleSubfolder(const QString& folder);
+// How long hasVisibleSubfolder() looks: where finding one out would take long, a brief look says
+// yes; a thorough one goes on to the end.
+enum class Look { Brief, Thorough };
+
+// Whether there is at least one of them. Looks no further than the first.
+bool hasVisibleSubfolder(const QString& folder, Look look = Look::Brief);
 
 } // namespace platform

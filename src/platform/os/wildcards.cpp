@@ -49,6 +49,13 @@ Wildcards::Wildcards(const QString& patterns)
     }
 }
 
+Wildcards Wildcards::single(const QString& pattern)
+{
+    Wildcards wildcards;
+    wildcards.m_patterns.push_back(prepared(pattern));
+    return wildcards;
+}
+
 Wildcards::Pattern Wildcards::prepared(const QString& text)
 {
     if (text == u"*" || text == u"*.*") {

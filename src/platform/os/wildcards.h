@@ -13,6 +13,9 @@ public:
     // Patterns separated by ";".
     explicit Wildcards(const QString& patterns);
 
+    // One pattern as it stands, ";" and blanks included. "" matches no name.
+    static Wildcards single(const QString& pattern);
+
     [[nodiscard]] bool matches(const QString& name) const
     {
         return matchesFolded(name.toCaseFolded());
@@ -28,6 +31,8 @@ private:
         Kind kind = Kind::General;
         QString text; // the ending, or the whole pattern; its case folded
     };
+
+    Wildcards() = default;
 
     static Pattern prepared(const QString& text);
     static bool matchesOne(const Pattern& pattern, const QString& name);

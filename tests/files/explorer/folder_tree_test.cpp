@@ -198,6 +198,17 @@ TEST(Subfolders, AreFoundOutAtTheFirst)
     EXPECT_FALSE(platform::hasVisibleSubfolder(files.path("none")));
 }
 
+TEST(Subfolders, AreLookedForToTheEndWhereItIsWanted)
+{
+    const TempTree files({{"links/", ""}, {"target", ""}});
+    for (int i = 0; i < 100; ++i) {
+        std::filesystem::create_symlink(files.native("target"),
+                                        files.native("links/" + std::to_string(i)));
+    }
+    EXPECT_TRUE(platform::hasVisibleSubfolder(files.path("links")));
+    EXPECT_FALSE(platform::hasVisibleSubfolder(files.path("links"), platform::Look::Thorough));
+}
+
 TEST(FolderTree, RunsUntilItIsClosed)
 {
     const TempTree files({{"home/pics/", ""}});

@@ -42,6 +42,14 @@ TEST(Wildcards, TakeEveryNameForStarDotStar)
     }
 }
 
+TEST(Wildcards, CanBeASinglePatternAsItStands)
+{
+    EXPECT_FALSE(Wildcards::single("*.jpg;*.bmp").matches("a.jpg"));
+    EXPECT_TRUE(Wildcards::single("*.jpg;*.bmp").matches("a.jpg;b.BMP"));
+    EXPECT_TRUE(Wildcards::single("*.*").matches("noextension"));
+    EXPECT_FALSE(Wildcards::single("").matches("a"));
+}
+
 TEST(Wildcards, TryEveryLengthForAStar)
 {
     EXPECT_TRUE(Wildcards("a*b*c").matches("abbbxbcc"));
