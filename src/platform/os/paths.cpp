@@ -3,6 +3,7 @@
 #include "platform/os/delivered_files.h"
 #include "platform/os/files.h"
 #include "platform/os/mounts.h"
+#include "platform/os/user_folders.h"
 
 #include <QStandardPaths>
 #include <array>
@@ -33,11 +34,8 @@ QString absolute(const QString& folder)
     if (folder.startsWith(kSeparator)) {
         return withoutSeparator(folder);
     }
-    char current[PATH_MAX];
-    if (::getcwd(current, sizeof current) == nullptr) {
-        return withoutSeparator(folder);
-    }
-    return withoutSeparator(joinPath(fromNative(current), folder));
+    const QString current = currentFolder();
+    return withoutSeparator(current.isEmpty() ? folder : joinPath(current, folder));
 }
 
 // A relative value of such a variable counts as none.
