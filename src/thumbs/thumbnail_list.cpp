@@ -181,13 +181,13 @@ const thumbs::TileRow* ThumbNailList::tile(int row) const
     return m_surface.state.ThumbTable.filledRow(row);
 }
 
-void ThumbNailList::writeProperties(thumbs::PropertyBag& bag)
+void ThumbNailList::writeProperties(core::PropertyBag& bag)
 {
     thumbs::writeProperties(m_values, bag);
     m_changed = false;
 }
 
-void ThumbNailList::readProperties(const thumbs::PropertyBag& bag)
+void ThumbNailList::readProperties(const core::PropertyBag& bag)
 {
     m_values = thumbs::readProperties(bag);
     m_surface.File1.setPath(m_values.Path);

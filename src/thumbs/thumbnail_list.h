@@ -72,8 +72,8 @@ public:
     // afterwards.
     void openPsd(const QString& path);
 
-    void writeProperties(thumbs::PropertyBag& bag);
-    void readProperties(const thumbs::PropertyBag& bag);
+    void writeProperties(core::PropertyBag& bag);
+    void readProperties(const core::PropertyBag& bag);
 
     // What runs work on.
     [[nodiscard]] thumbs::RunSurface& surface() { return m_surface; }

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <optional>
-#include <type_traits>
 
 namespace thumbs {
 
@@ -51,66 +50,6 @@ const std::array kRows{
     PropertyRow{"ThumbnailExtraHeight", &P::ThumbnailExtraHeight},
 };
 
-// Colours are kept as the signed numbers that settings hold.
-QVariant toVariant(const QString& value)
-{
-    return value;
-}
-QVariant toVariant(bool value)
-{
-    return value;
-}
-QVariant toVariant(std::int16_t value)
-{
-    return static_cast<int>(value);
-}
-QVariant toVariant(std::int32_t value)
-{
-    return value;
-}
-QVariant toVariant(base::Colour value)
-{
-    return static_cast<std::int32_t>(value);
-}
-QVariant toVariant(const QVariant& value)
-{
-    return value;
-}
-
-std::optional<std::int64_t> wholeNumber(const QVariant& value)
-{
-    bool isNumber = false;
-    const qlonglong number = value.toLongLong(&isNumber);
-    return isNumber ? std::optional<std::int64_t>(number) : std::nullopt;
-}
-
-void assign(const QVariant& value, QString& field)
-{
-    field = value.toString();
-}
-void assign(const QVariant& value, QVariant& field)
-{
-    field = value;
-}
-
-void assign(const QVariant& value, bool& field)
-{
-    field = base::toBoolean(value.toString().toStdString()).value_or(field);
-}
-
-template<typename Number> void assign(const QVariant& value, Number& field)
-{
-    const std::optional<std::int64_t> number = wholeNumber(value);
-    if (!number) {
-        return;
-    }
-    if constexpr (std::is_same_v<Number, std::int16_t>) {
-        field = base::narrow16(*number).value_or(field);
-    } else if (const std::optional<std::int32_t> narrow = base::narrow32(*number)) {
-        field = static_cast<Number>(*narrow);
-    }
-}
-
 } // namespace
 
 std::span<const PropertyRow> propertyRows()
@@ -118,43 +57,28 @@ std::span<const PropertyRow> propertyRows()
     return kRows;
 }
 
-void PropertyBag::write(const QString& name, const QVariant& value, const QVariant& fallback)
-{
-    if (value == fallback) {
-        m_values.erase(name);
-    } else {
-        m_values[name] = value;
-    }
-}
-
-QVariant PropertyBag::read(const QString& name, const QVariant& fallback) const
-{
-    const auto found = m_values.find(name);
-    return found == m_values.end() ? fallback : found->second;
-}
-
-void writeProperties(const ThumbnailProperties& properties, PropertyBag& bag)
+void writeProperties(const ThumbnailProperties& properties, core::PropertyBag& bag)
 {
     const ThumbnailProperties fresh;
     for (const PropertyRow& row : kRows) {
         std::visit(
             [&](auto field) {
-                bag.write(row.name, toVariant(properties.*field), toVariant(fresh.*field));
+                bag.write(row.name, core::kept(properties.*field), core::kept(fresh.*field));
             },
             row.field);
     }
 }
 
-ThumbnailProperties readProperties(const PropertyBag& bag)
+ThumbnailProperties readProperties(const core::PropertyBag& bag)
 {
     ThumbnailProperties properties;
     for (const PropertyRow& row : kRows) {
         std::visit(
             [&](auto field) {
-                const QVariant value = bag.read(row.name, toVariant(properties.*field));
-                const std::optional<std::int64_t> number = wholeNumber(value);
+                const QVariant value = bag.read(row.name, core::kept(properties.*field));
+                const std::optional<std::int64_t> number = core::wholeNumber(value);
                 if (!row.sixteenBits || (number && base::narrow16(*number))) {
-                    assign(value, properties.*field);
+                    core::assign(value, properties.*field);
                 }
             },
             row.field);

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/colours.h"
+#include "core/property_bag.h"
 
 #include <QString>
 #include <QVariant>
 #include <cstdint>
-#include <map>
 #include <span>
 #include <variant>
 
@@ -63,22 +63,10 @@ struct PropertyRow {
 
 [[nodiscard]] std::span<const PropertyRow> propertyRows();
 
-// Properties by name, as the window that holds the control keeps them.
-class PropertyBag {
-public:
-    // A value equal to its default isn't kept.
-    void write(const QString& name, const QVariant& value, const QVariant& fallback);
-    [[nodiscard]] QVariant read(const QString& name, const QVariant& fallback) const;
-    [[nodiscard]] const std::map<QString, QVariant>& values() const { return m_values; }
-
-private:
-    std::map<QString, QVariant> m_values;
-};
-
-void writeProperties(const ThumbnailProperties& properties, PropertyBag& bag);
+void writeProperties(const ThumbnailProperties& properties, core::PropertyBag& bag);
 
 // Missing values, and values that don't fit their property, read as the default.
-[[nodiscard]] ThumbnailProperties readProperties(const PropertyBag& bag);
+[[nodiscard]] ThumbnailProperties readProperties(const core::PropertyBag& bag);
 
 // Sets the five colours of a preset; false, and nothing set, for a number that is none.
 bool applyPreset(ThumbnailProperties& properties, std::int32_t preset);

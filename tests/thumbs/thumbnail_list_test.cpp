@@ -301,7 +301,7 @@ TEST_F(ThumbnailListTest, ComesBackFromItsProperties)
     m_list.setPath(m_tree.path("pics"));
     m_list.setThumbPage_FrameColor(kBlue);
     m_list.setInfobarVisible(false);
-    thumbs::PropertyBag bag;
+    core::PropertyBag bag;
     m_list.writeProperties(bag);
     EXPECT_FALSE(m_list.propertiesChanged());
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using core::PropertyBag;
 using thumbs::applyPreset;
-using thumbs::PropertyBag;
 using thumbs::propertyRows;
 using thumbs::readProperties;
 using thumbs::ThumbnailProperties;
