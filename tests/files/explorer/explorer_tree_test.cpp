@@ -1,13 +1,13 @@
 #include "files/explorer/explorer_tree.h"
 
 #include "files/explorer/fake_places.h"
+#include "files/explorer/logged_events.h"
 #include "platform/os/paths.h"
 #include "support/ordinary_user.h"
 #include "support/temp_tree.h"
 
 #include <QStringList>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -15,43 +15,13 @@ using files::ExplorerTree;
 using files::FakePlaces;
 using files::HiddenPlaces;
 using files::ImageRole;
+using files::LoggedEvents;
 using files::NodeTag;
 using files::TreeNode;
 using support::OrdinaryUser;
 using support::TempTree;
 
 namespace {
-
-class LoggedEvents : public files::PopulationEvents {
-public:
-    void Change() override { add("Change"); }
-    void FolderExpand(const QString& key) override { add("FolderExpand " + key); }
-    void FolderCollapse(const QString& key) override { add("FolderCollapse " + key); }
-    void RootExpand(std::int16_t type) override { add("RootExpand " + QString::number(type)); }
-    void RootCollapse(std::int16_t type) override { add("RootCollapse " + QString::number(type)); }
-    void Progress(std::int16_t percent) override
-    {
-        told.push_back(percent);
-        tell("Progress");
-    }
-
-    QStringList log;
-    std::vector<int> told;
-    std::function<void(const QString&)> handler;
-
-private:
-    void add(const QString& line)
-    {
-        log.append(line);
-        tell(line);
-    }
-    void tell(const QString& line) const
-    {
-        if (handler) {
-            handler(line);
-        }
-    }
-};
 
 QStringList texts(const TreeNode& node)
 {
