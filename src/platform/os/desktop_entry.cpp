@@ -1,5 +1,7 @@
 #include "platform/os/desktop_entry.h"
 
+#include <utility>
+
 namespace platform {
 
 namespace {
@@ -28,6 +30,35 @@ QList<QByteArray> languagesOf(const QByteArray& locale)
     country = country.left(country.indexOf('.') < 0 ? country.size() : country.indexOf('.'));
     const QByteArray language = country.split('_').first();
     return {country + variant, country, language + variant, language};
+}
+
+// The words of a launch line: blanks part them, double quotes hold them together, and a backslash
+// inside of quotes takes the next character as it is. A quote that isn't closed makes it no line.
+QStringList wordsOf(const QString& line)
+{
+    QStringList words;
+    QString word;
+    bool isQuoted = false;
+    bool hasWord = false;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (line[i] == u'"') {
+            isQuoted = !isQuoted;
+            hasWord = true;
+        } else if (line[i] == u' ' && !isQuoted) {
+            if (hasWord) {
+                words.append(std::exchange(word, {}));
+            }
+            hasWord = false;
+        } else {
+            i += isQuoted && line[i] == u'\\' && i + 1 < line.size() ? 1 : 0;
+            word += line[i];
+            hasWord = true;
+        }
+    }
+    if (hasWord) {
+        words.append(word);
+    }
+    return isQuoted ? QStringList() : words;
 }
 
 } // namespace
@@ -73,6 +104,25 @@ QString DesktopEntry::localValue(const QByteArray& key, const QByteArray& locale
         }
     }
     return value(key);
+}
+
+// Codes for files to open, and those that nobody uses any more, leave nothing behind.
+QStringList launchLine(const DesktopEntry& entry, const QString& file)
+{
+    QStringList line;
+    const QString icon = entry.value("Icon");
+    for (const QString& word : wordsOf(entry.value("Exec"))) {
+        if (word == u"%i") {
+            line += icon.isEmpty() ? QStringList() : QStringList{QStringLiteral("--icon"), icon};
+        } else if (word == u"%c") {
+            line.append(entry.value("Name"));
+        } else if (word == u"%k") {
+            line.append(file);
+        } else if (word.size() != 2 || word[0] != u'%') {
+            line.append(QString(word).replace(QStringLiteral("%%"), QStringLiteral("%")));
+        }
+    }
+    return line;
 }
 
 } // namespace platform

@@ -24,4 +24,8 @@ private:
     std::map<QByteArray, QByteArray> m_values;
 };
 
+// The program that an entry starts and its arguments, without a file to open; empty where it has
+// none. The entry's own file is told to programs that ask for it.
+[[nodiscard]] QStringList launchLine(const DesktopEntry& entry, const QString& file);
+
 } // namespace platform

@@ -1,6 +1,7 @@
 #include "platform/os/desktop_menu.h"
 
 #include "platform/os/desktop_entry.h"
+#include "platform/os/detached_process.h"
 #include "platform/os/files.h"
 #include "platform/os/folder_reader.h"
 #include "platform/os/paths.h"
@@ -64,6 +65,11 @@ bool isShown(const DesktopEntry& entry)
            (needed.isEmpty() || !QStandardPaths::findExecutable(needed).isEmpty());
 }
 
+DesktopEntry readEntry(const QString& file)
+{
+    return DesktopEntry(readFile(file, kMostEntryBytes).value_or(QByteArray()));
+}
+
 // Walks the menu files of a category. A file's name below the menu folder, "-" for each separator,
 // tells programs apart.
 class MenuWalk {
@@ -97,7 +103,7 @@ private:
             return;
         }
         m_seen.insert(id);
-        const DesktopEntry entry(readFile(path, kMostEntryBytes).value_or(QByteArray()));
+        const DesktopEntry entry = readEntry(path);
         if (entry.list("Categories").contains(m_category) && isShown(entry)) {
             items.push_back({path, entry.localValue("Name", m_locale)});
         }
@@ -117,6 +123,16 @@ std::vector<MenuItem> menuItemsOf(const QString& category)
         walk.enter(folder);
     }
     return std::move(walk.items);
+}
+
+bool startMenuItem(const QString& file)
+{
+    const QStringList line = launchLine(readEntry(file), file);
+    if (line.isEmpty()) {
+        return false;
+    }
+    const QString program = QStandardPaths::findExecutable(line.first());
+    return !program.isEmpty() && startDetached(program, line.mid(1));
 }
 
 } // namespace platform

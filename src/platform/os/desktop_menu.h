@@ -15,4 +15,7 @@ struct MenuItem {
 // before the system's of the same name.
 std::vector<MenuItem> menuItemsOf(const QString& category);
 
+// Starts the program of a .desktop file; it goes on by itself. False where there is none.
+[[nodiscard]] bool startMenuItem(const QString& file);
+
 } // namespace platform

@@ -3,7 +3,8 @@
 #include "platform/os/desktop_entry.h"
 #include "support/temp_tree.h"
 
-#include <algorithm>
+#include <QDeadlineTimer>
+#include <QThread>
 #include <gtest/gtest.h>
 
 using platform::DesktopEntry;
@@ -64,6 +65,38 @@ TEST(DesktopEntry, PrefersTheMostParticularLanguage)
     EXPECT_EQ(entry.localValue("Name", "sr_RS.UTF-8@x"), "s");
     EXPECT_EQ(entry.localValue("Name", "C"), "n");
     EXPECT_EQ(entry.localValue("Name", ""), "n");
+}
+
+TEST(DesktopEntry, TellsTheLineThatStartsItsProgram)
+{
+    const auto line = [](const QByteArray& exec) {
+        const DesktopEntry entry("[Desktop Entry]\nName=N\nIcon=I\nExec=" + exec + "\n");
+        return platform::launchLine(entry, "/f.desktop");
+    };
+    EXPECT_EQ(line("panel  sound --on"), QStringList({"panel", "sound", "--on"}));
+    EXPECT_EQ(line(R"("/a b/panel" "" "x\\"y\\\\z" c"d e")"),
+              QStringList({"/a b/panel", "", R"(x"y\z)", "cd e"}));
+    EXPECT_EQ(line("p %U %f %i %c %k %m 100%% %"),
+              QStringList({"p", "--icon", "I", "N", "/f.desktop", "100%", "%"}));
+    EXPECT_EQ(line(""), QStringList());
+    EXPECT_EQ(line("p \"open"), QStringList());
+}
+
+TEST_F(DesktopMenu, StartsAProgramByItsLine)
+{
+    m_tree.add(
+        {"ran.desktop", settingsEntry("Exec=mkdir \"" + m_tree.native("made here") + "\"\n")});
+    m_tree.add({"none.desktop", settingsEntry("Exec=no-such-program-here\n")});
+    m_tree.add({"empty.desktop", settingsEntry("")});
+    EXPECT_TRUE(platform::startMenuItem(m_tree.path("ran.desktop")));
+    const QDeadlineTimer patience(20000);
+    while (!m_tree.exists("made here") && !patience.hasExpired()) {
+        QThread::msleep(5);
+    }
+    EXPECT_TRUE(m_tree.exists("made here"));
+    for (const char* const name : {"none.desktop", "empty.desktop", "missing.desktop"}) {
+        EXPECT_FALSE(platform::startMenuItem(m_tree.path(name))) << name;
+    }
 }
 
 TEST_F(DesktopMenu, OffersWhatTheDesktopShows)
