@@ -1,0 +1,353 @@
+#include "files/explorer/ctl_explorer.h"
+
+#include "files/explorer/fake_places.h"
+#include "support/temp_tree.h"
+
+#include <QMetaMethod>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <optional>
+
+using files::ExplorerProperties;
+using P = ExplorerProperties;
+
+namespace {
+
+// A signature with the types' own names; the description of a class has some of them so.
+std::string plainSignature(QByteArray signature)
+{
+    return signature.replace("qint16", "short").replace("qint32", "int").toStdString();
+}
+
+// Explorers over the folder "d" of a temporary tree, which is their one drive.
+class CtlExplorer : public testing::Test {
+protected:
+    CtlExplorer()
+    {
+        places.driveList = {{disk.path("d"), platform::DriveType::Fixed, "Data", "", true}};
+        bag.write("Path", disk.path("d"), "");
+    }
+
+    void make(int style)
+    {
+        bag.write("Style", style, 0);
+        made.emplace(nullptr, bag, places);
+        explorer().resize(400, 600);
+        explorer().show();
+        log.clear();
+        connectAll();
+    }
+    ctlExplorer& explorer() { return *made; }
+    QTreeView& view(const char* name) { return *explorer().findChild<QTreeView*>(name); }
+
+    void connectAll()
+    {
+        const auto note = [this](const char* event) {
+            return [this, event](auto... arguments) {
+                QStringList line = {event};
+                (line.append(QVariant(arguments).toString()), ...);
+                log.append(line.join(u' '));
+            };
+        };
+        ctlExplorer& e = explorer();
+        QObject::connect(&e, &ctlExplorer::Change, &e, note("Change"));
+        QObject::connect(&e, &ctlExplorer::Click, &e, note("Click"));
+        QObject::connect(&e, &ctlExplorer::DblClick, &e, note("DblClick"));
+        QObject::connect(&e, &ctlExplorer::FolderCheck, &e, note("FolderCheck"));
+        QObject::connect(&e, &ctlExplorer::FolderClick, &e, note("FolderClick"));
+        QObject::connect(&e, &ctlExplorer::FolderDblClick, &e, note("FolderDblClick"));
+        QObject::connect(&e, &ctlExplorer::FolderExpand, &e, note("FolderExpand"));
+        QObject::connect(&e, &ctlExplorer::FolderCollapse, &e, note("FolderCollapse"));
+        QObject::connect(&e, &ctlExplorer::FileCheck, &e, note("FileCheck"));
+        QObject::connect(&e, &ctlExplorer::FileClick, &e, note("FileClick"));
+        QObject::connect(&e, &ctlExplorer::FileDblClick, &e, note("FileDblClick"));
+        QObject::connect(&e, &ctlExplorer::RootClick, &e, note("RootClick"));
+        QObject::connect(&e, &ctlExplorer::RootDblClick, &e, note("RootDblClick"));
+        QObject::connect(&e, &ctlExplorer::RootCheck, &e, note("RootCheck"));
+        QObject::connect(&e, &ctlExplorer::ColumnClick, &e, note("ColumnClick"));
+    }
+
+    static void click(QTreeView& view, const QModelIndex& index)
+    {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
+    }
+    static void doubleClick(QTreeView& view, const QModelIndex& index)
+    {
+        const QPoint place = view.visualRect(index).center();
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, place);
+    }
+    QModelIndex driveIndex()
+    {
+        const QAbstractItemModel& model = *view("TreeView1").model();
+        return model.index(0, 0, model.index(0, 0, model.index(0, 0)));
+    }
+    QModelIndex item(int row) { return view("ListView1").model()->index(row, 0); }
+
+    support::TempTree disk =
+        support::TempTree({{"d/a/x/", ""}, {"d/b/", ""}, {"d/one.jpg", ""}, {"d/two.txt", ""}});
+    files::FakePlaces places;
+    core::PropertyBag bag;
+    std::optional<ctlExplorer> made;
+    QStringList log;
+};
+
+} // namespace
+
+TEST_F(CtlExplorer, DeclaresItsEventsInTheirOrder)
+{
+    const QMetaObject& meta = ctlExplorer::staticMetaObject;
+    int method = meta.methodOffset();
+    for (const files::EventRow& row : files::eventRows()) {
+        const QByteArray expected = QByteArray(row.name) + '(' + row.arguments + ')';
+        EXPECT_EQ(meta.method(method).methodType(), QMetaMethod::Signal);
+        EXPECT_EQ(plainSignature(meta.method(method++).methodSignature()),
+                  plainSignature(expected));
+    }
+}
+
+TEST_F(CtlExplorer, ShowsOneViewByItsStyle)
+{
+    make(0);
+    EXPECT_TRUE(view("TreeView1").isVisible());
+    EXPECT_FALSE(view("ListView1").isVisible());
+    explorer().set(&P::Style, 1);
+    EXPECT_FALSE(view("TreeView1").isVisible());
+    EXPECT_TRUE(view("ListView1").isVisible());
+    EXPECT_EQ(view("ListView1").geometry(), explorer().rect());
+    EXPECT_EQ(explorer().FileCount(), 4);
+    explorer().set(&P::Style, 7);
+    EXPECT_FALSE(view("TreeView1").isVisible());
+    EXPECT_FALSE(view("ListView1").isVisible());
+}
+
+TEST_F(CtlExplorer, TellsASetPathByItsStyle)
+{
+    make(0);
+    explorer().setPath(disk.path("d/a"));
+    EXPECT_EQ(log, QStringList({"FolderExpand " + disk.path("d/"), "Change",
+                                "FolderExpand " + disk.path("d/a"), "Change", "Change",
+                                "FolderClick " + disk.path("d/a")}));
+    EXPECT_EQ(explorer().path(), disk.path("d/a"));
+    EXPECT_EQ(view("TreeView1").currentIndex().data(files::KeyRole), disk.path("d/a"));
+    EXPECT_TRUE(view("TreeView1").isExpanded(driveIndex()));
+    make(1);
+    explorer().setPath(disk.path("d/a"));
+    EXPECT_EQ(log, QStringList({"Change", "FileClick " + disk.path("d/a")}));
+    EXPECT_EQ(explorer().FileCount(), 1);
+}
+
+TEST_F(CtlExplorer, TellsClicksOnNodes)
+{
+    make(0);
+    QTreeView& tree = view("TreeView1");
+    EXPECT_TRUE(tree.isExpanded(driveIndex().parent()));
+    for (int i = 0; i < 2; ++i) {
+        click(tree, driveIndex());
+        EXPECT_EQ(log, QStringList({"FolderClick " + disk.path("d/"), "Change", "Click"}));
+        log.clear();
+    }
+    EXPECT_EQ(explorer().path(), disk.path("d/"));
+    EXPECT_EQ(explorer().SelectedFolder(), disk.path("d/"));
+    EXPECT_EQ(explorer().SelectedFile(), "");
+    click(tree, driveIndex().parent());
+    EXPECT_EQ(log, QStringList({"RootClick 1", "Click"}));
+}
+
+TEST_F(CtlExplorer, ExpandsAndCollapsesWithTheView)
+{
+    make(0);
+    QTreeView& tree = view("TreeView1");
+    tree.expand(driveIndex());
+    EXPECT_EQ(tree.model()->rowCount(driveIndex()), 2);
+    EXPECT_EQ(log, QStringList({"FolderExpand " + disk.path("d/"), "Change"}));
+    tree.setCurrentIndex(tree.model()->index(0, 0, driveIndex()));
+    EXPECT_EQ(explorer().path(), disk.path("d/a"));
+    log.clear();
+    tree.collapse(driveIndex());
+    EXPECT_EQ(tree.model()->rowCount(driveIndex()), 1);
+    EXPECT_EQ(log, QStringList({"FolderCollapse " + disk.path("d/")}));
+    EXPECT_EQ(tree.currentIndex(), driveIndex());
+    EXPECT_EQ(explorer().path(), disk.path("d/"));
+}
+
+TEST_F(CtlExplorer, TellsClicksOnItemsByTheirTags)
+{
+    make(1);
+    QTreeView& list = view("ListView1");
+    click(list, item(0));
+    EXPECT_EQ(log, QStringList({"FolderClick " + disk.path("d/a"), "Click"}));
+    EXPECT_EQ(explorer().SelectedFolder(), disk.path("d/a"));
+    EXPECT_EQ(explorer().SelectedFile(), "");
+    log.clear();
+    click(list, item(2));
+    EXPECT_EQ(log, QStringList({"FileClick " + disk.path("d/one.jpg"), "Click"}));
+    EXPECT_EQ(explorer().SelectedFolder(), "");
+    EXPECT_EQ(explorer().SelectedFile(), disk.path("d/one.jpg"));
+    EXPECT_EQ(explorer().SelectedCount(), 1);
+}
+
+TEST_F(CtlExplorer, TellsADoubleClickAheadOfWhatItMeans)
+{
+    make(1);
+    QTreeView& list = view("ListView1");
+    const auto told = [&](int row) {
+        doubleClick(list, item(row));
+        const QStringList last = log.mid(log.indexOf("DblClick"), 2);
+        log.clear();
+        return last;
+    };
+    EXPECT_EQ(told(0), QStringList({"DblClick", "FolderDblClick " + disk.path("d/a")}));
+    EXPECT_EQ(told(3), QStringList({"DblClick", "FileDblClick " + disk.path("d/two.txt")}));
+    explorer().ListRootFolder(files::RootType::WorkSpace);
+    EXPECT_EQ(told(0), QStringList({"DblClick", "RootDblClick 1"}));
+    EXPECT_EQ(told(1), QStringList({"DblClick", "RootDblClick 0"}));
+    EXPECT_EQ(told(2), QStringList({"DblClick", "RootDblClick 2"}));
+}
+
+TEST_F(CtlExplorer, TellsMarksThatTheUserSets)
+{
+    bag.write("CheckBoxes", true, false);
+    make(1);
+    QAbstractItemModel& items = *view("ListView1").model();
+    items.setData(item(2), Qt::Checked, Qt::CheckStateRole);
+    EXPECT_EQ(log, QStringList({"FileCheck " + disk.path("d/one.jpg") + " true"}));
+    log.clear();
+    explorer().setFileChecked(1, true);
+    EXPECT_EQ(log, QStringList());
+    EXPECT_TRUE(explorer().FileChecked(1));
+    EXPECT_EQ(explorer().CheckedCount(), 2);
+    make(0);
+    QAbstractItemModel& nodes = *view("TreeView1").model();
+    nodes.setData(driveIndex(), Qt::Checked, Qt::CheckStateRole);
+    nodes.setData(driveIndex().parent(), Qt::Checked, Qt::CheckStateRole);
+    EXPECT_EQ(log, QStringList({"FolderCheck " + disk.path("d/") + " true", "Change",
+                                "RootCheck 1 true", "Change"}));
+    EXPECT_TRUE(explorer().FolderChecked(3));
+    explorer().setFolderChecked(3, false);
+    EXPECT_EQ(explorer().CheckedCount(), 1);
+}
+
+TEST_F(CtlExplorer, PassesOverIndexesOutside)
+{
+    bag.write("View", 3, 0);
+    make(1);
+    for (const int index : {-1, 0, 5}) {
+        explorer().setFileChecked(index, true);
+        explorer().setFileSelected(index, true);
+        EXPECT_FALSE(explorer().FileChecked(index));
+        EXPECT_FALSE(explorer().FileSelected(index));
+        explorer().setFolderChecked(index, true);
+        EXPECT_FALSE(explorer().FolderChecked(index));
+    }
+    EXPECT_EQ(explorer().CheckedCount() + explorer().SelectedCount(), 0);
+    EXPECT_EQ(explorer().ColumnWidth(99), std::nullopt);
+    EXPECT_EQ(explorer().ColumnWidth(0), std::nullopt);
+    EXPECT_FALSE(explorer().setColumnWidth(6, 10));
+    EXPECT_TRUE(explorer().setColumnWidth(1, 123));
+    EXPECT_EQ(explorer().ColumnWidth(1), 123);
+}
+
+TEST_F(CtlExplorer, CountsByItsStyle)
+{
+    make(1);
+    EXPECT_EQ(explorer().FolderCount(), 2);
+    EXPECT_EQ(explorer().SubFolderCount(), 0);
+    EXPECT_EQ(explorer().ColumnCount(), 5);
+    EXPECT_EQ(explorer().FileIndex(disk.path("d/b")), 2);
+    EXPECT_EQ(explorer().FileIndex(disk.path("d/c")), 0);
+    explorer().setFileSelected(2, true);
+    explorer().setFileSelected(3, true);
+    EXPECT_EQ(explorer().SelectedCount(), 1);
+    explorer().set(&P::MultiSelect, true);
+    explorer().setFileSelected(1, true);
+    EXPECT_EQ(explorer().SelectedCount(), 2);
+    make(0);
+    EXPECT_EQ(explorer().SelectedCount(), 0);
+    explorer().setPath(disk.path("d"));
+    EXPECT_EQ(explorer().SelectedCount(), 0); // the drive's key has a separator at its end
+    explorer().setPath(disk.path("d/a"));
+    EXPECT_EQ(explorer().SelectedCount(), 1);
+    EXPECT_EQ(explorer().SubFolderCount(), 1);
+}
+
+TEST_F(CtlExplorer, ClearsTheViewThatItShows)
+{
+    make(1);
+    explorer().set(&P::Style, 0);
+    const int nodes = explorer().FolderCount();
+    EXPECT_GT(nodes, 0);
+    explorer().set(&P::Style, 1);
+    explorer().Clear();
+    EXPECT_EQ(explorer().FileCount(), 0);
+    explorer().set(&P::Style, 0);
+    EXPECT_EQ(explorer().FolderCount(), nodes);
+    explorer().Clear();
+    EXPECT_EQ(explorer().FolderCount(), 0);
+}
+
+TEST_F(CtlExplorer, ReadsWhatIsHiddenBeforeItsFirstTreeAndNeverAgain)
+{
+    bag.write("HideNetwork", true, false);
+    make(0);
+    const int nodes = explorer().FolderCount();
+    explorer().set(&P::HideNetwork, false);
+    explorer().RefreshView();
+    EXPECT_EQ(explorer().FolderCount(), nodes);
+    bag.write("HideNetwork", false, false);
+    make(0);
+    EXPECT_EQ(explorer().FolderCount(), nodes + 2);
+}
+
+TEST_F(CtlExplorer, ListsAnewForAnotherFilter)
+{
+    make(1);
+    QStringList told;
+    QObject::connect(&explorer(), &ctlExplorer::PropertyChanged, &explorer(),
+                     [&](const QString& name) { told.append(name); });
+    explorer().set(&P::Filter, "*.txt");
+    EXPECT_EQ(explorer().FileCount(), 3);
+    explorer().set(&P::ShowFolders, false);
+    EXPECT_EQ(explorer().FileCount(), 1);
+    explorer().set(&P::HoverSelection, true);
+    EXPECT_EQ(told, QStringList({"Filter", "ShowFolders", "HoverSelection"}));
+}
+
+TEST_F(CtlExplorer, ShowsFoldersFirstAgainAfterTheApplets)
+{
+    places.appletList = {{"/z", "z"}, {"/b", "B"}};
+    make(1);
+    explorer().ListRootFolder(files::RootType::ControlPanel);
+    EXPECT_EQ(item(0).data(), "B");
+    EXPECT_TRUE(explorer().properties().Sorted);
+    explorer().RefreshView();
+    EXPECT_EQ(item(0).data(), "a");
+    EXPECT_EQ(item(2).data(), "one.jpg");
+    explorer().set(&P::SortOrder, 1);
+    EXPECT_EQ(item(0).data(), "b");
+    EXPECT_EQ(item(2).data(), "two.txt");
+}
+
+TEST_F(CtlExplorer, ShowsColumnsInTheReportView)
+{
+    make(1);
+    EXPECT_TRUE(view("ListView1").isColumnHidden(1));
+    EXPECT_TRUE(view("ListView1").isHeaderHidden());
+    explorer().set(&P::View, 3);
+    EXPECT_FALSE(view("ListView1").isColumnHidden(1));
+    EXPECT_FALSE(view("ListView1").isHeaderHidden());
+    explorer().set(&P::HideColumnHeaders, true);
+    EXPECT_TRUE(view("ListView1").isHeaderHidden());
+}
+
+TEST_F(CtlExplorer, KeepsItsProperties)
+{
+    make(1);
+    explorer().set(&P::View, 3);
+    core::PropertyBag kept;
+    explorer().writeProperties(kept);
+    EXPECT_EQ(kept.read("View", 0), 3);
+    EXPECT_EQ(kept.read("Style", 0), 1);
+    EXPECT_EQ(kept.read("Path", ""), disk.path("d"));
+    EXPECT_EQ(kept.values().size(), 3U);
+}
