@@ -21,12 +21,12 @@
 #include "shell/side_activation.h"
 #include "shell/status_bar.h"
 #include "shell/toolbars.h"
-#include "viewer/key_codes.h"
 #include "viewer/picture_viewer.h"
 #include "viewer/zoom_tool_window.h"
 #include "widgets/avi.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/first_touch.h"
+#include "widgets/key_codes.h"
 #include "widgets/progress_strip.h"
 
 #include <QAction>
@@ -167,7 +167,7 @@ void Form1::connectViewer()
     m_viewer->setHost(this);
     connectKeys();
     const auto pressed = [this](int button) {
-        if (button == viewer::kRightButton) {
+        if (button == widgets::kRightButton) {
             openRightMenu(QCursor::pos());
         }
     };

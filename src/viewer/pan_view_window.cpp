@@ -1,7 +1,7 @@
 #include "viewer/pan_view_window.h"
 
-#include "viewer/key_codes.h"
 #include "widgets/focus_ring.h"
+#include "widgets/key_codes.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -92,12 +92,12 @@ void frmPanView::setClipRect(const QRect& rect)
 
 void frmPanView::keyPressEvent(QKeyEvent* event)
 {
-    emit KeyDown(viewer::virtualKey(*event), viewer::shiftState(event->modifiers()));
+    emit KeyDown(widgets::virtualKey(*event), widgets::shiftState(event->modifiers()));
 }
 
 void frmPanView::keyReleaseEvent(QKeyEvent* event)
 {
-    emit KeyUp(viewer::virtualKey(*event), viewer::shiftState(event->modifiers()));
+    emit KeyUp(widgets::virtualKey(*event), widgets::shiftState(event->modifiers()));
 }
 
 void frmPanView::mouseDoubleClickEvent(QMouseEvent* /*event*/)
@@ -112,13 +112,13 @@ void frmPanView::mouseMoveEvent(QMouseEvent* event)
 
 void frmPanView::mousePressEvent(QMouseEvent* event)
 {
-    emit MouseDown(viewer::buttonNumbers(event->button()), viewer::shiftState(event->modifiers()),
+    emit MouseDown(widgets::buttonNumbers(event->button()), widgets::shiftState(event->modifiers()),
                    placeOf(*event), event->globalPosition().toPoint());
 }
 
 void frmPanView::mouseReleaseEvent(QMouseEvent* event)
 {
-    emit MouseUp(viewer::buttonNumbers(event->button()), viewer::shiftState(event->modifiers()),
+    emit MouseUp(widgets::buttonNumbers(event->button()), widgets::shiftState(event->modifiers()),
                  placeOf(*event));
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
         emit Click();

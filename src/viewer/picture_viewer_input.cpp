@@ -1,8 +1,8 @@
 #include "viewer/picture_viewer.h"
 
-#include "viewer/key_codes.h"
 #include "viewer/pan_view_window.h"
 #include "widgets/focus_ring.h"
+#include "widgets/key_codes.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -30,7 +30,7 @@ bool cpvPicViewer::barEvent(QEvent* event)
     }
     if (event->type() == QEvent::MouseButtonPress &&
         static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
-        emit MouseDownBack(viewer::kRightButton);
+        emit MouseDownBack(widgets::kRightButton);
         return true;
     }
     return false;
@@ -66,14 +66,14 @@ void cpvPicViewer::pictureMousePress(QMouseEvent* event)
     setFocus(Qt::MouseFocusReason);
     m_focusRing->hide();
     m_picturePressed = event->button() == Qt::LeftButton;
-    const int shift = viewer::shiftState(event->modifiers());
-    if (event->button() == Qt::LeftButton && shift != viewer::kControlKey) {
+    const int shift = widgets::shiftState(event->modifiers());
+    if (event->button() == Qt::LeftButton && shift != widgets::kControlKey) {
         setPointerIcon(viewer::CursorShape::Grab);
         m_dragging = true;
         m_lastScreen = event->globalPosition().toPoint();
     }
     const QPoint pixel = picturePoint(event->position().toPoint());
-    emit MouseDown(viewer::buttonNumbers(event->button()), shift, pixel.x(), pixel.y());
+    emit MouseDown(widgets::buttonNumbers(event->button()), shift, pixel.x(), pixel.y());
 }
 
 void cpvPicViewer::pictureMouseMove(QMouseEvent* event)
@@ -83,14 +83,14 @@ void cpvPicViewer::pictureMouseMove(QMouseEvent* event)
         dragTo(event->globalPosition().toPoint());
     }
     const QPoint pixel = picturePoint(event->position().toPoint());
-    emit MouseMove(viewer::buttonNumbers(event->buttons()), viewer::shiftState(event->modifiers()),
-                   pixel.x(), pixel.y());
+    emit MouseMove(widgets::buttonNumbers(event->buttons()),
+                   widgets::shiftState(event->modifiers()), pixel.x(), pixel.y());
 }
 
 void cpvPicViewer::pictureMouseRelease(QMouseEvent* event)
 {
-    const int shift = viewer::shiftState(event->modifiers());
-    if (shift != viewer::kControlKey) {
+    const int shift = widgets::shiftState(event->modifiers());
+    if (shift != widgets::kControlKey) {
         setPointerIcon(viewer::CursorShape::Release);
     }
     m_dragging = false;
@@ -99,7 +99,7 @@ void cpvPicViewer::pictureMouseRelease(QMouseEvent* event)
     m_picturePressed = false;
     const QPoint pixel = picturePoint(event->position().toPoint());
     const QPointer<cpvPicViewer> self(this);
-    emit MouseUp(viewer::buttonNumbers(event->button()), shift, pixel.x(), pixel.y());
+    emit MouseUp(widgets::buttonNumbers(event->button()), shift, pixel.x(), pixel.y());
     if (clicked && self != nullptr) {
         emit Click();
     }
@@ -134,7 +134,7 @@ QPoint cpvPicViewer::picturePoint(QPoint place) const
 void cpvPicViewer::mousePressEvent(QMouseEvent* event)
 {
     m_backPressed = event->button() == Qt::LeftButton;
-    emit MouseDownBack(viewer::buttonNumbers(event->button()));
+    emit MouseDownBack(widgets::buttonNumbers(event->button()));
 }
 
 void cpvPicViewer::mouseReleaseEvent(QMouseEvent* event)
@@ -149,13 +149,13 @@ void cpvPicViewer::mouseReleaseEvent(QMouseEvent* event)
 
 void cpvPicViewer::keyPressEvent(QKeyEvent* event)
 {
-    const int shift = viewer::shiftState(event->modifiers());
-    if (shift == viewer::kControlKey) {
+    const int shift = widgets::shiftState(event->modifiers());
+    if (shift == widgets::kControlKey) {
         m_dragging = false;
         setPointerIcon(viewer::CursorShape::Precise);
     }
     const QPointer<cpvPicViewer> self(this);
-    emit KeyDown(viewer::virtualKey(*event), shift);
+    emit KeyDown(widgets::virtualKey(*event), shift);
     if (self != nullptr && !event->text().isEmpty()) {
         emit KeyPress(event->text().at(0).unicode());
     }
@@ -164,7 +164,7 @@ void cpvPicViewer::keyPressEvent(QKeyEvent* event)
 void cpvPicViewer::keyReleaseEvent(QKeyEvent* event)
 {
     setPointerIcon(viewer::CursorShape::Release);
-    emit KeyUp(viewer::virtualKey(*event), viewer::shiftState(event->modifiers()));
+    emit KeyUp(widgets::virtualKey(*event), widgets::shiftState(event->modifiers()));
 }
 
 void cpvPicViewer::hostEvent(QEvent* event)

@@ -1,9 +1,9 @@
 #include "viewer/picture_viewer.h"
 
 #include "base/twips.h"
-#include "viewer/key_codes.h"
 #include "viewer/pan_layout.h"
 #include "viewer/pan_view_window.h"
+#include "widgets/key_codes.h"
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -123,7 +123,7 @@ void cpvPicViewer::placePanRectangle()
 
 void cpvPicViewer::panPress(int button, int shift, QPoint place, QPoint screen)
 {
-    if (button == viewer::kLeftButton && !m_bestFit && m_panRect.contains(place)) {
+    if (button == widgets::kLeftButton && !m_bestFit && m_panRect.contains(place)) {
         const QRect range = viewer::pointerRange(miniature(), m_panRect, place);
         m_panRange = range.translated(screen - place);
         m_panLast = screen;

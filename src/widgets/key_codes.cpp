@@ -1,10 +1,10 @@
-#include "viewer/key_codes.h"
+#include "widgets/key_codes.h"
 
 #include <QKeyEvent>
 #include <array>
 #include <string_view>
 
-namespace viewer {
+namespace widgets {
 
 namespace {
 
@@ -107,4 +107,4 @@ int buttonNumbers(Qt::MouseButtons buttons)
            (buttons.testFlag(Qt::MiddleButton) ? kMiddleButton : 0);
 }
 
-} // namespace viewer
+} // namespace widgets

@@ -1,4 +1,4 @@
-#include "viewer/key_codes.h"
+#include "widgets/key_codes.h"
 
 #include <QKeyEvent>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@ namespace {
 
 int codeOf(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 {
-    return viewer::virtualKey(QKeyEvent(QEvent::KeyPress, key, modifiers));
+    return widgets::virtualKey(QKeyEvent(QEvent::KeyPress, key, modifiers));
 }
 
 TEST(KeyCodes, AreTheNumbersThatCommandsKnow)
@@ -43,7 +43,7 @@ TEST(KeyCodes, KeepALettersNumberUnderAnotherScript)
     constexpr int kCyrillicEf = 0x0424; // stands where a Latin keyboard has A
     constexpr quint32 kPlaceOfA = 38;
     const QKeyEvent event(QEvent::KeyPress, kCyrillicEf, Qt::NoModifier, kPlaceOfA, 0, 0);
-    EXPECT_EQ(viewer::virtualKey(event), 65);
+    EXPECT_EQ(widgets::virtualKey(event), 65);
 }
 
 TEST(KeyCodes, AreZeroForAKeyWithoutOne)
@@ -54,11 +54,11 @@ TEST(KeyCodes, AreZeroForAKeyWithoutOne)
 
 TEST(KeyCodes, SumShiftAndButtons)
 {
-    EXPECT_EQ(viewer::shiftState(Qt::NoModifier), 0);
-    EXPECT_EQ(viewer::shiftState(Qt::ShiftModifier | Qt::AltModifier), 5);
-    EXPECT_EQ(viewer::shiftState(Qt::ControlModifier), 2);
-    EXPECT_EQ(viewer::buttonNumbers(Qt::LeftButton), 1);
-    EXPECT_EQ(viewer::buttonNumbers(Qt::RightButton | Qt::MiddleButton), 6);
+    EXPECT_EQ(widgets::shiftState(Qt::NoModifier), 0);
+    EXPECT_EQ(widgets::shiftState(Qt::ShiftModifier | Qt::AltModifier), 5);
+    EXPECT_EQ(widgets::shiftState(Qt::ControlModifier), 2);
+    EXPECT_EQ(widgets::buttonNumbers(Qt::LeftButton), 1);
+    EXPECT_EQ(widgets::buttonNumbers(Qt::RightButton | Qt::MiddleButton), 6);
 }
 
 } // namespace

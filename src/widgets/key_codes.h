@@ -4,8 +4,8 @@
 
 class QKeyEvent;
 
-// Key codes, button numbers and shift states as the viewer's events report them.
-namespace viewer {
+// Key codes, button numbers and shift states as the events of controls report them.
+namespace widgets {
 
 enum ShiftBit { kShiftKey = 1, kControlKey = 2, kAltKey = 4 };
 enum ButtonBit { kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
@@ -18,4 +18,4 @@ enum ButtonBit { kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
 [[nodiscard]] int shiftState(Qt::KeyboardModifiers modifiers);
 [[nodiscard]] int buttonNumbers(Qt::MouseButtons buttons);
 
-} // namespace viewer
+} // namespace widgets
