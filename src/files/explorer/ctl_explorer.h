@@ -11,6 +11,7 @@
 #include <optional>
 #include <type_traits>
 
+class QKeyEvent;
 class QMimeData;
 
 // A folder tree or a list of files, whichever Style says. The tree and the rows behind the two
@@ -104,7 +105,7 @@ signals:
     void RootExpand(qint16 rootType);
     void RootCollapse(qint16 rootType);
 
-    // A property has been written.
+    // A property has been written, whether the value differs or not.
     void PropertyChanged(const QString& name);
 
 protected:
@@ -127,6 +128,9 @@ private:
 
     void connectTree();
     void connectList();
+    void connectInput(QTreeView& view);
+    void tellKey(const QKeyEvent& event);
+    void tellMouse(const QEvent& event);
     void layoutViews();
     void applyToViews();
     void applyToList();

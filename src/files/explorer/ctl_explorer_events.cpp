@@ -1,7 +1,6 @@
 #include "files/explorer/ctl_explorer.h"
 #include "files/explorer/root_keys.h"
 
-#include <QEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <utility>
@@ -38,7 +37,7 @@ void ctlExplorer::connectTree()
                     tellNodeCheck(index);
                 }
             });
-    m_treeView.viewport()->installEventFilter(this);
+    connectInput(m_treeView);
 }
 
 void ctlExplorer::connectList()
@@ -65,16 +64,7 @@ void ctlExplorer::connectList()
     m_listView.header()->setSectionsClickable(true);
     connect(m_listView.header(), &QHeaderView::sectionClicked, this,
             [this](int section) { emit ColumnClick(section + 1); });
-    m_listView.viewport()->installEventFilter(this);
-}
-
-// A press tells what it chooses at once, and only what is chosen already when it ends.
-bool ctlExplorer::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::MouseButtonPress) {
-        m_isTold = false;
-    }
-    return QWidget::eventFilter(watched, event);
+    connectInput(m_listView);
 }
 
 void ctlExplorer::expandNode(const QModelIndex& index)

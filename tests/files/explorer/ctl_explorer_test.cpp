@@ -3,6 +3,7 @@
 #include "files/explorer/fake_places.h"
 #include "support/temp_tree.h"
 
+#include <QLineEdit>
 #include <QMetaMethod>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -350,4 +351,55 @@ TEST_F(CtlExplorer, KeepsItsProperties)
     EXPECT_EQ(kept.read("Style", 0), 1);
     EXPECT_EQ(kept.read("Path", ""), disk.path("d"));
     EXPECT_EQ(kept.values().size(), 3U);
+}
+
+TEST_F(CtlExplorer, LeavesRenamingToWhoeverListens)
+{
+    make(1);
+    qint16 refusal = 1;
+    QStringList names;
+    QObject::connect(&explorer(), &ctlExplorer::BeforeRename, &explorer(),
+                     [&](qint16* cancel) { *cancel = refusal; });
+    QObject::connect(&explorer(), &ctlExplorer::AfterRename, &explorer(),
+                     [&](qint16* /*cancel*/, const QString& name) { names.append(name); });
+    QTreeView& list = view("ListView1");
+    list.edit(item(2));
+    EXPECT_EQ(list.findChild<QLineEdit*>(), nullptr);
+    refusal = 0;
+    list.edit(item(2));
+    auto* const field = list.findChild<QLineEdit*>();
+    ASSERT_NE(field, nullptr);
+    field->setText("new.jpg");
+    QTest::keyClick(field, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(names, QStringList({"new.jpg"}));
+    EXPECT_EQ(item(2).data(), "one.jpg");
+    EXPECT_TRUE(disk.exists("d/one.jpg"));
+}
+
+TEST_F(CtlExplorer, PassesKeysAndThePointerOn)
+{
+    make(1);
+    const auto numbers = [this](const char* event) {
+        return [this, event](auto... arguments) {
+            QStringList line = {event};
+            (line.append(QString::number(arguments)), ...);
+            log.append(line.join(u' '));
+        };
+    };
+    ctlExplorer& e = explorer();
+    QObject::connect(&e, &ctlExplorer::KeyDown, &e, numbers("KeyDown"));
+    QObject::connect(&e, &ctlExplorer::KeyPress, &e, numbers("KeyPress"));
+    QObject::connect(&e, &ctlExplorer::KeyUp, &e, numbers("KeyUp"));
+    QObject::connect(&e, &ctlExplorer::MouseDown, &e, numbers("MouseDown"));
+    QObject::connect(&e, &ctlExplorer::MouseUp, &e, numbers("MouseUp"));
+    QTreeView& list = view("ListView1");
+    QTest::keyClick(&list, Qt::Key_F5);
+    EXPECT_EQ(log, QStringList({"KeyDown 116 0", "KeyUp 116 0"}));
+    log.clear();
+    QTest::keyClick(&list, Qt::Key_Escape);
+    EXPECT_EQ(log, QStringList({"KeyDown 27 0", "KeyPress 27", "KeyUp 27 0"}));
+    log.clear();
+    QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::ControlModifier, {20, 500});
+    EXPECT_EQ(log, QStringList({"MouseDown 2 2 300 7500", "MouseUp 2 2 300 7500"}));
 }
