@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::int16_t kReportView = 3;
 constexpr int kLargePicture = 32; // pixels
 constexpr int kSmallPicture = 16;
 
@@ -106,7 +105,7 @@ void ctlExplorer::applyToViews()
 
 void ctlExplorer::applyToList()
 {
-    const bool isReport = m_values.View == kReportView;
+    const bool isReport = m_values.View == files::kReportView;
     m_listView.header()->setStretchLastSection(!isReport);
     m_listView.setHeaderHidden(!isReport || m_values.HideColumnHeaders);
     for (int column = 1; column < files::kListColumns; ++column) {

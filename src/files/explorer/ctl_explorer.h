@@ -67,6 +67,7 @@ public:
     [[nodiscard]] std::int32_t CheckedCount() const;
     [[nodiscard]] std::int32_t FolderCount() const;
     [[nodiscard]] std::int32_t SubFolderCount() const;
+    static void AboutBox();
 
 signals:
     void AfterRename(qint16* cancel, const QString& newName);

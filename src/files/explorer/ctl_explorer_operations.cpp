@@ -1,11 +1,10 @@
 #include "files/explorer/ctl_explorer.h"
+#include "platform/desktop/dialogs.h"
 
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
 
 namespace {
-
-constexpr std::int16_t kReportView = 3;
 
 bool isColumn(int index)
 {
@@ -39,7 +38,7 @@ bool ctlExplorer::setColumnWidth(int index, std::int32_t pixels)
 
 void ctlExplorer::ColumnsAutoSize(int index)
 {
-    if (m_values.View == kReportView && isColumn(index)) {
+    if (m_values.View == files::kReportView && isColumn(index)) {
         m_listView.resizeColumnToContents(index - 1);
     }
 }
@@ -166,4 +165,11 @@ std::int32_t ctlExplorer::SubFolderCount() const
 {
     const bool hasNode = isTree() && m_tree.selected() != nullptr;
     return hasNode ? static_cast<std::int32_t>(m_tree.selected()->children.size()) : 0;
+}
+
+void ctlExplorer::AboutBox()
+{
+    platform::dialogs().showMessage(
+        QStringLiteral("Control to show files and folder like Windows Explorer.\r\n"),
+        QStringLiteral("ctlExplorer"), platform::BoxIcon::Information);
 }

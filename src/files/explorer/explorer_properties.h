@@ -10,10 +10,12 @@
 
 namespace files {
 
+inline constexpr std::int16_t kReportView = 3;
+
 // The properties of the explorer, with the values of a fresh one.
 struct ExplorerProperties {
     std::int16_t Style = 0; // 0 tree, 1 list, anything else neither
-    std::int16_t View = 0;  // of the list; 3 shows its columns
+    std::int16_t View = 0;  // of the list; kReportView shows its columns
     QString Path;
     QString Filter = QStringLiteral("*.*");
     bool ShowFolders = true;

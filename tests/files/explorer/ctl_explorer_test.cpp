@@ -1,6 +1,7 @@
 #include "files/explorer/ctl_explorer.h"
 
 #include "files/explorer/fake_places.h"
+#include "support/fake_dialogs.h"
 #include "support/temp_tree.h"
 
 #include <QLineEdit>
@@ -402,4 +403,13 @@ TEST_F(CtlExplorer, PassesKeysAndThePointerOn)
     log.clear();
     QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::ControlModifier, {20, 500});
     EXPECT_EQ(log, QStringList({"MouseDown 2 2 300 7500", "MouseUp 2 2 300 7500"}));
+}
+
+TEST_F(CtlExplorer, SaysWhatItIs)
+{
+    support::FakeDialogs dialogs;
+    ctlExplorer::AboutBox();
+    ASSERT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(dialogs.boxes[0].text.startsWith(
+        "Control to show files and folder like Windows Explorer.\r\n"));
 }
