@@ -35,7 +35,9 @@ Drive driveAt(const QString& path)
     Drive drive;
     drive.path = path;
     drive.type = driveTypeOf(path, storage.fileSystemType());
-    drive.isReady = storage.isValid() && storage.isReady();
+    // A process that is locked into a folder finds no mount for its root, which is there all the
+    // same.
+    drive.isReady = path == QLatin1String("/") || (storage.isValid() && storage.isReady());
     drive.volumeName = storage.name();
     if (drive.type == DriveType::Network) {
         drive.shareName = QString::fromUtf8(storage.device());
