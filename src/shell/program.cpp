@@ -1,5 +1,6 @@
 #include "shell/program.h"
 
+#include "acquire/windows.h"
 #include "core/constants.h"
 #include "core/services.h"
 #include "core/state.h"
@@ -161,6 +162,7 @@ void registerWindows()
     windows.add(core::Window::FavortiesModi, [] { return new FavortiesModi; });
     windows.add(core::Window::Form5rf, [] { return new Form5rf; });
     editing::registerWindows();
+    acquire::registerWindows();
 }
 
 void endProgram()

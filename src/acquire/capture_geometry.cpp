@@ -1,0 +1,64 @@
+#include "acquire/capture_geometry.h"
+
+#include "base/numbers.h"
+
+#include <algorithm>
+
+namespace acquire {
+
+namespace {
+
+constexpr double kBrightFrom = 62255 / 2.0; // of the number of a colour
+constexpr base::Colour kBlack = base::rgb(0, 0, 0);
+constexpr base::Colour kWhite = base::rgb(255, 255, 255);
+
+int wholePixel(double place)
+{
+    return static_cast<int>(base::roundHalfEven(place));
+}
+
+// Where something of a length begins so that it is centred in a span that ends at `end`.
+int centred(int end, int span, int length)
+{
+    return wholePixel(end - span / 2.0 - length / 2.0);
+}
+
+} // namespace
+
+QRect rectangleBetween(QPoint corner, QPoint opposite)
+{
+    const int left = std::min(corner.x(), opposite.x());
+    const int top = std::min(corner.y(), opposite.y());
+    const int right = std::max(corner.x(), opposite.x());
+    const int bottom = std::max(corner.y(), opposite.y());
+    return {left, top, right - left, bottom - top};
+}
+
+QString sizeTextOf(QSize size)
+{
+    return QStringLiteral("%1x%2").arg(size.width()).arg(size.height());
+}
+
+std::optional<QPoint> sizeTextPlace(const QRect& rectangle, QSize text)
+{
+    const int width = rectangle.width();
+    const int height = rectangle.height();
+    if (width <= text.width() || height <= text.height()) {
+        return std::nullopt;
+    }
+    return QPoint(centred(rectangle.x() + width, width, text.width()),
+                  centred(rectangle.y() + height, height, text.height()));
+}
+
+QPoint middleOf(const QRect& rectangle)
+{
+    return {centred(rectangle.x() + rectangle.width(), rectangle.width(), 0),
+            centred(rectangle.y() + rectangle.height(), rectangle.height(), 0)};
+}
+
+base::Colour sizeTextColour(base::Colour behind)
+{
+    return behind >= kBrightFrom ? kBlack : kWhite;
+}
+
+} // namespace acquire

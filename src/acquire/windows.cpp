@@ -1,0 +1,7 @@
+#include "acquire/windows.h"
+
+namespace acquire {
+
+void registerWindows() {}
+
+} // namespace acquire
