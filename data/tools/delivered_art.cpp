@@ -77,6 +77,16 @@ bool deliverDensities(const fs::path& drawing, const fs::path& folder, int highe
     return true;
 }
 
+// All drawings of a folder, into the picture folder of the same name.
+bool deliverAll(const Folders& folders, const char* name, int highest)
+{
+    const std::vector<fs::path> drawings = drawingsIn(folders.art / name);
+    return !drawings.empty() &&
+           std::all_of(drawings.begin(), drawings.end(), [&](const fs::path& drawing) {
+               return deliverDensities(drawing, folders.images / name, highest);
+           });
+}
+
 template<std::size_t Count>
 bool deliverIcon(const fs::path& drawing, const std::array<int, Count>& sides, const fs::path& icon)
 {
@@ -112,11 +122,12 @@ std::string drawingName(const char* stem)
 
 bool deliverToolbar(const Folders& folders)
 {
-    const std::vector<fs::path> drawings = drawingsIn(folders.art / "toolbar");
-    return !drawings.empty() &&
-           std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
-               return deliverDensities(drawing, folders.images / "toolbar", 3);
-           });
+    return deliverAll(folders, "toolbar", 3);
+}
+
+bool deliverExplorer(const Folders& folders)
+{
+    return deliverAll(folders, "explorer", 6);
 }
 
 bool deliverIcons(const Folders& folders)
@@ -135,11 +146,7 @@ bool deliverIcons(const Folders& folders)
 
 bool deliverCursors(const Folders& folders)
 {
-    const std::vector<fs::path> drawings = drawingsIn(folders.art / "cursors");
-    return !drawings.empty() &&
-           std::all_of(drawings.begin(), drawings.end(), [&folders](const fs::path& drawing) {
-               return deliverDensities(drawing, folders.images / "cursors", 2);
-           });
+    return deliverAll(folders, "cursors", 2);
 }
 
 bool deliverScenes(const Folders& folders)

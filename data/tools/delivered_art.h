@@ -14,6 +14,10 @@ struct Folders {
 // Toolbar pictures, as name.png, name@2x.png and name@3x.png.
 [[nodiscard]] bool deliverToolbar(const Folders& folders);
 
+// What the explorer shows beside names: name.png of 16 pixels and its multiples up to name@6x.png,
+// so that 16 and 32 pixels come for screens of ratio 1, 2 and 3.
+[[nodiscard]] bool deliverExplorer(const Folders& folders);
+
 // Badges, the symbols of tiles without a picture, and the program's own icon.
 [[nodiscard]] bool deliverIcons(const Folders& folders);
 

@@ -17,8 +17,9 @@ int main(int argc, char** argv)
     const QGuiApplication application(argc, argv);
     const std::filesystem::path home(argv[2]);
     const tools::Folders folders{argv[1], home / "Images", home / "Samples"};
-    const bool done = tools::deliverToolbar(folders) && tools::deliverIcons(folders) &&
-                      tools::deliverCursors(folders) && tools::deliverScenes(folders) &&
-                      tools::deliverClip(folders) && tools::deliverSamples(folders);
+    const bool done = tools::deliverToolbar(folders) && tools::deliverExplorer(folders) &&
+                      tools::deliverIcons(folders) && tools::deliverCursors(folders) &&
+                      tools::deliverScenes(folders) && tools::deliverClip(folders) &&
+                      tools::deliverSamples(folders);
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -50,6 +50,8 @@ ctlExplorer::ctlExplorer(QWidget* parent, const core::PropertyBag& bag, const fi
     m_listView.setRootIsDecorated(false);
     m_listView.setUniformRowHeights(true);
     m_listView.setModel(&m_listModel);
+    m_treeModel.setPictures(m_pictures.ofTree());
+    m_listModel.setPictures(m_pictures.ofList([this] { return m_values.View == 0; }));
     connectTree();
     connectList();
     applyToViews();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/explorer/explorer_pictures.h"
 #include "files/explorer/explorer_properties.h"
 #include "files/explorer/list_model.h"
 #include "files/explorer/root_listing.h"
@@ -157,6 +158,7 @@ private:
     const files::Places& m_places;
     std::unique_ptr<Events> m_events;
     files::ExplorerTree m_tree;
+    files::ExplorerPictures m_pictures;
     files::TreeModel m_treeModel;
     files::ListModel m_listModel;
     QTreeView m_treeView;

@@ -15,6 +15,7 @@ constexpr std::array kRoles{
     RoleRow{ImageRole::NetworkFolder, "", "networkfolder"},
     RoleRow{ImageRole::Favorites, "", "favorites"},
     RoleRow{ImageRole::MyDocuments, "", "documents"},
+    RoleRow{ImageRole::Home, "Home", "home"},
     RoleRow{ImageRole::Drive, "", "drive"},
     RoleRow{ImageRole::RemovableDrive, "Removable Disk", "removable"},
     RoleRow{ImageRole::FixedDrive, "Local Disk", "disk"},
@@ -111,6 +112,11 @@ std::span<const RoleRow> roleRows()
 QString roleName(ImageRole role)
 {
     return QString::fromLatin1(kRoles[static_cast<std::size_t>(role)].name);
+}
+
+QString rolePicture(ImageRole role)
+{
+    return QString::fromLatin1(kRoles[static_cast<std::size_t>(role)].picture);
 }
 
 std::span<const FileKind> fileKinds()

@@ -15,6 +15,7 @@ enum class ImageRole : std::uint8_t {
     NetworkFolder, // a folder of another machine
     Favorites,
     MyDocuments,
+    Home,
     Drive, // of no type that is known
     RemovableDrive,
     FixedDrive,
@@ -42,6 +43,7 @@ struct RoleRow {
 // A row for each role, in their order.
 [[nodiscard]] std::span<const RoleRow> roleRows();
 [[nodiscard]] QString roleName(ImageRole role);
+[[nodiscard]] QString rolePicture(ImageRole role);
 
 // What an extension says of a file.
 struct FileKind {

@@ -4,14 +4,12 @@
 #include "platform/os/mounts.h"
 #include "platform/os/paths.h"
 #include "platform/os/subfolders.h"
-#include "platform/pictures/delivered_icon.h"
 
 #include <QDir>
 #include <QEvent>
 #include <QHeaderView>
 #include <QPointer>
 #include <QScrollBar>
-#include <QStyle>
 #include <algorithm>
 #include <set>
 
@@ -57,13 +55,6 @@ bool isInside(const QTreeWidgetItem* item, const QTreeWidgetItem* branch)
     return item != nullptr;
 }
 
-// The desktop's own icon is only asked for where ours is missing: finding it is slow.
-QIcon iconOr(const char* delivered, const QStyle& style, QStyle::StandardPixmap standard)
-{
-    const QIcon icon = platform::deliveredIcon(QString::fromLatin1(delivered));
-    return icon.isNull() ? style.standardIcon(standard) : icon;
-}
-
 } // namespace
 
 // A change of items that may move the selection more than once. Only where it ends is a choice.
@@ -91,8 +82,6 @@ private:
 
 FolderTreeWidget::FolderTreeWidget(QWidget* parent)
     : QTreeWidget(parent)
-    , m_folderIcon(iconOr("folder", *style(), QStyle::SP_DirIcon))
-    , m_driveIcon(iconOr("drive", *style(), QStyle::SP_DriveHDIcon))
 {
     setObjectName(QStringLiteral("FolderTree"));
     setAccessibleName(QStringLiteral("Folders"));
@@ -221,11 +210,11 @@ void FolderTreeWidget::scrollTo(const QModelIndex& index, ScrollHint hint)
     bar.setValue(std::min(nameEnd - viewport()->width(), name - indentation()));
 }
 
-QTreeWidgetItem* FolderTreeWidget::makeItem(const QString& folder, const QString& name) const
+QTreeWidgetItem* FolderTreeWidget::makeItem(const QString& folder, const QString& name)
 {
     auto* const item = new QTreeWidgetItem;
     item->setText(0, shownText(name));
-    item->setIcon(0, m_folderIcon);
+    item->setIcon(0, m_icons.icon(ImageRole::Folder));
     item->setData(0, kFolderRole, folder);
     item->setData(0, kNameRole, name);
     setBranchMarker(*item, platform::hasVisibleSubfolder(folder));
@@ -233,19 +222,18 @@ QTreeWidgetItem* FolderTreeWidget::makeItem(const QString& folder, const QString
 }
 
 void FolderTreeWidget::addRoot(int position, const QString& folder, const QString& text,
-                               const QIcon& icon)
+                               ImageRole role)
 {
     QTreeWidgetItem* const item = makeItem(folder, text);
-    item->setIcon(0, icon);
+    item->setIcon(0, m_icons.icon(role));
     insertTopLevelItem(position, item);
 }
 
 void FolderTreeWidget::refreshRoots()
 {
     if (topLevelItemCount() == 0) {
-        addRoot(0, platform::homeFolder(), QStringLiteral("Home"),
-                iconOr("home", *style(), QStyle::SP_DirHomeIcon));
-        addRoot(1, QStringLiteral("/"), QStringLiteral("File system"), m_driveIcon);
+        addRoot(0, platform::homeFolder(), roleName(ImageRole::Home), ImageRole::Home);
+        addRoot(1, QStringLiteral("/"), QStringLiteral("File system"), ImageRole::Drive);
     }
     constexpr int kFixedRoots = 2;
     const Change change(*this);
@@ -265,7 +253,7 @@ void FolderTreeWidget::refreshRoots()
     for (int i = 0; i < mounts.size(); ++i) {
         if (!shown.contains(mounts[i])) {
             addRoot(std::min(kFixedRoots + i, topLevelItemCount()), mounts[i],
-                    platform::fileNameOf(mounts[i]), m_driveIcon);
+                    platform::fileNameOf(mounts[i]), ImageRole::Drive);
         }
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QIcon>
+#include "files/explorer/role_icons.h"
+
 #include <QString>
 #include <QTreeWidget>
 #include <deque>
@@ -54,17 +55,16 @@ private:
     void tellAll();
     bool goTo(const QString& folder);
     void refreshRoots();
-    void addRoot(int position, const QString& folder, const QString& text, const QIcon& icon);
+    void addRoot(int position, const QString& folder, const QString& text, ImageRole role);
     void refreshBranch(QTreeWidgetItem& branch);
     void removeVanished(QTreeWidgetItem& branch, const std::set<QString>& present);
     void addMissing(QTreeWidgetItem& branch, const std::vector<QString>& names,
                     const std::set<QString>& present);
-    [[nodiscard]] QTreeWidgetItem* makeItem(const QString& folder, const QString& name) const;
+    [[nodiscard]] QTreeWidgetItem* makeItem(const QString& folder, const QString& name);
     [[nodiscard]] QTreeWidgetItem* rootOf(const QString& folder) const;
     QTreeWidgetItem* childOf(QTreeWidgetItem& branch, const QString& name);
 
-    QIcon m_folderIcon;
-    QIcon m_driveIcon;
+    RoleIcons m_icons;
     std::function<void(const QString&)> m_selected;
     std::function<bool(const QString&)> m_isShown;
     std::deque<QString> m_untold; // chosen, oldest first

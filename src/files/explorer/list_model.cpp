@@ -46,7 +46,7 @@ QVariant ListModel::nameData(int row, int role) const
 {
     switch (role) {
     case Qt::DecorationRole:
-        return m_pictures ? m_pictures(m_rows.image(row)) : QVariant();
+        return m_pictures ? m_pictures(m_rows.image(row), m_rows.key(row)) : QVariant();
     case Qt::CheckStateRole:
         if (!m_hasCheckBoxes) {
             return {};

@@ -15,8 +15,8 @@ enum ModelRole {
     TagRole,                // the RowTag or NodeTag as a number
 };
 
-// The picture of a role, as a view shows it.
-using PictureSource = std::function<QVariant(ImageRole)>;
+// The picture of what has a key and plays a role, as a view shows it.
+using PictureSource = std::function<QVariant(ImageRole, const QString& key)>;
 
 // A name in one line: the picture of a control character stands for it.
 [[nodiscard]] QString shownText(QString name);

@@ -65,7 +65,7 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return node->text;
     case Qt::DecorationRole:
-        return m_pictures ? m_pictures(node->image) : QVariant();
+        return m_pictures ? m_pictures(node->image, node->key()) : QVariant();
     case Qt::CheckStateRole:
         if (!m_hasCheckBoxes) {
             return {};

@@ -16,6 +16,11 @@ constexpr qint64 kMostBytes = qint64(4) << 20;
 
 } // namespace
 
+QString deliveredVariant(const QString& base, int ratio)
+{
+    return base + (ratio == 1 ? QStringLiteral(".png") : QStringLiteral("@%1x.png").arg(ratio));
+}
+
 QImage deliveredPng(const QString& path)
 {
     const auto bytes = readFile(path, kMostBytes);
@@ -34,9 +39,7 @@ QIcon deliveredIcon(const QString& name)
     const QString base = appFile(QStringLiteral("Images/toolbar/") + name);
     const int ratios = std::min(highestScreenRatio(), kHighestDeliveredRatio);
     for (int ratio = 1; ratio <= ratios; ++ratio) {
-        const QString ending =
-            ratio == 1 ? QStringLiteral(".png") : QStringLiteral("@%1x.png").arg(ratio);
-        QPixmap picture = QPixmap::fromImage(deliveredPng(base + ending));
+        QPixmap picture = QPixmap::fromImage(deliveredPng(deliveredVariant(base, ratio)));
         if (!picture.isNull()) {
             picture.setDevicePixelRatio(ratio);
             icon.addPixmap(picture);

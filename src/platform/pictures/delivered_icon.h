@@ -12,6 +12,9 @@ inline constexpr int kHighestDeliveredRatio = 3;
 // The ratio of the sharpest screen, rounded up: variants beyond it needn't be read.
 int highestScreenRatio();
 
+// Where a delivered picture has its variant of a ratio: base with ".png", "@2x.png" and so on.
+QString deliveredVariant(const QString& base, int ratio);
+
 // A PNG of the program's own art, which the loader of users' pictures refuses; null when the file
 // is missing or damaged.
 QImage deliveredPng(const QString& path);

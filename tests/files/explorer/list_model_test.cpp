@@ -54,11 +54,14 @@ TEST_F(ListModelTest, ShowsAnUnrulyNameInOneLineAndEditsItAsItIs)
     EXPECT_EQ(at(1, 0, Qt::EditRole), "a\nb.jpg");
 }
 
-TEST_F(ListModelTest, AsksForPicturesByTheirRoles)
+TEST_F(ListModelTest, AsksForPicturesByTheirRolesAndKeys)
 {
     EXPECT_EQ(at(0, 0, Qt::DecorationRole), QVariant());
-    model.setPictures([](ImageRole role) { return static_cast<int>(role); });
-    EXPECT_EQ(at(0, 0, Qt::DecorationRole), static_cast<int>(ImageRole::Folder));
+    model.setPictures([](ImageRole role, const QString& key) {
+        return key + ' ' + QString::number(static_cast<int>(role));
+    });
+    const int folder = static_cast<int>(ImageRole::Folder);
+    EXPECT_EQ(at(0, 0, Qt::DecorationRole), "/p/sub " + QString::number(folder));
     EXPECT_EQ(at(0, 1, Qt::DecorationRole), QVariant());
 }
 
