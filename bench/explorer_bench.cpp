@@ -1,10 +1,13 @@
 // The explorer's listings beside bare reads of the same folders; run without arguments, or with the
 // options of Google Benchmark. The folders are made under the system's temporary folder, which
 // TMPDIR names.
+#include "files/explorer/ctl_explorer.h"
 #include "files/explorer/explorer_tree.h"
 #include "files/explorer/folder_listing.h"
 #include "platform/os/paths.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <benchmark/benchmark.h>
 #include <dirent.h>
 #include <fcntl.h>
@@ -14,6 +17,7 @@
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -81,6 +85,63 @@ public:
     void RootCollapse(std::int16_t /*rootType*/) override {}
 };
 
+// Tells when a widget has been painted.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+
+    // Lets events run until it has been painted since the last call.
+    void wait()
+    {
+        while (!std::exchange(m_isPainted, false)) {
+            QCoreApplication::processEvents();
+        }
+    }
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        m_isPainted = m_isPainted || event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    bool m_isPainted = false;
+};
+
+// The control on the screen, with one of its views.
+class ShownExplorer {
+public:
+    ShownExplorer(int style, int view, const char* name)
+        : m_explorer(nullptr, bagWith(style, view), m_places)
+        , m_view(*m_explorer.findChild<QAbstractItemView*>(name))
+        , m_watch(*m_view.viewport())
+    {
+        m_explorer.resize(800, 600);
+        m_explorer.show();
+        m_watch.wait();
+    }
+
+    ctlExplorer& control() { return m_explorer; }
+    QAbstractItemView& view() { return m_view; }
+    void waitForPaint() { m_watch.wait(); }
+
+private:
+    static core::PropertyBag bagWith(int style, int view)
+    {
+        core::PropertyBag bag;
+        bag.write("Style", style, 0);
+        bag.write("View", view, 0);
+        bag.write("Path", "/proc/self/fdinfo", "");
+        return bag;
+    }
+
+    NoPlaces m_places;
+    ctlExplorer m_explorer;
+    QAbstractItemView& m_view;
+    PaintWatch m_watch;
+};
+
 std::size_t bytesInUse()
 {
     const struct mallinfo2 info = ::mallinfo2();
@@ -137,6 +198,36 @@ void sortFiles(benchmark::State& state)
     }
 }
 
+double aboveNames(const QAbstractItemModel& model, std::size_t bytes)
+{
+    std::size_t names = 0;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        names += platform::toNative(model.index(row, 0).data(Qt::EditRole).toString()).size();
+    }
+    return static_cast<double>(bytes - names) / model.rowCount();
+}
+
+// From the path to the painted rows, then the memory of rows, view and pictures: as they are then,
+// and when every row has been seen.
+void showFiles(benchmark::State& state)
+{
+    const QString path = platform::fromNative(folders().files());
+    ShownExplorer explorer(1, static_cast<int>(state.range(0)), "ListView1");
+    const std::size_t before = bytesInUse();
+    explorer.control().setPath(path);
+    explorer.waitForPaint();
+    const QAbstractItemModel& model = *explorer.view().model();
+    state.counters["above_names"] = aboveNames(model, bytesInUse() - before);
+    for (auto _ : state) {
+        explorer.control().setPath(path);
+        explorer.waitForPaint();
+    }
+    for (int row = 0; row < model.rowCount(); ++row) {
+        benchmark::DoNotOptimize(model.index(row, 0).data(Qt::DecorationRole));
+    }
+    state.counters["above_names_all_seen"] = aboveNames(model, bytesInUse() - before);
+}
+
 // One look into each subfolder, up to the first folder in it.
 void bareSubfolders(benchmark::State& state)
 {
@@ -172,12 +263,39 @@ void expandSubfolders(benchmark::State& state)
     }
 }
 
+// The same in the view.
+void showSubfolders(benchmark::State& state)
+{
+    ShownExplorer explorer(0, 0, "TreeView1");
+    auto& view = static_cast<QTreeView&>(explorer.view());
+    const QModelIndex computer = view.model()->index(0, 0, view.model()->index(0, 0));
+    const QModelIndex drive = view.model()->index(0, 0, computer);
+    for (auto _ : state) {
+        view.collapse(drive);
+        view.expand(drive);
+        explorer.waitForPaint();
+    }
+    state.counters["rows"] = view.model()->rowCount(drive);
+}
+
 BENCHMARK(bareFiles)->Unit(benchmark::kMillisecond);
 BENCHMARK(listFiles)->Unit(benchmark::kMillisecond);
 BENCHMARK(sortFiles)->DenseRange(0, files::kListColumns - 1)->Unit(benchmark::kMillisecond);
+BENCHMARK(showFiles)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
 BENCHMARK(bareSubfolders)->Unit(benchmark::kMillisecond);
 BENCHMARK(expandSubfolders)->Unit(benchmark::kMillisecond);
+BENCHMARK(showSubfolders)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+// Without a display of its own where none is named.
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    benchmark::Initialize(&argc, argv);
+    const QApplication application(argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,12 +1,10 @@
 #include "files/explorer/image_list.h"
 
-#include "platform/os/paths.h"
-
 namespace files {
 
 int ImageList::GetIconIndex(const QString& key, ImageRole role)
 {
-    int& index = m_indexes[QByteArray::fromStdString(platform::toNative(key.toLower()))];
+    int& index = m_indexes[qHash(key.toLower(), QHashSeed::globalSeed())];
     if (index == 0) {
         m_roles.push_back(role);
         index = count();

@@ -2,7 +2,6 @@
 
 #include "files/explorer/explorer_images.h"
 
-#include <QByteArray>
 #include <QHash>
 #include <QString>
 #include <cstddef>
@@ -26,7 +25,9 @@ public:
     [[nodiscard]] int count() const { return static_cast<int>(m_roles.size()); }
 
 private:
-    QHash<QByteArray, int> m_indexes; // by the key's bytes in lower case
+    // By a hash of the key in lower case, because whole paths take too much memory. Two keys that
+    // meet in one would share a number, and each would still be shown its own image.
+    QHash<std::size_t, int> m_indexes;
     std::vector<ImageRole> m_roles;
 };
 
