@@ -12,6 +12,7 @@
 #include "files/favourite_window.h"
 #include "files/favourites_editor_window.h"
 #include "files/rename_window.h"
+#include "files/transfer_window.h"
 #include "formats/hooks.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pump.h"
@@ -161,6 +162,7 @@ void registerWindows()
     windows.add(core::Window::Favorties, [] { return new Favorties; });
     windows.add(core::Window::FavortiesModi, [] { return new FavortiesModi; });
     windows.add(core::Window::Form5rf, [] { return new Form5rf; });
+    windows.add(core::Window::Movefile, [] { return new Movefile; });
     editing::registerWindows();
     acquire::registerWindows();
 }

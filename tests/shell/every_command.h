@@ -31,5 +31,4 @@ inline constexpr std::array kLaterWindows{
     core::Window::frmWebRelease, core::Window::frmMailSender, core::Window::Acquire,
     core::Window::frmTemp,       core::Window::frmCapture,    core::Window::frmCaputreN,
     core::Window::FrmFind,       core::Window::FrmBord,       core::Window::OptionsForm,
-    core::Window::Movefile,
 };
