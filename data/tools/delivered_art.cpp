@@ -34,7 +34,10 @@ struct Scene {
 constexpr std::array kScenes{Scene{"splash", "splash.png", 1}, Scene{"splash", "splash@2x.png", 2},
                              Scene{"about", "about.png", 1}, Scene{"about", "about@2x.png", 2}};
 
-constexpr std::array kJpegPictures{"Copyfile", "Movefile", "opcolse", "Opcolse-1"};
+constexpr std::array kJpegPictures{
+    Scene{"Copyfile", "Copyfile.jpg", 1}, Scene{"Copyfile", "Copyfile@2x.jpg", 2},
+    Scene{"Movefile", "Movefile.jpg", 1}, Scene{"Movefile", "Movefile@2x.jpg", 2},
+    Scene{"opcolse", "opcolse.jpg", 1},   Scene{"Opcolse-1", "Opcolse-1.jpg", 1}};
 constexpr int kJpegQuality = 92;
 
 // Title strips and the pictures of windows that are loaded as GIF files.
@@ -158,10 +161,9 @@ bool deliverScenes(const Folders& folders)
                          encoded(image.convertToFormat(QImage::Format_RGB32), "PNG"));
     });
     const bool jpegs =
-        std::all_of(kJpegPictures.begin(), kJpegPictures.end(), [&](const char* name) {
-            return writeFile(
-                folders.images / (std::string(name) + ".jpg"),
-                jpegFile(drawSvgScaled(drawings / drawingName(name), 1), kJpegQuality));
+        std::all_of(kJpegPictures.begin(), kJpegPictures.end(), [&](const Scene& scene) {
+            const QImage image = drawSvgScaled(drawings / drawingName(scene.drawing), scene.factor);
+            return writeFile(folders.images / scene.file, jpegFile(image, kJpegQuality));
         });
     return plain && jpegs &&
            std::all_of(kPalettePictures.begin(), kPalettePictures.end(), [&](const char* name) {

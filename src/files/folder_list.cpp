@@ -3,7 +3,6 @@
 #include "files/explorer/model_roles.h"
 #include "platform/os/paths.h"
 #include "platform/os/subfolders.h"
-#include "platform/pictures/delivered_icon.h"
 
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
@@ -57,7 +56,6 @@ FolderList::FolderList(QWidget* parent)
 {
     setItemDelegate(new IndentedLines(this));
     setIconSize({kPictureSide, kPictureSide});
-    setUniformItemSizes(false);
     connect(this, &QListWidget::itemDoubleClicked, this, &FolderList::choose);
 }
 
@@ -79,10 +77,8 @@ void FolderList::showFolder(const QString& drive, const QString& folder)
 
 void FolderList::addFolder(const QString& path, const QString& text, int depth)
 {
-    static const QIcon drivePicture = platform::deliveredIcon(QStringLiteral("drive"));
-    static const QIcon folderPicture = platform::deliveredIcon(QStringLiteral("folder"));
-    auto* item =
-        new QListWidgetItem(depth == 0 ? drivePicture : folderPicture, shownText(text), this);
+    const QIcon& picture = m_icons.icon(depth == 0 ? ImageRole::Drive : ImageRole::Folder);
+    auto* item = new QListWidgetItem(picture, shownText(text), this);
     item->setData(Qt::UserRole, path);
     item->setData(kDepthRole, depth);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files/explorer/role_icons.h"
+
 #include <QListWidget>
 #include <QString>
 
@@ -28,6 +30,7 @@ private:
     void addFolder(const QString& path, const QString& text, int depth);
     void choose(const QListWidgetItem* item);
 
+    RoleIcons m_icons;
     QString m_folder;
 };
 

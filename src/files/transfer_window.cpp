@@ -9,6 +9,7 @@
 #include "core/window_names.h"
 #include "files/explorer/ctl_explorer.h"
 #include "files/explorer/places.h"
+#include "files/explorer/role_icons.h"
 #include "files/folder_list.h"
 #include "files/transfer_run.h"
 #include "platform/desktop/pump.h"
@@ -94,11 +95,17 @@ void emptyViewer()
     }
 }
 
-QLabel* caption(const char* text)
+// A part below its caption, which leads to it.
+template<typename Part>
+Part* addBelow(widgets::FormBuilder& column, const char* caption, Part* part, const char* name,
+               const char* spokenName, int stretch = 0)
 {
-    auto* label = new QLabel(QString::fromLatin1(text));
-    label->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
-    return label;
+    auto* label = new QLabel(QString::fromLatin1(caption));
+    column.add(label, "");
+    column.add(part, name, spokenName, stretch);
+    QWidget* const proxy = part->focusProxy();
+    label->setBuddy(proxy != nullptr ? proxy : part);
+    return part;
 }
 
 } // namespace
@@ -152,19 +159,17 @@ void Movefile::addPlaces(widgets::FormBuilder& form)
     widgets::FormBuilder folders = row.addColumn();
     widgets::FormBuilder contents = row.addColumn(1);
 
-    QLabel* const drive = folders.add(caption("&Drive:"), "DriveCaption");
-    m_drives = folders.add(new QComboBox, "Drive1", "Drive");
+    m_drives = addBelow(folders, "&Drive:", new QComboBox, "Drive1", "Drive");
     m_drives->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     widgets::nameDropDown(*m_drives, QStringLiteral("Drives"));
-    drive->setBuddy(m_drives);
-    m_folders = folders.add(new files::FolderList, "Dir1", "Folders", 1);
+    m_folders = addBelow(folders, "&Folders:", new files::FolderList, "Dir1", "Folders", 1);
     m_folders->setMinimumSize(kFoldersSize);
 
-    QLabel* const there = contents.add(caption("&Already there:"), "FilesCaption");
-    m_explorer = contents.add(new ctlExplorer(nullptr, explorerBag(platform::folderOf(m_path))),
-                              "ctlExplorer1", "Already there", 1);
+    auto* explorer = new ctlExplorer(nullptr, explorerBag(platform::folderOf(m_path)));
+    explorer->setFocusProxy(explorer->findChild<QWidget*>(QStringLiteral("ListView1")));
+    m_explorer =
+        addBelow(contents, "&Already there:", explorer, "ctlExplorer1", "Already there", 1);
     m_explorer->setMinimumSize(kFilesSize);
-    there->setBuddy(m_explorer->findChild<QWidget*>(QStringLiteral("ListView1")));
     static_cast<void>(m_explorer->setColumnWidth(1, kNameColumn));
 }
 
@@ -186,9 +191,10 @@ void Movefile::setMode()
 
 void Movefile::fillDrives()
 {
-    const QIcon picture = platform::deliveredIcon(QStringLiteral("drive"));
+    files::RoleIcons icons;
     for (const platform::Drive& drive : files::desktopPlaces().drives()) {
-        m_drives->addItem(picture, files::drivePlace(drive).text, drive.path);
+        const files::PlaceRow place = files::drivePlace(drive);
+        m_drives->addItem(icons.icon(place.image), place.text, drive.path);
     }
 }
 

@@ -92,6 +92,8 @@ TEST(DeliveredPictures, WindowPicturesDecodeInTheFormatOfTheirName)
     }
     EXPECT_EQ(decodedSize("Copyfile.jpg", "JPG"), QSize(360, 60));
     EXPECT_EQ(decodedSize("Movefile.jpg", "JPG"), QSize(360, 60));
+    EXPECT_EQ(decodedSize("Copyfile@2x.jpg", "JPG"), QSize(720, 120));
+    EXPECT_EQ(decodedSize("Movefile@2x.jpg", "JPG"), QSize(720, 120));
     EXPECT_EQ(decodedSize("opcolse.jpg", "JPG"), QSize(48, 12));
     EXPECT_EQ(decodedSize("Opcolse-1.jpg", "JPG"), QSize(48, 12));
 }

@@ -2,7 +2,9 @@
 #include "files/explorer/ctl_explorer.h"
 #include "files/explorer/rename_delegate.h"
 #include "widgets/key_codes.h"
+#include "widgets/window_parts.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -32,6 +34,8 @@ void ctlExplorer::connectInput(QTreeView& view)
     view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
     view.viewport()->setMouseTracking(true);
+    widgets::nameScrollBars(view);
+    view.header()->setAccessibleName(tr("Columns"));
     const auto begin = [this] {
         qint16 cancel = 0;
         emit BeforeRename(&cancel);
