@@ -12,6 +12,12 @@ constexpr double kBrightFrom = 62255 / 2.0; // of the number of a colour
 constexpr base::Colour kBlack = base::rgb(0, 0, 0);
 constexpr base::Colour kWhite = base::rgb(255, 255, 255);
 
+// Of the picker's box, in pixels: the room that it needs beside the pointer, and how far from the
+// pointer it begins on either side.
+constexpr QSize kBoxRoom(150, 50);
+constexpr QPoint kBoxBehind(-154, -54);
+constexpr int kBoxAhead = 12;
+
 int wholePixel(double place)
 {
     return static_cast<int>(base::roundHalfEven(place));
@@ -21,6 +27,11 @@ int wholePixel(double place)
 int centred(int end, int span, int length)
 {
     return wholePixel(end - span / 2.0 - length / 2.0);
+}
+
+QString twoDigits(unsigned channel)
+{
+    return QStringLiteral("%1").arg(channel, 2, 16, QLatin1Char('0')).toUpper();
 }
 
 } // namespace
@@ -59,6 +70,19 @@ QPoint middleOf(const QRect& rectangle)
 base::Colour sizeTextColour(base::Colour behind)
 {
     return behind >= kBrightFrom ? kBlack : kWhite;
+}
+
+QPoint pickerBoxPlace(QSize window, QPoint pointer)
+{
+    const QSize room(window.width() - pointer.x(), window.height() - pointer.y());
+    return {pointer.x() + (room.width() < kBoxRoom.width() ? kBoxBehind.x() : kBoxAhead),
+            pointer.y() + (room.height() < kBoxRoom.height() ? kBoxBehind.y() : kBoxAhead)};
+}
+
+QString webColourText(base::Colour colour)
+{
+    return twoDigits(base::redOf(colour)) + twoDigits(base::greenOf(colour)) +
+           twoDigits(base::blueOf(colour));
 }
 
 } // namespace acquire

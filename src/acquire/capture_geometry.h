@@ -28,4 +28,11 @@ namespace acquire {
 // Black or white, whichever the text over a colour is drawn in. Blue counts most by far.
 [[nodiscard]] base::Colour sizeTextColour(base::Colour behind);
 
+// Where the box of the colour picker is while the pointer is at a place of a window: right below
+// it, or on the other side where the window ends.
+[[nodiscard]] QPoint pickerBoxPlace(QSize window, QPoint pointer);
+
+// "0A00FF": red, green and blue.
+[[nodiscard]] QString webColourText(base::Colour colour);
+
 } // namespace acquire

@@ -1,5 +1,7 @@
 #include "shell/commands.h"
 
+#include "acquire/capture_icon_window.h"
+#include "acquire/capture_start.h"
 #include "core/browser_pane.h"
 #include "core/player_window.h"
 #include "core/services.h"
@@ -158,19 +160,12 @@ void print(Form1& form, int /*index*/)
 
 void captureScreen(Form1& form, int /*index*/)
 {
-    if (!core::windows().hasFactory(core::Window::frmCapture)) {
-        return;
-    }
-    form.showMinimized();
-    form.showWindow(core::Window::frmCapture, kModeless);
+    acquire::startCapture(&form);
 }
 
 void captureQuietly(Form1& form, int /*index*/)
 {
-    if (form.showWindow(core::Window::frmCaputreN, kModeless) == nullptr) {
-        return;
-    }
-    core::windows().hide(core::Window::frmCaputreN);
+    acquire::showCaptureIcon();
     form.showMinimized();
 }
 

@@ -5,6 +5,8 @@
 #include "shell/main_window.h"
 #include "support/fake_desktop.h"
 #include "support/fake_dialogs.h"
+#include "support/fake_screen_grab.h"
+#include "support/fake_tray.h"
 #include "support/temp_tree.h"
 
 #include <QStringList>
@@ -53,6 +55,8 @@ public:
     support::TempTree tree;
     support::FakeDialogs dialogs;
     support::FakeDesktop desktop;
+    support::FakeScreenGrab screens;
+    support::FakeTray tray;
     QStringList steps;    // of starting, as the program tells them
     QStringList unloaded; // windows, in order
     QStringList shown;    // stub windows, in order

@@ -1,6 +1,7 @@
 #include "platform/desktop/window_manager.h"
 
-#include <QGuiApplication>
+#include "platform/desktop/x11_server.h"
+
 #include <cstdlib>
 #include <memory>
 #include <xcb/xcb.h>
@@ -19,11 +20,7 @@ struct Free {
 // one client.
 bool hasWindowManager()
 {
-    if (QGuiApplication::platformName() != QLatin1String("xcb")) {
-        return true;
-    }
-    const auto* system = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    xcb_connection_t* const server = system != nullptr ? system->connection() : nullptr;
+    xcb_connection_t* const server = x11Server();
     if (server == nullptr) {
         return true;
     }

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+
+class QWidget;
+
+namespace acquire {
+
+// Freezes the screens and shows frmCapture, or frmGetColor, over them. A window of the program that
+// stands in the way leaves the screen first: minimised it stays so, hidden it comes back when the
+// other one has gone. Where the screens can't be had it comes back at once. While one of the two is
+// there or on its way, nothing happens.
+enum class Leave { Minimised, Hidden };
+void startCapture(QWidget* leaving = nullptr, Leave leave = Leave::Minimised);
+void startColourPicker(QWidget* leaving = nullptr, Leave leave = Leave::Minimised);
+
+} // namespace acquire
