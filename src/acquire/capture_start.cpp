@@ -92,6 +92,9 @@ void CaptureStart::grab()
 
 void CaptureStart::end(const std::optional<platform::FrozenDesktop>& frozen)
 {
+    if (underWay() != this) {
+        return; // a second answer
+    }
     underWay() = nullptr;
     deleteLater();
     platform::setPointer(platform::Pointer::Default);

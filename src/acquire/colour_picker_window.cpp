@@ -13,9 +13,9 @@ using acquire::FrozenPane;
 namespace {
 
 // What is left beside the pointer of the room in which the box is placed.
-constexpr QSize kBoxSize(142, 42);
+constexpr QSize kBoxSize(138, 38);
 constexpr int kFrame = 1;
-constexpr int kSwatchHeight = 18; // above the text
+constexpr int kSwatchHeight = 16; // above the text
 
 QPalette paletteWith(QPalette palette, const QColor& background)
 {
