@@ -1,7 +1,10 @@
 #include "files/explorer/explorer_pictures.h"
 
+#include "files/explorer/ctl_explorer.h"
+#include "files/explorer/fake_places.h"
 #include "support/temp_tree.h"
 
+#include <QAbstractItemView>
 #include <QImage>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -127,4 +130,21 @@ TEST_F(ExplorerPicturesTest, EnterWhatIsShownIntoTheListOfItsSize)
     tree(ImageRole::Folder, "/p");
     EXPECT_EQ(pictures.imgFolder.count(), 3);
     EXPECT_EQ(pictures.ImgFiles16.count(), 1);
+}
+
+TEST_F(ExplorerPicturesTest, StandInBothViews)
+{
+    disk.add({"d/a.mp3", ""});
+    const files::FakePlaces places;
+    core::PropertyBag bag;
+    bag.write("Path", disk.path("d"), "");
+    bag.write("Style", 1, 0);
+    ctlExplorer explorer(nullptr, bag, places);
+    const auto first = [&explorer](const char* view) {
+        const QAbstractItemModel& model = *explorer.findChild<QAbstractItemView*>(view)->model();
+        return shown(model.index(0, 0).data(Qt::DecorationRole).value<QIcon>(), kLarge, 1);
+    };
+    EXPECT_EQ(first("ListView1"), drawing("sound", "@2x.png"));
+    explorer.set(&files::ExplorerProperties::Style, 0);
+    EXPECT_EQ(first("TreeView1"), drawing("workspace", "@2x.png"));
 }

@@ -147,6 +147,20 @@ TEST(ExplorerTree, ShowsAPlaceOnceThatPlaysTwoParts)
     EXPECT_EQ(tree.nodeAt(2)->children.size(), 4U);
 }
 
+TEST(ExplorerTree, HangsOnePlaceWithoutAFolderUnderAnEmptyKey)
+{
+    FakePlaces places;
+    places.favoritesPath = "";
+    places.documentsPath = "";
+    LoggedEvents events;
+    ExplorerTree tree(places, events);
+    tree.LoadTreeRoots("", {});
+    EXPECT_EQ(texts(*tree.nodeAt(2)).mid(3), QStringList({""}));
+    TreeNode& place = *tree.nodeAt(2)->children.back();
+    tree.expand(place);
+    EXPECT_TRUE(place.children.empty());
+}
+
 TEST_F(ExplorerTreeTest, ReadsABranchWhenItIsExpanded)
 {
     for (const char* const name : {"d/b/deep/", "d/A/", "d/.hidden/", "d/c/.hidden/"}) {
@@ -330,6 +344,19 @@ TEST_F(ExplorerTreeTest, WalksToAPathExpandingAndSelecting)
     EXPECT_EQ(tree.selected(), reached);
     EXPECT_TRUE(drive().isExpanded && reached->parent->isExpanded && reached->isExpanded);
     EXPECT_EQ(texts(*reached), QStringList({"e"}));
+}
+
+TEST_F(ExplorerTreeTest, HasAFolderInItsBranchThatIsAPlaceToo)
+{
+    disk.add({"d/a/x/", ""});
+    places.documentsPath = disk.path("d/a");
+    tree.LoadTreeRoots("", {true, false, true, true});
+    tree.expand(drive());
+    EXPECT_EQ(texts(drive()), QStringList({"a"}));
+    const TreeNode& place = *drive().nextSibling();
+    EXPECT_EQ(place.key(), child(drive(), 0).key());
+    EXPECT_EQ(tree.ExpandToPath(disk.path("d/a/x"))->parent, &child(drive(), 0));
+    EXPECT_FALSE(place.isExpanded);
 }
 
 TEST_F(ExplorerTreeTest, TakesTheFirstKeyThatThePathBeginsWith)
