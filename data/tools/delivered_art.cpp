@@ -41,8 +41,13 @@ constexpr std::array kJpegPictures{
 constexpr int kJpegQuality = 92;
 
 // Title strips and the pictures of windows that are loaded as GIF files.
-constexpr std::array kPalettePictures{"Titlebar", "UserInterface", "WindowsStand", "Search",
-                                      "Searchgoogle"};
+constexpr std::array kPalettePictures{Scene{"Titlebar", "Titlebar.gif", 1},
+                                      Scene{"UserInterface", "UserInterface.gif", 1},
+                                      Scene{"UserInterface", "UserInterface@2x.gif", 2},
+                                      Scene{"WindowsStand", "WindowsStand.gif", 1},
+                                      Scene{"WindowsStand", "WindowsStand@2x.gif", 2},
+                                      Scene{"Search", "Search.gif", 1},
+                                      Scene{"Searchgoogle", "Searchgoogle.gif", 1}};
 
 constexpr QSize kClipSize(32, 24);
 constexpr int kClipFrames = 24;
@@ -166,10 +171,10 @@ bool deliverScenes(const Folders& folders)
             return writeFile(folders.images / scene.file, jpegFile(image, kJpegQuality));
         });
     return plain && jpegs &&
-           std::all_of(kPalettePictures.begin(), kPalettePictures.end(), [&](const char* name) {
-               const auto picture = indexed(drawSvgScaled(drawings / drawingName(name), 1));
-               return picture &&
-                      writeFile(folders.images / (std::string(name) + ".gif"), gifFile(*picture));
+           std::all_of(kPalettePictures.begin(), kPalettePictures.end(), [&](const Scene& scene) {
+               const auto picture =
+                   indexed(drawSvgScaled(drawings / drawingName(scene.drawing), scene.factor));
+               return picture && writeFile(folders.images / scene.file, gifFile(*picture));
            });
 }
 

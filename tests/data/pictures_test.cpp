@@ -80,10 +80,12 @@ TEST(DeliveredPictures, PointersHaveTheirHotSpotInTheMiddleOf32Pixels)
 
 TEST(DeliveredPictures, WindowPicturesDecodeInTheFormatOfTheirName)
 {
-    const std::array<std::pair<const char*, QSize>, 5> gifs{{
+    const std::array<std::pair<const char*, QSize>, 7> gifs{{
         {"Titlebar.gif", QSize(1600, 32)},
         {"UserInterface.gif", QSize(240, 160)},
+        {"UserInterface@2x.gif", QSize(480, 320)},
         {"WindowsStand.gif", QSize(240, 160)},
+        {"WindowsStand@2x.gif", QSize(480, 320)},
         {"Search.gif", QSize(64, 64)},
         {"Searchgoogle.gif", QSize(240, 48)},
     }};
@@ -129,8 +131,9 @@ Indexed indexedOf(const gif::Bytes& file)
 
 TEST(DeliveredPictures, GifFilesAreWhatTheProgramWrites)
 {
-    for (const char* const name : {"Titlebar.gif", "UserInterface.gif", "WindowsStand.gif",
-                                   "Search.gif", "Searchgoogle.gif"}) {
+    for (const char* const name :
+         {"Titlebar.gif", "UserInterface.gif", "UserInterface@2x.gif", "WindowsStand.gif",
+          "WindowsStand@2x.gif", "Search.gif", "Searchgoogle.gif"}) {
         const gif::Bytes file = delivered::bytesOf(delivered::picture(name));
         ASSERT_GT(file.size(), kGifHeadBytes) << name;
         const Indexed picture = indexedOf(file);
