@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr double kDisabledOpacity = 0.3;
+
 // The child that carries the colour; it frames itself while the control has the focus.
 class ColourField : public QWidget {
 public:
@@ -24,7 +26,10 @@ protected:
     {
         const QColor colour = widgets::toQColor(m_control.Color());
         QPainter painter(this);
+        painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
         painter.fillRect(rect(), colour);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
         if (m_control.hasFocus()) {
             painter.setPen(QPen(widgets::legibleOn(colour), 1, Qt::DotLine));
             painter.drawRect(rect().adjusted(2, 2, -3, -3));

@@ -9,10 +9,13 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 
 namespace widgets {
 
 namespace {
+
+constexpr int kPageSpacing = 14; // pixels
 
 bool isPressedBy(const FormButton& button, PressedBy key)
 {
@@ -54,9 +57,38 @@ void FormBuilder::addStretch()
     m_table = nullptr;
 }
 
+FormBuilder FormBuilder::addPage(QStackedWidget& pages, const char* name, const char* spokenName)
+{
+    auto* page = own(new QWidget, name, spokenName);
+    pages.addWidget(page);
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kPageSpacing);
+    return {m_window, *column};
+}
+
 void FormBuilder::addText(const QString& text)
 {
     place(*new QLabel(text, &m_window), 0);
+}
+
+void FormBuilder::addHeading(const QString& text)
+{
+    auto* heading = new QLabel(text, &m_window);
+    QFont font = heading->font();
+    font.setWeight(QFont::DemiBold);
+    heading->setFont(font);
+    place(*heading, 0);
+}
+
+void FormBuilder::addNote(const QString& text, int width)
+{
+    auto* note = new QLabel(text, &m_window);
+    note->setWordWrap(true);
+    note->setFixedWidth(width);
+    // A stack doesn't ask its pages how high they are at their width.
+    note->setMinimumHeight(note->heightForWidth(width));
+    place(*note, 0);
 }
 
 QLineEdit* FormBuilder::addField(const char* name, const char* spokenName)
@@ -85,11 +117,15 @@ void FormBuilder::adopt(QWidget& part, const char* name, const char* spokenName)
     part.setParent(&m_window);
     part.setObjectName(QString::fromLatin1(name));
     part.setAccessibleName(QString::fromLatin1(spokenName));
-    if (auto* button = qobject_cast<QAbstractButton*>(&part)) {
+    auto* button = qobject_cast<QAbstractButton*>(&part);
+    if (button != nullptr && !button->text().isEmpty()) {
         button->setAccessibleName(button->text().remove(QLatin1Char('&')));
     }
     if (auto* area = qobject_cast<QAbstractScrollArea*>(&part)) {
         nameScrollBars(*area);
+    }
+    for (QAbstractScrollArea* inner : part.findChildren<QAbstractScrollArea*>()) {
+        nameScrollBars(*inner);
     }
 }
 

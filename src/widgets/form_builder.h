@@ -9,6 +9,7 @@ class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QStackedWidget;
 class QWidget;
 
 namespace widgets {
@@ -26,8 +27,8 @@ struct FormButton {
 };
 
 // Puts a small window together, from top to bottom. Each part gets its objectName and a name that a
-// screen reader can say (a button its caption), and belongs to the window; Tab goes through them in
-// the order in which they came.
+// screen reader can say (a button its caption, if it has one), and belongs to the window; Tab goes
+// through them in the order in which they came.
 class FormBuilder {
 public:
     explicit FormBuilder(StripWindow& window);
@@ -37,6 +38,10 @@ public:
     [[nodiscard]] FormBuilder addColumn(int stretch = 0);
     void addStretch();
 
+    // A page of a stack, from top to bottom.
+    [[nodiscard]] FormBuilder addPage(QStackedWidget& pages, const char* name,
+                                      const char* spokenName);
+
     template<typename Part>
     Part* add(Part* part, const char* name, const char* spokenName = "", int stretch = 0)
     {
@@ -45,6 +50,9 @@ public:
         return part;
     }
     void addText(const QString& text);
+    void addHeading(const QString& text);
+    // A text that is as wide as told, on as many lines as it takes.
+    void addNote(const QString& text, int width);
     // A field that is marked while it has the focus.
     QLineEdit* addField(const char* name, const char* spokenName);
 

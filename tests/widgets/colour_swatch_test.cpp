@@ -16,6 +16,15 @@ TEST(ColourSwatch, StartsWhiteAndShowsItsColour)
     EXPECT_EQ(swatch.findChild<QWidget*>("picColor")->size(), QSize(40, 20));
 }
 
+TEST(ColourSwatch, PalesWhereItCantBeChosen)
+{
+    AASelectColor swatch;
+    swatch.resize(40, 20);
+    swatch.setColor(0);
+    swatch.setEnabled(false);
+    EXPECT_GT(swatch.grab().toImage().pixelColor(20, 10).lightness(), 100);
+}
+
 TEST(ColourSwatch, TakesTheColourChosen)
 {
     support::FakeDialogs dialogs;

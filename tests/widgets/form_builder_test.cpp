@@ -1,5 +1,6 @@
 #include "widgets/form_builder.h"
 
+#include "widgets/colour_swatch.h"
 #include "widgets/strip_window.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStackedWidget>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -51,6 +53,34 @@ TEST_F(FormBuilderTest, NamesItsParts)
     EXPECT_EQ(list->parentWidget(), &m_window);
     EXPECT_EQ(list->accessibleName(), "Entries");
     EXPECT_EQ(list->verticalScrollBar()->accessibleName(), "Scroll up and down");
+}
+
+TEST_F(FormBuilderTest, KeepsTheNameOfAButtonWithoutCaption)
+{
+    const auto* swatch = m_form.add(new AASelectColor, "AASelectColor1", "Colour of the viewer");
+    EXPECT_EQ(swatch->accessibleName(), "Colour of the viewer");
+}
+
+TEST_F(FormBuilderTest, PutsPartsOnThePagesOfAStack)
+{
+    auto* stack = m_form.add(new QStackedWidget, "pages");
+    FormBuilder first = m_form.addPage(*stack, "first", "First");
+    FormBuilder second = m_form.addPage(*stack, "second", "Second");
+    first.addHeading("Heading");
+    first.addNote("a note that takes more lines than one", 60);
+    const QWidget* above = first.addField("above", "Above");
+    const QWidget* hidden = second.addField("hidden", "Hidden");
+    m_window.show();
+    EXPECT_EQ(stack->widget(0)->objectName(), "first");
+    EXPECT_EQ(stack->widget(1)->accessibleName(), "Second");
+    EXPECT_TRUE(stack->widget(0)->isAncestorOf(above));
+    EXPECT_FALSE(hidden->isVisible());
+    const auto labels = stack->widget(0)->findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 2);
+    EXPECT_TRUE(labels[0]->font().bold() || labels[0]->font().weight() == QFont::DemiBold);
+    EXPECT_EQ(labels[1]->width(), 60);
+    EXPECT_GE(labels[1]->height(), 3 * labels[1]->fontMetrics().height());
+    EXPECT_GT(above->y(), labels[1]->geometry().bottom());
 }
 
 TEST_F(FormBuilderTest, LetsTabGoThroughThePartsAsTheyCame)
