@@ -23,6 +23,8 @@ public:
     virtual void setSplitterEnabled(bool enabled) = 0;
     // Runs the thumbnails again for the folder, size and colours that hold now.
     virtual void rebuildThumbnails() = 0;
+    // Ends the run under way, if there is one, at its next file.
+    virtual void stopThumbnails() = 0;
     // Size in pixels and colour preset (from 1) of the thumbnails; neither starts a run.
     virtual void setThumbnailSize(int pixels) = 0;
     virtual void setColourPreset(int preset) = 0;

@@ -1,5 +1,6 @@
 #include "shell/command_table.h"
 
+#include "core/thumbnail_entries.h"
 #include "shell/commands.h"
 
 #include <array>
@@ -9,6 +10,7 @@ namespace shell {
 namespace {
 
 using namespace commands;
+using core::kThumbnailColourNames;
 
 constexpr std::array kMenuRows{
     MenuRow{kMenuBar, "optFileHead", kNoIndex, "&File", Need::Nothing, nullptr, "optFile"},
@@ -198,18 +200,18 @@ constexpr std::array kMenuRows{
             setThumbnailSize, nullptr, nullptr, Check::Toggles},
     MenuRow{"MnuThumbsize", "MnuThumbsize", 29, "300 x 300  pixels", Need::Nothing,
             setThumbnailSize, nullptr, nullptr, Check::Toggles},
-    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 0, "Black", Need::Nothing,
-            setThumbnailColours, nullptr, nullptr, Check::Toggles},
-    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 1, "Antraciet", Need::Nothing,
-            setThumbnailColours, nullptr, nullptr, Check::Toggles},
-    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 2, "Dark Gray", Need::Nothing,
-            setThumbnailColours, nullptr, nullptr, Check::Toggles},
-    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 3, "Middle Gray", Need::Nothing,
-            setThumbnailColours, nullptr, nullptr, Check::Toggles},
-    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 4, "Light Gray", Need::Nothing,
-            setThumbnailColours, nullptr, nullptr, Check::Toggles},
-    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 5, "White Gray", Need::Nothing,
-            setThumbnailColours, nullptr, nullptr, Check::Toggles},
+    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 0, kThumbnailColourNames[0],
+            Need::Nothing, setThumbnailColours, nullptr, nullptr, Check::Toggles},
+    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 1, kThumbnailColourNames[1],
+            Need::Nothing, setThumbnailColours, nullptr, nullptr, Check::Toggles},
+    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 2, kThumbnailColourNames[2],
+            Need::Nothing, setThumbnailColours, nullptr, nullptr, Check::Toggles},
+    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 3, kThumbnailColourNames[3],
+            Need::Nothing, setThumbnailColours, nullptr, nullptr, Check::Toggles},
+    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 4, kThumbnailColourNames[4],
+            Need::Nothing, setThumbnailColours, nullptr, nullptr, Check::Toggles},
+    MenuRow{"ThumbnailColorPreset", "ThumbnailColorPreset", 5, kThumbnailColourNames[5],
+            Need::Nothing, setThumbnailColours, nullptr, nullptr, Check::Toggles},
     MenuRow{"CmdWall", "CmdWall", 0, "Center", Need::Picture, setWallpaper},
     MenuRow{"CmdWall", "CmdWall", 1, "Titled", Need::Picture, setWallpaper},
     MenuRow{"CmdWall", "CmdWall", 2, "Stretch", Need::Picture, setWallpaper},

@@ -5,6 +5,7 @@
 #include "core/constants.h"
 #include "core/services.h"
 #include "core/settings.h"
+#include "core/thumbnail_entries.h"
 #include "editing/clipboard_commands.h"
 #include "editing/editor_handoff.h"
 #include "editing/save_pipeline.h"
@@ -17,10 +18,6 @@
 #include <QAction>
 
 namespace {
-
-constexpr int kSizes = 30;
-constexpr int kSizeStep = 10; // pixels
-constexpr int kPresets = 6;
 
 const QString kSizeMenu = QStringLiteral("MnuThumbsize");
 const QString kPresetMenu = QStringLiteral("ThumbnailColorPreset");
@@ -37,11 +34,11 @@ void Form1::checkOnly(const QString& array, int index)
 
 void Form1::ThumbNailSize(int menuIndex)
 {
-    if (menuIndex < 0 || menuIndex >= kSizes) {
+    if (menuIndex < 0 || menuIndex >= core::kThumbnailSizes) {
         return;
     }
     checkOnly(kSizeMenu, menuIndex);
-    const int size = (menuIndex + 1) * kSizeStep;
+    const int size = (menuIndex + 1) * core::kThumbnailSizeStep;
     if (core::BrowserPane* pane = core::services().browserPane) {
         pane->setThumbnailSize(size);
         const int pages = pane->thumbnailPagesNeeded();
@@ -60,7 +57,7 @@ void Form1::ThumbNailSize(int menuIndex)
 
 void Form1::ThumbNailColor(int menuIndex)
 {
-    if (menuIndex < 0 || menuIndex >= kPresets) {
+    if (menuIndex < 0 || menuIndex >= core::kThumbnailColours.choices) {
         return;
     }
     checkOnly(kPresetMenu, menuIndex);

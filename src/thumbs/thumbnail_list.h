@@ -75,6 +75,9 @@ public:
     void writeProperties(core::PropertyBag& bag);
     void readProperties(const core::PropertyBag& bag);
 
+    // Ends the run under way, if there is one, at its next file.
+    void stopRunningLoop();
+
     // What runs work on.
     [[nodiscard]] thumbs::RunSurface& surface() { return m_surface; }
     [[nodiscard]] const thumbs::Selection& selection() const { return m_selection; }
@@ -104,7 +107,6 @@ private:
     void showInfoColours();
     void pathWritten();
     void followPathChange();
-    void stopRunningLoop();
     void pressPage(int page, QPoint place);
     void doubleClickPage(int page);
     void bringIntoSight(const thumbs::TileRow& tile);

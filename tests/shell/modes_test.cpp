@@ -30,6 +30,7 @@ public:
     platform::FileList& File1() override { return m_pane.File1(); }
     void setSplitterEnabled(bool /*enabled*/) override {}
     void rebuildThumbnails() override {}
+    void stopThumbnails() override {}
     void setThumbnailSize(int /*pixels*/) override {}
     void setColourPreset(int /*preset*/) override {}
     int thumbnailPagesNeeded() override { return 0; }

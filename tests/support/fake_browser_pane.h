@@ -23,6 +23,7 @@ public:
     void ThumResize() override {}
     void setSplitterEnabled(bool /*enabled*/) override {}
     void rebuildThumbnails() override {}
+    void stopThumbnails() override { ++stops; }
     void setThumbnailSize(int /*pixels*/) override {}
     void setColourPreset(int /*preset*/) override {}
     int thumbnailPagesNeeded() override { return 0; }
@@ -31,6 +32,7 @@ public:
     [[nodiscard]] int widthTwips() const override { return 0; }
 
     platform::FileList files;
+    int stops = 0; // that were asked for
 };
 
 } // namespace support

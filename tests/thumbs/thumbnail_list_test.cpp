@@ -281,6 +281,15 @@ TEST_F(ThumbnailListTest, StopsARunByThePrintProperties)
     EXPECT_TRUE(m_list.surface().state.CancelLoading);
 }
 
+TEST_F(ThumbnailListTest, StopsARunThatIsUnderWayAlone)
+{
+    m_list.stopRunningLoop();
+    EXPECT_FALSE(m_list.surface().state.CancelLoading);
+    m_list.surface().state.IsLoading = true;
+    m_list.stopRunningLoop();
+    EXPECT_TRUE(m_list.surface().state.CancelLoading);
+}
+
 TEST_F(ThumbnailListTest, MarksARunThatPrints)
 {
     bool printing = false;

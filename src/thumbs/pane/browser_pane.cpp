@@ -8,6 +8,7 @@
 #include "core/services.h"
 #include "core/settings.h"
 #include "core/state.h"
+#include "core/thumbnail_entries.h"
 #include "core/window_names.h"
 #include "core/work_area.h"
 #include "files/explorer/folder_tree.h"
@@ -32,14 +33,13 @@ namespace {
 
 constexpr int kFirstFolderButton = 1; // those that go with the folder's files
 constexpr int kLastFolderButton = 7;
-constexpr int kPixelsPerSizeEntry = 10;
 constexpr int kOtherSizeEntry = 1;
 constexpr double kEntryLimit = 1000; // no menu is that long; settings may be any number
 
 // The menu entry for a stored size; sizes that are no multiple of ten have one of their own.
 int sizeEntry(double stored)
 {
-    const double entries = stored / kPixelsPerSizeEntry;
+    const double entries = stored / core::kThumbnailSizeStep;
     const bool whole = entries == std::trunc(entries);
     return whole ? static_cast<int>(std::clamp(entries, -kEntryLimit, kEntryLimit)) - 1
                  : kOtherSizeEntry;
@@ -244,6 +244,11 @@ void frmThumbnaillist::rebuildThumbnails()
     m_files.refresh();
     m_files.select(place);
     m_list->makeGalleryOf(m_files);
+}
+
+void frmThumbnaillist::stopThumbnails()
+{
+    m_list->stopRunningLoop();
 }
 
 void frmThumbnaillist::setThumbnailSize(int pixels)

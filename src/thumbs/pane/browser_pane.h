@@ -63,6 +63,7 @@ public:
     // For a pane that nobody sees the run is put off until it is shown. None runs before the first
     // folder is shown.
     void rebuildThumbnails() override;
+    void stopThumbnails() override;
     void setThumbnailSize(int pixels) override;
     void setColourPreset(int preset) override;
     int thumbnailPagesNeeded() override;
