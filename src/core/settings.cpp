@@ -116,4 +116,12 @@ void store(const FolderKey& key, const QString& folder)
     storeText(key.name, folder);
 }
 
+void storeInWords(const ColourKey& key, base::Colour colour)
+{
+    storeText(key.name, QStringLiteral("RGB(%1, %2, %3)")
+                            .arg(base::redOf(colour))
+                            .arg(base::greenOf(colour))
+                            .arg(base::blueOf(colour)));
+}
+
 } // namespace core

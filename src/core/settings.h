@@ -50,6 +50,10 @@ void store(const ChoiceKey& key, int choice);
 void store(const ColourKey& key, base::Colour colour);
 void store(const FolderKey& key, const QString& folder);
 
+// The colour in words, "RGB(82, 109, 220)". They tell whoever reads the file; setting() finds no
+// colour in them, so that whatever the key colours keeps the colour it has.
+void storeInWords(const ColourKey& key, base::Colour colour);
+
 // What is shown at start. Pan view, scroll bars and zoom tool are stored the wrong way round.
 inline constexpr SwitchKey kBrowseMode{"ObcBrowse", On::NotZero};
 inline constexpr SwitchKey kBestFit{"BestFit", On::NotZero};

@@ -37,6 +37,7 @@ enum class Window {
     frmWelcome,
     Movefile,
     MpegForm,
+    FilePreivew,
     OptionsForm,
     Form1,
 };
@@ -47,7 +48,7 @@ inline constexpr std::array kWindowNames{
     "FlashQ",           "Form4",       "Form5rf",   "frmAbout",    "FrmBord",       "FrmBrowser",
     "frmCapture",       "frmCaputreN", "frmConfig", "FrmFind",     "frmGetColor",   "frmMailSender",
     "frmMsg",           "frmSaveJPGc", "FrmSwitch", "frmTemp",     "frmValueTip",   "frmWebRelease",
-    "frmWelcome",       "Movefile",    "MpegForm",  "OptionsForm", "Form1",
+    "frmWelcome",       "Movefile",    "MpegForm",  "FilePreivew", "OptionsForm",   "Form1",
 };
 inline constexpr std::size_t kWindowCount = kWindowNames.size();
 static_assert(kWindowCount == static_cast<std::size_t>(Window::Form1) + 1);

@@ -24,6 +24,7 @@
 #include "shell/main_window.h"
 #include "shell/message_window.h"
 #include "shell/picture_window.h"
+#include "shell/preferences/windows.h"
 #include "shell/screenshot_request.h"
 #include "shell/start_folder.h"
 #include "thumbs/pane/browser_pane.h"
@@ -165,6 +166,7 @@ void registerWindows()
     windows.add(core::Window::Movefile, [] { return new Movefile; });
     editing::registerWindows();
     acquire::registerWindows();
+    preferences::registerWindows();
 }
 
 void endProgram()

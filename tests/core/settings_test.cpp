@@ -57,6 +57,14 @@ TEST_F(SettingsTest, SwitchesKeepTheTextThatMeansOn)
     }
 }
 
+TEST_F(SettingsTest, ColoursInWordsReadAsNone)
+{
+    core::store(kColour, base::rgb(82, 109, 220));
+    core::storeInWords(kColour, base::rgb(82, 109, 220));
+    EXPECT_EQ(text(kColour.name), "RGB(82, 109, 220)");
+    EXPECT_EQ(core::setting(kColour), std::nullopt);
+}
+
 TEST_F(SettingsTest, SwitchesThatAreMissingAreOnWhereZeroMeansOn)
 {
     for (const SwitchCase& row : kSwitches) {

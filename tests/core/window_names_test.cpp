@@ -17,5 +17,6 @@ TEST(WindowNames, StandInTheOrderOfTheWindows)
     EXPECT_EQ(core::windowName(core::Window::frmCaputreN), "frmCaputreN");
     EXPECT_EQ(core::windowName(core::Window::frmSaveJPGc), "frmSaveJPGc");
     EXPECT_EQ(core::windowName(core::Window::frmWelcome), "frmWelcome");
+    EXPECT_EQ(core::windowName(core::Window::FilePreivew), "FilePreivew");
     EXPECT_EQ(core::windowName(core::Window::Form1), "Form1");
 }

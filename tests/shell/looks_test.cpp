@@ -31,7 +31,7 @@ constexpr std::array kSmallWindows{
     core::Window::frmAbout,  core::Window::frmMsg,        core::Window::fastZoom,
     core::Window::Favorties, core::Window::FavortiesModi, core::Window::frmSaveJPGc,
     core::Window::FrmSwitch, core::Window::Form4,         core::Window::Form5rf,
-    core::Window::Movefile,
+    core::Window::Movefile,  core::Window::OptionsForm,   core::Window::FilePreivew,
 };
 
 QPalette darkPalette()
@@ -301,7 +301,9 @@ TEST_F(LooksTest, PressesTheMainButtonOfEveryWindowByReturn)
                         {core::Window::FrmSwitch, "Command1"},
                         {core::Window::Form4, "cmdOk"},
                         {core::Window::Form5rf, "Command1"},
-                        {core::Window::Movefile, "Command1"}};
+                        {core::Window::Movefile, "Command1"},
+
+                        {core::Window::OptionsForm, "chameleonButton2"}};
     program.run([&](Form1& /*form*/) {
         for (const auto& [which, buttonName] : kMainButtons) {
             const QString name = core::windowName(which);
