@@ -1,46 +1,22 @@
 #include "core/window_registry.h"
 #include "native/native_fixture.h"
+#include "native/real_hand.h"
 #include "shell/menus.h"
 #include "viewer/picture_viewer.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
-#include <QProcess>
 #include <utility>
 
 using namespace native;
+using namespace native::real_hand;
 using namespace smoke;
 
 namespace {
 
 const QColor kStripColour(200, 0, 200);
 constexpr int kCaught = 24; // pixels near an edge at which a window manager may hold a window
-
-// The program has to go on while its pointer and its keys move, so nothing waits for xdotool but
-// the event loop.
-void xdotool(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
-    ASSERT_TRUE(waitUntil([&process] { return process.state() == QProcess::NotRunning; }));
-}
-
-void movePointer(QPoint place)
-{
-    xdotool({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
-}
-
-void click(QPoint place, int button = 1)
-{
-    movePointer(place);
-    xdotool({QStringLiteral("click"), QString::number(button)});
-}
-
-void key(const QString& name)
-{
-    xdotool({QStringLiteral("key"), name});
-}
 
 } // namespace
 
