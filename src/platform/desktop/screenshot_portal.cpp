@@ -40,7 +40,7 @@ QString requestPath(const QDBusConnection& bus, const QString& token)
 QImage takenFile(const QString& uri)
 {
     const QUrl url(uri);
-    if (!url.isLocalFile()) {
+    if (!url.isLocalFile() || url.toLocalFile().isEmpty()) {
         return {};
     }
     QImageReader::setAllocationLimit(kMostMegabytes);
