@@ -78,14 +78,14 @@ public:
 
     ListRows run()
     {
-        if (m_entries.isOpen()) {
-            gather();
-            m_rows.reserve(m_folders.count() + m_files.count(),
-                           m_folders.bytes() + m_files.bytes());
-            add(m_folders, &folderRow);
-            add(m_files, &fileRow);
+        if (!m_entries.isOpen()) {
+            return std::move(m_rows);
         }
-        return std::move(m_rows);
+        gather();
+        m_rows.reserve(m_folders.count() + m_files.count(), m_folders.bytes() + m_files.bytes());
+        add(m_folders, &folderRow);
+        add(m_files, &fileRow);
+        return m_entries.isStillServed() ? std::move(m_rows) : ListRows(m_request.path);
     }
 
 private:

@@ -30,6 +30,13 @@ bool FolderReader::next()
     return m_entry != nullptr;
 }
 
+// What the system remembers of the folder would outlive whoever serves it.
+bool FolderReader::isStillServed() const
+{
+    struct statx facts = {};
+    return ::statx(descriptor(), "", AT_EMPTY_PATH | AT_STATX_FORCE_SYNC, STATX_TYPE, &facts) == 0;
+}
+
 EntryKind FolderReader::kind() const
 {
     if (m_entry->d_type == DT_REG) {

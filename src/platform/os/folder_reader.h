@@ -19,6 +19,10 @@ public:
     // Goes on to the next entry; false after the last one.
     bool next();
 
+    // Whether the folder still answers. It doesn't once the program or the machine that serves it
+    // has gone, and what was read until then is only a part.
+    [[nodiscard]] bool isStillServed() const;
+
     [[nodiscard]] const char* name() const { return m_entry->d_name; }
     [[nodiscard]] bool isHidden() const { return m_entry->d_name[0] == '.'; }
 

@@ -26,7 +26,8 @@ std::vector<QString> visibleSubfolders(const QString& folder)
             found.emplace_back(fromNative(entries.name()));
         }
     }
-    return inOrder(std::move(found));
+    const bool isWhole = entries.isOpen() && entries.isStillServed();
+    return isWhole ? inOrder(std::move(found)) : std::vector<QString>();
 }
 
 bool hasVisibleSubfolder(const QString& folder, Look look)
