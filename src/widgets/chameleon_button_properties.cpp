@@ -1,24 +1,13 @@
 // What the button is set to: the setters, and the stored form of all properties.
 #include "widgets/chameleon_button.h"
+#include "widgets/pointer_shapes.h"
 
-#include <QCursor>
-#include <QPixmap>
 #include <array>
 
 using widgets::ButtonState;
 using widgets::ScaledPicture;
 
 namespace {
-
-constexpr int kCustomPointer = 99;
-
-// The classic pointer shapes by number.
-constexpr std::array kPointerShapes{
-    Qt::ArrowCursor,     Qt::ArrowCursor,   Qt::CrossCursor,     Qt::IBeamCursor,
-    Qt::ArrowCursor,     Qt::SizeAllCursor, Qt::SizeBDiagCursor, Qt::SizeVerCursor,
-    Qt::SizeFDiagCursor, Qt::SizeHorCursor, Qt::UpArrowCursor,   Qt::WaitCursor,
-    Qt::ForbiddenCursor, Qt::BusyCursor,    Qt::WhatsThisCursor, Qt::SizeAllCursor,
-};
 
 struct StoredProperty {
     const char* key;
@@ -258,7 +247,7 @@ void chameleonButton::setHandPointer(bool on)
     if (on == m_handPointer) {
         return;
     }
-    m_mousePointer = on ? kCustomPointer : 0;
+    m_mousePointer = on ? widgets::kCustomPointer : 0;
     m_mouseIcon = QImage();
     changeLook(m_handPointer, on, "HAND");
     applyPointer();
@@ -268,10 +257,8 @@ void chameleonButton::applyPointer()
 {
     if (m_handPointer) {
         setCursor(Qt::PointingHandCursor);
-    } else if (m_mousePointer == kCustomPointer && !m_mouseIcon.isNull()) {
-        setCursor(QCursor(QPixmap::fromImage(m_mouseIcon)));
-    } else if (m_mousePointer > 0 && m_mousePointer < static_cast<int>(kPointerShapes.size())) {
-        setCursor(kPointerShapes[static_cast<std::size_t>(m_mousePointer)]);
+    } else if (const auto shape = widgets::pointerShape(m_mousePointer, m_mouseIcon)) {
+        setCursor(*shape);
     } else {
         unsetCursor();
     }
