@@ -3,15 +3,7 @@
 #include "files/explorer/folder_listing.h"
 #include "platform/os/paths.h"
 
-#include <QHeaderView>
 #include <QScopedValueRollback>
-
-namespace {
-
-constexpr int kLargePicture = 32; // pixels
-constexpr int kSmallPicture = 16;
-
-} // namespace
 
 // What the tree tells, as events of the control.
 class ctlExplorer::Events : public files::PopulationEvents {
@@ -38,17 +30,14 @@ ctlExplorer::ctlExplorer(QWidget* parent, const core::PropertyBag& bag, const fi
     , m_events(std::make_unique<Events>(*this))
     , m_tree(places, *m_events)
     , m_treeModel(m_tree)
-    , m_treeView(this)
-    , m_listView(this)
+    , m_treeView(*this, this)
+    , m_listView(*this, this)
 {
     m_treeView.setObjectName(QStringLiteral("TreeView1"));
     m_treeView.setAccessibleName(tr("Folders"));
-    m_treeView.setHeaderHidden(true);
     m_treeView.setModel(&m_treeModel);
     m_listView.setObjectName(QStringLiteral("ListView1"));
     m_listView.setAccessibleName(tr("Files"));
-    m_listView.setRootIsDecorated(false);
-    m_listView.setUniformRowHeights(true);
     m_listView.setModel(&m_listModel);
     m_treeModel.setPictures(m_pictures.ofTree());
     m_listModel.setPictures(m_pictures.ofList([this] { return m_values.View == 0; }));
@@ -70,67 +59,6 @@ files::HiddenPlaces ctlExplorer::hiddenPlaces() const
 {
     return {m_values.HideFavorites, m_values.HideMyDocuments, m_values.HideNetwork,
             m_values.HideControlPanel};
-}
-
-void ctlExplorer::written(const QString& name)
-{
-    applyToViews();
-    if (name == u"Style") {
-        layoutViews();
-    }
-    const bool isFilter = name == u"Style" || name == u"Filter";
-    if (isFilter || (name == u"ShowFolders" && isList())) {
-        RefreshView();
-    } else if (name.startsWith(u"Sort")) {
-        sortRows();
-    }
-    emit PropertyChanged(name);
-}
-
-void ctlExplorer::applyToViews()
-{
-    const auto frame = m_values.BorderStyle == 0 ? QFrame::NoFrame : QFrame::StyledPanel;
-    const auto triggers =
-        m_values.LabelEdit == 0
-            ? QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed
-            : QAbstractItemView::EditTriggers(QAbstractItemView::NoEditTriggers);
-    for (QTreeView* const view : {&m_treeView, &m_listView}) {
-        view->setEnabled(m_values.Enabled);
-        view->setFrameShape(frame);
-        view->setEditTriggers(triggers);
-        view->setAllColumnsShowFocus(m_values.FullRowSelect);
-    }
-    m_treeModel.setCheckBoxes(m_values.CheckBoxes);
-    m_listModel.setCheckBoxes(m_values.CheckBoxes);
-    applyToList();
-}
-
-void ctlExplorer::applyToList()
-{
-    const bool isReport = m_values.View == files::kReportView;
-    m_listView.header()->setStretchLastSection(!isReport);
-    m_listView.setHeaderHidden(!isReport || m_values.HideColumnHeaders);
-    for (int column = 1; column < files::kListColumns; ++column) {
-        m_listView.setColumnHidden(column, !isReport);
-    }
-    const int side = m_values.View == 0 ? kLargePicture : kSmallPicture;
-    m_listView.setIconSize({side, side});
-    m_listView.setSelectionMode(m_values.MultiSelect ? QAbstractItemView::ExtendedSelection
-                                                     : QAbstractItemView::SingleSelection);
-}
-
-void ctlExplorer::layoutViews()
-{
-    m_treeView.setVisible(isTree());
-    m_listView.setVisible(isList());
-    m_treeView.setGeometry(rect());
-    m_listView.setGeometry(rect());
-}
-
-void ctlExplorer::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    layoutViews();
 }
 
 QString ctlExplorer::path() const

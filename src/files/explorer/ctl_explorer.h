@@ -3,21 +3,28 @@
 #include "files/explorer/explorer_pictures.h"
 #include "files/explorer/explorer_properties.h"
 #include "files/explorer/list_model.h"
+#include "files/explorer/list_view.h"
 #include "files/explorer/root_listing.h"
 #include "files/explorer/tree_model.h"
+#include "files/explorer/tree_view.h"
 
-#include <QTreeView>
+#include <QMimeData>
+#include <QPoint>
 #include <QWidget>
 #include <memory>
 #include <optional>
 #include <type_traits>
 
+class QDrag;
 class QKeyEvent;
-class QMimeData;
 
 // A folder tree or a list of files, whichever Style says. The tree and the rows behind the two
 // views read the folders; what the user does in a view comes out as events.
-class ctlExplorer : public QWidget {
+//
+// A node that is dragged within the tree hangs itself below the one it is dropped on, whatever the
+// modes of dragging say: these concern what leaves a view (OleDragMode) and what comes from
+// elsewhere (OleDropMode).
+class ctlExplorer : public QWidget, private files::DragPartner {
     Q_OBJECT
 
 public:
@@ -70,6 +77,9 @@ public:
     [[nodiscard]] std::int32_t SubFolderCount() const;
     static void AboutBox();
 
+    // The lines on the control's surface, behind the view that fills it.
+    [[nodiscard]] const QStringList& printedLines() const { return m_printed; }
+
 signals:
     void AfterRename(qint16* cancel, const QString& newName);
     void BeforeRename(qint16* cancel);
@@ -112,6 +122,11 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+    // Lets the user drag until it ends, and gives what came of it.
+    virtual Qt::DropAction runDrag(QDrag& drag, Qt::DropActions allowed);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -130,12 +145,15 @@ private:
 
     void connectTree();
     void connectList();
-    void connectInput(QTreeView& view);
+    void connectInput(files::ExplorerView& view);
     void tellKey(const QKeyEvent& event);
     void tellMouse(const QEvent& event);
     void layoutViews();
     void applyToViews();
+    void applyToView(files::ExplorerView& view);
+    void applyToTree();
     void applyToList();
+    void applyPointer();
     void written(const QString& name);
     [[nodiscard]] files::HiddenPlaces hiddenPlaces() const;
     [[nodiscard]] bool isTree() const { return m_values.Style == 0; }
@@ -154,6 +172,15 @@ private:
     void tellNodeCheck(const QModelIndex& index);
     void tellItemCheck(const QModelIndex& index);
 
+    void beginDrag(files::ExplorerView& view) override;
+    void dragOver(files::ExplorerView& view, QDropEvent& event, Over over) override;
+    void dragLeft(files::ExplorerView& view) override;
+    void dropped(files::ExplorerView& view, QDropEvent& event) override;
+    [[nodiscard]] std::unique_ptr<QMimeData> dragData(const files::ExplorerView& view);
+    [[nodiscard]] bool isNodeDrag(const files::ExplorerView& view) const;
+    void hangNode(const QModelIndex& target);
+    void giveFeedback(QDrag& drag, Qt::DropAction action);
+
     files::ExplorerProperties m_values;
     const files::Places& m_places;
     std::unique_ptr<Events> m_events;
@@ -161,8 +188,11 @@ private:
     files::ExplorerPictures m_pictures;
     files::TreeModel m_treeModel;
     files::ListModel m_listModel;
-    QTreeView m_treeView;
-    QTreeView m_listView;
+    files::TreeView m_treeView;
+    files::ListView m_listView;
+    QPersistentModelIndex m_draggedNode; // while a drag from the tree lasts
+    QPointF m_dragPlace;                 // where it was last, in pixels of the view
+    QStringList m_printed;
     bool m_isTold = false;      // the press under way has told already what it chose
     bool m_isFollowing = false; // a view follows the data, or code changes it: nothing is told
 };

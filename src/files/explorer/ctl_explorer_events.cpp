@@ -19,16 +19,18 @@ void ctlExplorer::connectTree()
     connect(&m_treeView, &QTreeView::expanded, this, &ctlExplorer::expandNode);
     connect(&m_treeView, &QTreeView::collapsed, this, &ctlExplorer::collapseNode);
     connect(m_treeView.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        if (!m_isFollowing) {
+        if (!m_isFollowing && !m_treeView.isTakingFocus()) {
             m_isTold = true;
             tellNode();
         }
     });
-    connect(&m_treeView, &QTreeView::clicked, this, [this] {
+    connect(&m_treeView, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+        const QPersistentModelIndex node(index);
         if (!std::exchange(m_isTold, false)) {
             tellNode();
         }
         emit Click();
+        m_treeView.clickBranch(node);
     });
     connect(&m_treeView, &QTreeView::doubleClicked, this, &ctlExplorer::DblClick);
     connect(&m_treeModel, &QAbstractItemModel::dataChanged, this,
@@ -43,7 +45,7 @@ void ctlExplorer::connectTree()
 void ctlExplorer::connectList()
 {
     connect(m_listView.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        if (!m_isFollowing) {
+        if (!m_isFollowing && !m_listView.isTakingFocus()) {
             m_isTold = true;
             tellItem();
         }
@@ -61,7 +63,7 @@ void ctlExplorer::connectList()
                     tellItemCheck(index);
                 }
             });
-    m_listView.header()->setSectionsClickable(true);
+    m_listView.onEntered([this](const QModelIndex& index) { tellItemDoubleClick(index); });
     connect(m_listView.header(), &QHeaderView::sectionClicked, this,
             [this](int section) { emit ColumnClick(section + 1); });
     connectInput(m_listView);

@@ -29,7 +29,7 @@ Place placeOf(const QMouseEvent& event)
 
 } // namespace
 
-void ctlExplorer::connectInput(QTreeView& view)
+void ctlExplorer::connectInput(files::ExplorerView& view)
 {
     view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
@@ -44,6 +44,7 @@ void ctlExplorer::connectInput(QTreeView& view)
     const auto end = [this](const QString& name) {
         qint16 cancel = 0;
         emit AfterRename(&cancel, name);
+        return cancel == 0;
     };
     view.setItemDelegate(new files::RenameDelegate(begin, end, &view));
 }

@@ -24,7 +24,7 @@ int checkedBelow(const files::TreeNode& node)
 
 std::optional<std::int32_t> ctlExplorer::ColumnWidth(int index) const
 {
-    return isColumn(index) ? std::optional(m_listView.columnWidth(index - 1)) : std::nullopt;
+    return isColumn(index) ? std::optional(m_listView.reportWidth(index - 1)) : std::nullopt;
 }
 
 bool ctlExplorer::setColumnWidth(int index, std::int32_t pixels)
@@ -32,14 +32,14 @@ bool ctlExplorer::setColumnWidth(int index, std::int32_t pixels)
     if (!isColumn(index)) {
         return false;
     }
-    m_listView.setColumnWidth(index - 1, pixels);
+    m_listView.setReportWidth(index - 1, pixels);
     return true;
 }
 
 void ctlExplorer::ColumnsAutoSize(int index)
 {
     if (m_values.View == files::kReportView && isColumn(index)) {
-        m_listView.resizeColumnToContents(index - 1);
+        m_listView.fitColumn(index - 1);
     }
 }
 

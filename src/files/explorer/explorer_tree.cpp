@@ -254,8 +254,7 @@ QString ExplorerTree::moveUnder(TreeNode& node, TreeNode& target)
     if (node.parent == nullptr || node.holds(target)) {
         return {};
     }
-    node.ownKey = node.key();
-    node.keyKind = NodeKey::Own;
+    node.keepKey();
     append(target, take(*node.parent, node.row, 1));
     return target.text + QStringLiteral(" is parent of ") + node.text;
 }

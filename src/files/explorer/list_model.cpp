@@ -89,17 +89,24 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const
     if (index.isValid() && index.column() == 0) {
         flags |= Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
         flags.setFlag(Qt::ItemIsUserCheckable, m_hasCheckBoxes);
+    } else {
+        flags.setFlag(Qt::ItemIsSelectable, m_hasFullRows);
     }
     return flags;
 }
 
 bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (role != Qt::CheckStateRole || index.column() != 0) {
+    const bool isMark = role == Qt::CheckStateRole;
+    if (index.column() != 0 || (!isMark && role != Qt::EditRole)) {
         return false;
     }
-    m_rows.setChecked(index.row(), value.toInt() == Qt::Checked);
-    emit dataChanged(index, index, {Qt::CheckStateRole});
+    if (isMark) {
+        m_rows.setChecked(index.row(), value.toInt() == Qt::Checked);
+    } else {
+        m_rows.setText(index.row(), value.toString());
+    }
+    emit dataChanged(index, index, {role});
     return true;
 }
 

@@ -18,6 +18,9 @@ public:
     void setPictures(PictureSource pictures) { m_pictures = std::move(pictures); }
     void setCheckBoxes(bool shown);
 
+    // Whether all columns of a row are selected with it, or its name alone.
+    void setFullRows(bool full) { m_hasFullRows = full; }
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -25,7 +28,7 @@ public:
                                       int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    // Takes check marks alone: renaming is the business of whoever shows the list.
+    // Takes check marks, and other texts for the names; no file is renamed.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     void sort(int column, Qt::SortOrder order) override;
 
@@ -35,6 +38,7 @@ private:
     ListRows m_rows;
     PictureSource m_pictures;
     bool m_hasCheckBoxes = false;
+    bool m_hasFullRows = false;
 };
 
 } // namespace files

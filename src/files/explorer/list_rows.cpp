@@ -83,7 +83,7 @@ std::string_view ListRows::keyBytes(const Row& row) const
 
 std::string_view ListRows::textBytes(const Row& row) const
 {
-    return m_folder.empty()
+    return m_folder.empty() || row.hasOwnText
                ? std::string_view(m_bytes).substr(row.start + row.keyLength, row.textLength)
                : keyBytes(row);
 }
@@ -96,6 +96,11 @@ QString ListRows::key(int row) const
 QString ListRows::text(int row) const
 {
     return asText(textBytes(at(row)));
+}
+
+QString ListRows::name(int row) const
+{
+    return m_folder.empty() ? text(row) : asText(keyBytes(at(row)));
 }
 
 // No size is shown, neither of a file nor of a folder or a drive: the column stands empty.
@@ -112,7 +117,7 @@ QString ListRows::columnText(int row, ListColumn column) const
         if (!isEntry) {
             return {};
         }
-        return facts.tag == RowTag::File ? fileType(text(row)) : folderType();
+        return facts.tag == RowTag::File ? fileType(name(row)) : folderType();
     case ListColumn::Modified:
         return dateText(facts.modified);
     case ListColumn::Created:
@@ -124,12 +129,23 @@ QString ListRows::columnText(int row, ListColumn column) const
 ImageRole ListRows::image(int row) const
 {
     const ImageRole role = at(row).facts.image;
-    return role == ImageRole::File ? fileImage(text(row)) : role;
+    return role == ImageRole::File ? fileImage(name(row)) : role;
 }
 
 void ListRows::setChecked(int row, bool checked)
 {
     m_rows[static_cast<std::size_t>(row)].isChecked = checked;
+}
+
+void ListRows::setText(int row, const QString& text)
+{
+    Row& line = m_rows[static_cast<std::size_t>(row)];
+    const std::string key(keyBytes(line));
+    const std::string shown = platform::toNative(text);
+    line.start = m_bytes.size();
+    line.textLength = static_cast<std::uint32_t>(shown.size());
+    line.hasOwnText = true;
+    m_bytes += key + shown;
 }
 
 int ListRows::indexOf(const QString& key) const

@@ -63,6 +63,9 @@ public:
     [[nodiscard]] bool isChecked(int row) const { return at(row).isChecked; }
     void setChecked(int row, bool checked);
 
+    // Shows a line under another text. Its key, type and picture stay.
+    void setText(int row, const QString& text);
+
     // The line with a key, -1 for none.
     [[nodiscard]] int indexOf(const QString& key) const;
     [[nodiscard]] int countOf(RowTag tag) const;
@@ -82,11 +85,13 @@ private:
         std::uint32_t textLength = 0;
         RowFacts facts;
         bool isChecked = false;
+        bool hasOwnText = false; // one stands behind the key though it is an entry
     };
 
     [[nodiscard]] const Row& at(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
     [[nodiscard]] std::string_view keyBytes(const Row& row) const;
     [[nodiscard]] std::string_view textBytes(const Row& row) const;
+    [[nodiscard]] QString name(int row) const; // of the entry
     [[nodiscard]] std::vector<std::uint32_t> sortedPlaces(ListColumn column, SortOrder order) const;
 
     std::string m_folder; // with its separator; "" where keys stand whole

@@ -5,12 +5,12 @@
 
 namespace files {
 
-// Lets a name be edited in its place. What becomes of the new name is decided elsewhere: neither
-// the model nor a file changes.
+// Lets a name be edited in its place. Whether it may be, and whether the new name is shown, is
+// decided elsewhere; no file is renamed.
 class RenameDelegate : public QStyledItemDelegate {
 public:
-    using Begin = std::function<bool()>; // false: it isn't edited
-    using End = std::function<void(const QString& name)>;
+    using Begin = std::function<bool()>;                  // false: it isn't edited
+    using End = std::function<bool(const QString& name)>; // false: the old name stays
 
     RenameDelegate(Begin begin, End end, QObject* parent);
 
@@ -18,6 +18,8 @@ public:
                           const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
 
 private:
     Begin m_begin;

@@ -95,11 +95,16 @@ Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const
 bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     TreeNode* const node = nodeOf(index);
-    if (node == nullptr || role != Qt::CheckStateRole) {
+    const bool isMark = role == Qt::CheckStateRole;
+    if (node == nullptr || (!isMark && role != Qt::EditRole)) {
         return false;
     }
-    node->isChecked = value.toInt() == Qt::Checked;
-    emit dataChanged(index, index, {Qt::CheckStateRole});
+    if (isMark) {
+        node->isChecked = value.toInt() == Qt::Checked;
+    } else {
+        node->setText(value.toString());
+    }
+    emit dataChanged(index, index, {role});
     return true;
 }
 

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    // Takes check marks alone: renaming is the business of whoever shows the tree.
+    // Takes check marks, and other texts for the nodes; no folder is renamed.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
 private:

@@ -21,6 +21,18 @@ QString TreeNode::key() const
     return ownKey;
 }
 
+void TreeNode::setText(const QString& newText)
+{
+    keepKey();
+    text = newText;
+}
+
+void TreeNode::keepKey()
+{
+    ownKey = key();
+    keyKind = NodeKey::Own;
+}
+
 TreeNode* TreeNode::nextSibling() const
 {
     if (parent == nullptr) {

@@ -38,6 +38,10 @@ struct TreeNode {
     // Itself and all nodes below it.
     [[nodiscard]] int countAll() const;
 
+    // These leave the key as it is, under another text or another parent.
+    void setText(const QString& newText);
+    void keepKey();
+
     QString text = {};
     QString ownKey = {};
     TreeNode* parent = nullptr;

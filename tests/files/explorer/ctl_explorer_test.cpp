@@ -1,17 +1,11 @@
-#include "files/explorer/ctl_explorer.h"
-
-#include "files/explorer/fake_places.h"
+#include "files/explorer/explorer_events.h"
+#include "files/explorer/explorer_fixture.h"
 #include "support/fake_dialogs.h"
-#include "support/temp_tree.h"
 
-#include <QLineEdit>
 #include <QMetaMethod>
-#include <QTest>
-#include <gtest/gtest.h>
-#include <optional>
 
-using files::ExplorerProperties;
-using P = ExplorerProperties;
+using CtlExplorer = files::ExplorerFixture;
+using P = files::ExplorerProperties;
 
 namespace {
 
@@ -20,79 +14,6 @@ std::string plainSignature(QByteArray signature)
 {
     return signature.replace("qint16", "short").replace("qint32", "int").toStdString();
 }
-
-// Explorers over the folder "d" of a temporary tree, which is their one drive.
-class CtlExplorer : public testing::Test {
-protected:
-    CtlExplorer()
-    {
-        places.driveList = {{disk.path("d"), platform::DriveType::Fixed, "Data", "", true}};
-        bag.write("Path", disk.path("d"), "");
-    }
-
-    void make(int style)
-    {
-        bag.write("Style", style, 0);
-        made.emplace(nullptr, bag, places);
-        explorer().resize(400, 600);
-        explorer().show();
-        log.clear();
-        connectAll();
-    }
-    ctlExplorer& explorer() { return *made; }
-    QTreeView& view(const char* name) { return *explorer().findChild<QTreeView*>(name); }
-
-    void connectAll()
-    {
-        const auto note = [this](const char* event) {
-            return [this, event](auto... arguments) {
-                QStringList line = {event};
-                (line.append(QVariant(arguments).toString()), ...);
-                log.append(line.join(u' '));
-            };
-        };
-        ctlExplorer& e = explorer();
-        QObject::connect(&e, &ctlExplorer::Change, &e, note("Change"));
-        QObject::connect(&e, &ctlExplorer::Click, &e, note("Click"));
-        QObject::connect(&e, &ctlExplorer::DblClick, &e, note("DblClick"));
-        QObject::connect(&e, &ctlExplorer::FolderCheck, &e, note("FolderCheck"));
-        QObject::connect(&e, &ctlExplorer::FolderClick, &e, note("FolderClick"));
-        QObject::connect(&e, &ctlExplorer::FolderDblClick, &e, note("FolderDblClick"));
-        QObject::connect(&e, &ctlExplorer::FolderExpand, &e, note("FolderExpand"));
-        QObject::connect(&e, &ctlExplorer::FolderCollapse, &e, note("FolderCollapse"));
-        QObject::connect(&e, &ctlExplorer::FileCheck, &e, note("FileCheck"));
-        QObject::connect(&e, &ctlExplorer::FileClick, &e, note("FileClick"));
-        QObject::connect(&e, &ctlExplorer::FileDblClick, &e, note("FileDblClick"));
-        QObject::connect(&e, &ctlExplorer::RootClick, &e, note("RootClick"));
-        QObject::connect(&e, &ctlExplorer::RootDblClick, &e, note("RootDblClick"));
-        QObject::connect(&e, &ctlExplorer::RootCheck, &e, note("RootCheck"));
-        QObject::connect(&e, &ctlExplorer::ColumnClick, &e, note("ColumnClick"));
-    }
-
-    static void click(QTreeView& view, const QModelIndex& index)
-    {
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
-    }
-    static void doubleClick(QTreeView& view, const QModelIndex& index)
-    {
-        const QPoint place = view.visualRect(index).center();
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, place);
-    }
-    QModelIndex driveIndex()
-    {
-        const QAbstractItemModel& model = *view("TreeView1").model();
-        return model.index(0, 0, model.index(0, 0, model.index(0, 0)));
-    }
-    QModelIndex item(int row) { return view("ListView1").model()->index(row, 0); }
-
-    support::TempTree disk =
-        support::TempTree({{"d/a/x/", ""}, {"d/b/", ""}, {"d/one.jpg", ""}, {"d/two.txt", ""}});
-    files::FakePlaces places;
-    core::PropertyBag bag;
-    std::optional<ctlExplorer> made;
-    QStringList log;
-};
 
 } // namespace
 
@@ -352,30 +273,6 @@ TEST_F(CtlExplorer, KeepsItsProperties)
     EXPECT_EQ(kept.read("Style", 0), 1);
     EXPECT_EQ(kept.read("Path", ""), disk.path("d"));
     EXPECT_EQ(kept.values().size(), 3U);
-}
-
-TEST_F(CtlExplorer, LeavesRenamingToWhoeverListens)
-{
-    make(1);
-    qint16 refusal = 1;
-    QStringList names;
-    QObject::connect(&explorer(), &ctlExplorer::BeforeRename, &explorer(),
-                     [&](qint16* cancel) { *cancel = refusal; });
-    QObject::connect(&explorer(), &ctlExplorer::AfterRename, &explorer(),
-                     [&](qint16* /*cancel*/, const QString& name) { names.append(name); });
-    QTreeView& list = view("ListView1");
-    list.edit(item(2));
-    EXPECT_EQ(list.findChild<QLineEdit*>(), nullptr);
-    refusal = 0;
-    list.edit(item(2));
-    auto* const field = list.findChild<QLineEdit*>();
-    ASSERT_NE(field, nullptr);
-    field->setText("new.jpg");
-    QTest::keyClick(field, Qt::Key_Return);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(names, QStringList({"new.jpg"}));
-    EXPECT_EQ(item(2).data(), "one.jpg");
-    EXPECT_TRUE(disk.exists("d/one.jpg"));
 }
 
 TEST_F(CtlExplorer, PassesKeysAndThePointerOn)

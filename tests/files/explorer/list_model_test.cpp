@@ -73,8 +73,27 @@ TEST_F(ListModelTest, TakesCheckMarksWhereThereAreBoxes)
     EXPECT_TRUE(model.setData(model.index(1, 0), Qt::Checked, Qt::CheckStateRole));
     EXPECT_EQ(at(1, 0, Qt::CheckStateRole), static_cast<int>(Qt::Checked));
     EXPECT_TRUE(model.rows().isChecked(1));
-    EXPECT_FALSE(model.setData(model.index(1, 0), "name", Qt::EditRole));
     EXPECT_FALSE(model.setData(model.index(1, 1), Qt::Checked, Qt::CheckStateRole));
+}
+
+TEST_F(ListModelTest, ShowsALineUnderAnotherTextThatKeepsItsKey)
+{
+    const QVariant key = at(2, 0, files::KeyRole);
+    EXPECT_TRUE(model.setData(model.index(2, 0), "name.txt", Qt::EditRole));
+    EXPECT_EQ(at(2, 0, Qt::DisplayRole), "name.txt");
+    EXPECT_EQ(at(2, 0, files::KeyRole), key);
+    EXPECT_EQ(at(2, 2, Qt::DisplayRole), files::fileType("z.jpg"));
+    EXPECT_EQ(at(2, 0, files::PictureRole), static_cast<int>(ImageRole::Picture));
+    EXPECT_EQ(model.rows().indexOf(key.toString()), 2);
+    EXPECT_FALSE(model.setData(model.index(2, 1), "1", Qt::EditRole));
+}
+
+TEST_F(ListModelTest, SelectsTheNameAloneOrTheWholeRow)
+{
+    EXPECT_TRUE(model.flags(model.index(0, 0)).testFlag(Qt::ItemIsSelectable));
+    EXPECT_FALSE(model.flags(model.index(0, 1)).testFlag(Qt::ItemIsSelectable));
+    model.setFullRows(true);
+    EXPECT_TRUE(model.flags(model.index(0, 1)).testFlag(Qt::ItemIsSelectable));
 }
 
 TEST_F(ListModelTest, TakesIndexesAlongWhenItSorts)
