@@ -124,9 +124,11 @@ void CaptureStart::showFrozen(const platform::FrozenDesktop& frozen)
     }
 }
 
+// On Wayland no program can undo that a window was minimised, but it can show the window anew.
 void CaptureStart::comeBack()
 {
     if (m_leaving != nullptr) {
+        m_leaving->hide();
         m_leaving->setWindowState(m_leaving->windowState() & ~Qt::WindowMinimized);
         m_leaving->show();
         m_leaving->activateWindow();
