@@ -675,6 +675,8 @@ TEST_F(CommandsTest, DeleteShowsThePictureAndPresetsNo)
         const platform::Subject& folder = program.dialogs.subjects[1];
         EXPECT_FALSE(folder.picture.isNull());
         EXPECT_EQ(folder.facts, QStringLiteral("3 files"));
+        EXPECT_TRUE(
+            program.dialogs.boxes[1].text.contains("\"" + program.tree.path("albums") + "\""));
         EXPECT_TRUE(program.dialogs.subjects[2].picture.isNull());
         for (const platform::Subject& subject : program.dialogs.subjects) {
             EXPECT_EQ(subject.preset, platform::Answer::No);

@@ -1,6 +1,7 @@
 #include "platform/os/trash.h"
 
 #include "platform/os/paths.h"
+#include "support/ordinary_user.h"
 #include "support/temp_tree.h"
 
 #include <QRegularExpression>
@@ -89,6 +90,28 @@ TEST(Trash, LeavesTheFileWhereItCantBeMoved)
     EXPECT_EQ(tree.content("a"), "1");
     EXPECT_TRUE(std::filesystem::is_empty(tree.native("t/info")));
     EXPECT_FALSE(platform::trashFile("/proc/version"));
+}
+
+TEST(Trash, LeavesTheFileWhereTheTrashOrItsFolderIsReadOnly)
+{
+    const TempTree tree({{"open/a", "1"}, {"locked/b", "2"}, {"data/Trash/files/", ""}});
+    for (const char* const folder : {".", "open", "data", "data/Trash", "data/Trash/files"}) {
+        std::filesystem::permissions(tree.native(folder), std::filesystem::perms::all);
+    }
+    std::filesystem::permissions(tree.native("locked"), std::filesystem::perms(0555));
+    {
+        const support::OrdinaryUser user;
+        EXPECT_FALSE(platform::trashFile(tree.path("locked/b")));
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(tree.native("data/Trash/info")));
+    std::filesystem::permissions(tree.native("data/Trash/files"), std::filesystem::perms(0555));
+    {
+        const support::OrdinaryUser user;
+        EXPECT_FALSE(platform::trashFile(tree.path("open/a")));
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(tree.native("data/Trash/info")));
+    EXPECT_EQ(tree.content("open/a"), "1");
+    EXPECT_EQ(tree.content("locked/b"), "2");
 }
 
 TEST(Trash, NamesFilesOfOtherFileSystemsByTheirTopFolder)
