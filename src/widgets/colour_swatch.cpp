@@ -9,6 +9,15 @@
 namespace {
 
 constexpr double kDisabledOpacity = 0.3;
+constexpr float kEdgeShare = 0.4F; // of the text's colour over the window's
+
+// Between window and text, so that a field as dark or as light as the window stands out from it.
+QColor edgeColour(const QPalette& palette)
+{
+    QColor edge = palette.color(QPalette::WindowText);
+    edge.setAlphaF(kEdgeShare);
+    return edge;
+}
 
 // The child that carries the colour; it frames itself while the control has the focus.
 class ColourField : public QWidget {
@@ -28,7 +37,7 @@ protected:
         QPainter painter(this);
         painter.setOpacity(isEnabled() ? 1.0 : kDisabledOpacity);
         painter.fillRect(rect(), colour);
-        painter.setPen(palette().color(QPalette::Mid));
+        painter.setPen(edgeColour(palette()));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
         if (m_control.hasFocus()) {
             painter.setPen(QPen(widgets::legibleOn(colour), 1, Qt::DotLine));

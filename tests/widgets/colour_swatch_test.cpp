@@ -4,7 +4,9 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <utility>
 
 TEST(ColourSwatch, StartsWhiteAndShowsItsColour)
 {
@@ -14,6 +16,24 @@ TEST(ColourSwatch, StartsWhiteAndShowsItsColour)
     swatch.setColor(base::rgb(82, 109, 220));
     EXPECT_EQ(swatch.grab().toImage().pixelColor(20, 10), QColor(82, 109, 220));
     EXPECT_EQ(swatch.findChild<QWidget*>("picColor")->size(), QSize(40, 20));
+}
+
+TEST(ColourSwatch, StandsOutFromAWindowOfItsColour)
+{
+    for (const auto& [window, text] : {std::pair(0x202428U, 0xF0F0F0U), {0xF0F0F0U, 0x202428U}}) {
+        AASelectColor swatch;
+        swatch.resize(40, 20);
+        QPalette palette;
+        palette.setColor(QPalette::Window, QRgb(0xFF000000U | window));
+        palette.setColor(QPalette::Mid, QRgb(0xFF000000U | window)); // as dark schemes have it
+        palette.setColor(QPalette::WindowText, QRgb(0xFF000000U | text));
+        swatch.setPalette(palette);
+        swatch.setColor(window);
+        const QImage shown = swatch.grab().toImage();
+        const int inside = shown.pixelColor(20, 10).lightness();
+        EXPECT_GT(std::abs(shown.pixelColor(20, 0).lightness() - inside), 40);
+        EXPECT_GT(std::abs(shown.pixelColor(0, 10).lightness() - inside), 40);
+    }
 }
 
 TEST(ColourSwatch, PalesWhereItCantBeChosen)
