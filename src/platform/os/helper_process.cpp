@@ -16,6 +16,7 @@
 #include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -37,10 +38,39 @@ Pipe makePipe()
     return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
+constexpr const char* kNowhere = "/dev/null";
+
+// The program and its arguments, as it is told them.
+std::vector<std::string> lineOf(const HelperCall& call)
+{
+    std::vector<std::string> texts = {toNative(call.program)};
+    for (const QString& argument : call.arguments) {
+        texts.push_back(toNative(argument));
+    }
+    return texts;
+}
+
+std::vector<char*> pointersTo(std::vector<std::string>& texts)
+{
+    std::vector<char*> pointers;
+    for (std::string& text : texts) {
+        pointers.push_back(text.data());
+    }
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+bool addInput(posix_spawn_file_actions_t& actions, int input)
+{
+    return input >= 0 ? ::posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO) == 0
+                      : ::posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, kNowhere,
+                                                           O_RDONLY, 0) == 0;
+}
+
 // A started process, which is gone at the latest when this is.
 class Child {
 public:
-    Child(const QString& program, int input, int output) { start(program, input, output); }
+    Child(const HelperCall& call, int output) { start(call, output); }
     ~Child()
     {
         if (m_pid > 0) {
@@ -56,28 +86,27 @@ public:
     [[nodiscard]] std::optional<int> statusBefore(Clock::time_point end);
 
 private:
-    void start(const QString& program, int input, int output);
+    void start(const HelperCall& call, int output);
     // The status once it has ended.
     std::optional<int> waitFor(int options);
 
     pid_t m_pid = 0;
 };
 
-void Child::start(const QString& program, int input, int output)
+void Child::start(const HelperCall& call, int output)
 {
-    std::string path = toNative(program);
-    std::array<char*, 2> arguments = {path.data(), nullptr};
+    std::vector<std::string> texts = lineOf(call);
     posix_spawn_file_actions_t actions;
     if (::posix_spawn_file_actions_init(&actions) != 0) {
         return;
     }
     pid_t pid = 0;
     const bool started =
-        ::posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO) == 0 &&
+        addInput(actions, call.input) &&
         ::posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO) == 0 &&
-        ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0) ==
-            0 &&
-        ::posix_spawn(&pid, path.c_str(), &actions, nullptr, arguments.data(), environ) == 0;
+        ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, kNowhere, O_WRONLY, 0) == 0 &&
+        ::posix_spawn(&pid, texts.front().c_str(), &actions, nullptr, pointersTo(texts).data(),
+                      environ) == 0;
     ::posix_spawn_file_actions_destroy(&actions);
     m_pid = started ? pid : 0;
 }
@@ -174,7 +203,7 @@ HelperAnswer helperAnswer(const HelperCall& call)
     if (!output.reading.isOpen() || call.program.contains(QChar(u'\0'))) {
         return {};
     }
-    Child child(call.program, call.input, output.writing.get());
+    Child child(call, output.writing.get());
     // Only the helper's end may keep the pipe open.
     output.writing.reset();
     if (!child.isStarted()) {

@@ -2,15 +2,18 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <chrono>
 
 namespace platform {
 
 struct HelperCall {
     QString program;
-    int input = -1; // descriptor that becomes the helper's standard input
+    int input =
+        -1; // descriptor that becomes the helper's standard input; below 0: it reads nothing
     qint64 mostOutput = 0;
     std::chrono::milliseconds patience{0};
+    QStringList arguments = {};
 };
 
 enum class HelperEnd {

@@ -57,7 +57,7 @@ QString decideAppPath()
     if (isWritable && holdsDeliveredFiles(program)) {
         return program;
     }
-    return joinPath(userDataFolder(), QStringLiteral("vistara"));
+    return ownDataFolder();
 }
 
 // Where the delivered files stand; "" when they aren't found.
@@ -222,6 +222,11 @@ QString userDataFolder()
 QString userConfigFolder()
 {
     return userFolder("XDG_CONFIG_HOME", ".config");
+}
+
+QString ownDataFolder()
+{
+    return joinPath(userDataFolder(), QStringLiteral("vistara"));
 }
 
 QString drivePrefix(const QString& path)

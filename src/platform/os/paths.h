@@ -67,6 +67,7 @@ QString picturesFolder(); // the home folder where there is none
 // The user's folders for programs' data and settings ($XDG_DATA_HOME, $XDG_CONFIG_HOME).
 QString userDataFolder();
 QString userConfigFolder();
+QString ownDataFolder(); // this program's own in the first one
 
 // The part of a path that plays the role of a drive: the mount point under /media, /run/media/USER
 // or /mnt that holds the path, else the home folder if that holds it, else "".
