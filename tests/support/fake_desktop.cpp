@@ -39,4 +39,10 @@ bool FakeDesktop::moveToTrash(const QString& path)
     return succeeds;
 }
 
+bool FakeDesktop::setWallpaper(const QString& path, std::optional<platform::WallpaperStyle> style)
+{
+    wallpapers.push_back({path, style});
+    return succeeds;
+}
+
 } // namespace support

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "platform/desktop/wallpaper.h"
+
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 class QWidget;
 
@@ -16,8 +19,8 @@ public:
     [[nodiscard]] virtual int bitsPerPixel() const = 0;
 
     // Asks for a window, visible or not, to be maximised. False: the desktop answers later, by a
-    // state and a size, and may refuse. Without a window manager nobody answers, so the window takes
-    // the screen's area without panels at once.
+    // state and a size, and may refuse. Without a window manager nobody answers, so the window
+    // takes the screen's area without panels at once.
     virtual bool maximise(QWidget& window) = 0;
 
     // Opens a document or an address with the program that the user prefers for it.
@@ -31,6 +34,10 @@ public:
 
     // Moves a file or folder to the trash, without a question. False: it stays where it is.
     virtual bool moveToTrash(const QString& path) = 0;
+
+    // Shows a picture file behind all windows; without a style in the one that the desktop has.
+    // False: the desktop shows what it did, or doesn't say that it has changed.
+    virtual bool setWallpaper(const QString& path, std::optional<WallpaperStyle> style) = 0;
 };
 
 // The real desktop, or the one that a test put in its place.

@@ -59,4 +59,9 @@ bool QtDesktop::moveToTrash(const QString& path)
     return trashFile(path);
 }
 
+bool QtDesktop::setWallpaper(const QString& path, std::optional<WallpaperStyle> style)
+{
+    return showWallpaper({path, style});
+}
+
 } // namespace platform

@@ -13,6 +13,7 @@ public:
     bool startProgram(const QString& path, const QStringList& arguments) override;
     void showProperties(const QString& path, QWidget* parent) override;
     bool moveToTrash(const QString& path) override;
+    bool setWallpaper(const QString& path, std::optional<WallpaperStyle> style) override;
 };
 
 } // namespace platform
