@@ -27,6 +27,7 @@ struct State {
     bool FrameWindowOpen = false; // the frame composer is open
     bool BrowserOpen = false;     // the web window is open
     bool ResizeCancelled = false; // Form4 was left without a new size
+    QString CommandLineFile;      // named last on the command line; nobody acts upon it
 
     // The one record that all readers fill; it is not cleared between files.
     RawImage rawImage;

@@ -1,5 +1,6 @@
 #include "shell/program.h"
 
+#include "acquire/wallpaper.h"
 #include "acquire/windows.h"
 #include "core/constants.h"
 #include "core/services.h"
@@ -182,6 +183,7 @@ void runProgram(const StepWatcher& watcher)
 {
     static FileConfigStore config;
     core::services().config = &config;
+    core::services().setWallpaper = &acquire::setWallpaper;
     registerWindows();
     connectReaders();
 

@@ -307,6 +307,27 @@ TEST_F(CommandsTest, StartTheSeparateEditorFromEachOfItsEntries)
     });
 }
 
+TEST_F(CommandsTest, MakeThePictureTheWallpaperInTheirStyles)
+{
+    program.run([this](Form1& form) {
+        using enum platform::WallpaperStyle;
+        const QString file = program.tree.path("data/vistara/Kestrin Wallpaper.bmp");
+        showPicture(form, program.picture("a.bmp"));
+        for (const char* const menu : {"CmdWall", "CmdWall2"}) {
+            program.desktop.wallpapers.clear();
+            for (const int index : {0, 1, 2}) {
+                RunningProgram::trigger(form, menu, index);
+            }
+            EXPECT_EQ(program.desktop.wallpapers,
+                      std::vector<support::FakeDesktop::Wallpaper>(
+                          {{file, Center}, {file, Tile}, {file, Stretch}}))
+                << menu;
+        }
+        EXPECT_EQ(platform::loadPicture(file)->width(), shownWidth(form));
+        EXPECT_TRUE(program.dialogs.boxes.empty());
+    });
+}
+
 TEST_F(CommandsTest, OpenTheListsInTheirModes)
 {
     program.run([this](Form1& form) {
