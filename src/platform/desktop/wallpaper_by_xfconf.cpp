@@ -41,10 +41,11 @@ bool isPicture(const QString& property)
     return name == kPictureName || name == kOldPictureName;
 }
 
-QStringList picturesAmong(const QDBusMessage& allProperties)
+// The pictures stored, by their properties.
+QVariantMap picturesAmong(const QDBusMessage& allProperties)
 {
-    QStringList pictures = qdbus_cast<QVariantMap>(allProperties.arguments().value(0)).keys();
-    pictures.removeIf([](const QString& property) { return !isPicture(property); });
+    QVariantMap pictures = qdbus_cast<QVariantMap>(allProperties.arguments().value(0));
+    pictures.removeIf([](const auto& property) { return !isPicture(property.key()); });
     return pictures;
 }
 
@@ -55,25 +56,35 @@ bool isAnswer(const QDBusMessage& answer)
 }
 
 // On a desktop that has its first wallpaper still: what it stores for its screens.
-QStringList picturesOfTheScreens()
+QVariantMap picturesOfTheScreens()
 {
-    QStringList pictures;
+    QVariantMap pictures;
     for (const QScreen* const screen : QGuiApplication::screens()) {
-        pictures.append(
+        pictures.insert(
             QStringLiteral("/backdrop/screen0/monitor%1/workspace0/").arg(screen->name()) +
-            kPictureName);
+                kPictureName,
+            QString());
     }
     return pictures;
 }
 
-QList<QDBusMessage> callsFor(const QString& property, const WallpaperRequest& request)
+// The service tells of a value when it has nothing else to do, and of the last one alone. So each
+// picture in the same file gets another spelling of its path than the one before.
+QString otherThan(const QString& current, const QString& path)
 {
-    QList<QDBusMessage> calls = {setCall(property, QString())};
+    return current == path ? joinPath(folderOf(path), QStringLiteral("./") + fileNameOf(path))
+                           : path;
+}
+
+QList<QDBusMessage> callsFor(const QString& property, const QString& current,
+                             const WallpaperRequest& request)
+{
+    QList<QDBusMessage> calls;
     if (request.style) {
         calls.append(
             setCall(joinPath(folderOf(property), kStyleName), namesOf(*request.style).xfconf));
     }
-    calls.append(setCall(property, request.path));
+    calls.append(setCall(property, otherThan(current, request.path)));
     return calls;
 }
 
@@ -86,13 +97,13 @@ bool showOnXfce(const WallpaperRequest& request)
     if (!isAnswer(all)) {
         return false;
     }
-    QStringList pictures = picturesAmong(all);
+    QVariantMap pictures = picturesAmong(all);
     if (pictures.isEmpty()) {
         pictures = picturesOfTheScreens();
     }
     QList<QDBusMessage> calls;
-    for (const QString& property : pictures) {
-        calls += callsFor(property, request);
+    for (auto picture = pictures.cbegin(); picture != pictures.cend(); ++picture) {
+        calls += callsFor(picture.key(), picture.value().toString(), request);
     }
     const QList<QDBusMessage> answers = answersOnBus(calls);
     return !answers.isEmpty() && isGood(answers.last());
