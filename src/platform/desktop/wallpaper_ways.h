@@ -4,7 +4,7 @@
 
 // One way for each kind of desktop. False: it hasn't taken the picture. A desktop that looks only
 // at the picture's address takes no notice of another picture in the same file, so it is given no
-// picture first.
+// picture first, or another spelling of the path.
 namespace platform {
 
 bool showOnGnome(const WallpaperRequest& request); // and whoever shares its settings
