@@ -62,6 +62,9 @@ public:
     // Whoever listens may take the control away.
     void pressTile(int row);
     void doubleClickTile();
+    // Presses the tile that a key (of Qt::Key) leads to; false where it leads to none. The control
+    // itself listens to the pointer only, so its host passes the keys on.
+    bool pressTileByKey(int key);
     // The row of the tile pressed last since the folder was shown, -1 for none.
     [[nodiscard]] int selectedTile() const;
     // The rows of the files that have their tile, ascending.

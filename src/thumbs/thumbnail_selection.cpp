@@ -1,6 +1,7 @@
 #include "thumbs/accessible_tiles.h"
 #include "thumbs/page_viewport.h"
 #include "thumbs/thumbnail_list.h"
+#include "thumbs/tile_keys.h"
 
 #include <QPointer>
 #include <QScrollBar>
@@ -48,6 +49,16 @@ void ThumbNailList::pressTile(int row)
 void ThumbNailList::doubleClickTile()
 {
     doubleClickPage(m_selection.page);
+}
+
+bool ThumbNailList::pressTileByKey(int key)
+{
+    const auto tile =
+        thumbs::tileAfterKey(key, selectedTile(), {tiles(), grid().columns, grid().tilesPerPage()});
+    if (tile) {
+        pressTile(*tile);
+    }
+    return tile.has_value();
 }
 
 int ThumbNailList::selectedTile() const

@@ -11,7 +11,6 @@
 #include "platform/pictures/picture_box.h"
 #include "platform/pictures/picture_loader.h"
 #include "thumbs/pane/browser_pane.h"
-#include "thumbs/pane/tile_keys.h"
 #include "thumbs/thumbnail_list.h"
 #include "viewer/own_format_show.h"
 
@@ -83,13 +82,7 @@ bool frmThumbnaillist::actOnTileKey(const QKeyEvent& event)
         }
         return true;
     }
-    const thumbs::TileGrid& grid = m_list->grid();
-    const auto tile =
-        thumbs::tileAfterKey(key, selected, {m_list->tiles(), grid.columns, grid.tilesPerPage()});
-    if (tile) {
-        m_list->pressTile(*tile);
-    }
-    return tile.has_value();
+    return m_list->pressTileByKey(key);
 }
 
 // A tile was clicked: its picture goes to the viewer, and the list steps on from there. A file that

@@ -1,4 +1,4 @@
-#include "thumbs/pane/tile_keys.h"
+#include "thumbs/tile_keys.h"
 
 #include <Qt>
 #include <algorithm>

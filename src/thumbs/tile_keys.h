@@ -5,8 +5,7 @@
 #include <optional>
 #include <span>
 
-// Where keys take the selection among the tiles, as plain numbers. The control itself knows the
-// pointer only; its host turns keys into presses on tiles.
+// Where keys take the selection among the tiles, as plain numbers.
 namespace thumbs {
 
 struct TileShelf {
