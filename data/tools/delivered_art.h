@@ -9,6 +9,7 @@ struct Folders {
     std::filesystem::path art;
     std::filesystem::path images;
     std::filesystem::path samples;
+    std::filesystem::path frames;
 };
 
 // Toolbar pictures, as name.png, name@2x.png and name@3x.png.

@@ -1,4 +1,5 @@
 #include "delivered_art.h"
+#include "delivered_frames.h"
 #include "delivered_samples.h"
 
 #include <QGuiApplication>
@@ -16,10 +17,10 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     const std::filesystem::path home(argv[2]);
-    const tools::Folders folders{argv[1], home / "Images", home / "Samples"};
+    const tools::Folders folders{argv[1], home / "Images", home / "Samples", home / "Frame"};
     const bool done = tools::deliverToolbar(folders) && tools::deliverExplorer(folders) &&
                       tools::deliverIcons(folders) && tools::deliverCursors(folders) &&
                       tools::deliverScenes(folders) && tools::deliverClip(folders) &&
-                      tools::deliverSamples(folders);
+                      tools::deliverSamples(folders) && tools::deliverFrames(folders);
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -21,6 +21,11 @@ inline std::filesystem::path sample(const std::string& name)
     return std::filesystem::path(PROGRAM_FOLDER) / "Samples" / name;
 }
 
+inline std::filesystem::path frame(const std::string& name)
+{
+    return std::filesystem::path(PROGRAM_FOLDER) / "Frame" / name;
+}
+
 // Empty when the file is missing.
 inline std::vector<std::byte> bytesOf(const std::filesystem::path& path)
 {
