@@ -1,5 +1,6 @@
 #include "widgets/slider.h"
 
+#include "base/numbers.h"
 #include "widgets/button_surface.h"
 #include "widgets/colour_conversion.h"
 #include "widgets/slider_accessible.h"
@@ -174,9 +175,8 @@ void cpvSlider::drag(QPointF pointer)
 {
     const widgets::SliderScale scale = this->scale();
     const double wished = isLying() ? pointer.x() - m_grabX : pointer.y() - m_grabY;
-    const int position =
-        static_cast<int>(std::clamp(wished, 0.0, static_cast<double>(scale.travel)));
-    moveKnob(position);
+    const double position = std::clamp(wished, 0.0, static_cast<double>(scale.travel));
+    moveKnob(static_cast<int>(base::roundHalfEven(position)));
     if (m_tip != nullptr && m_tip->isVisible()) {
         showTip();
     }

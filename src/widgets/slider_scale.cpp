@@ -19,13 +19,13 @@ int SliderScale::knobPosition(int value) const
     return axis == SliderAxis::Vertical ? travel - position : position;
 }
 
-int SliderScale::valueAt(int position) const
+int SliderScale::valueAt(double position) const
 {
     if (travel <= 0) {
         return minimum;
     }
-    const int inside = std::clamp(position, 0, travel);
-    const int fromMinimum = axis == SliderAxis::Vertical ? travel - inside : inside;
+    const double inside = std::clamp(position, 0.0, static_cast<double>(travel));
+    const double fromMinimum = axis == SliderAxis::Vertical ? travel - inside : inside;
     const double range = static_cast<double>(maximum) - minimum;
     return static_cast<int>(base::roundHalfEven(minimum + range * fromMinimum / travel));
 }

@@ -16,8 +16,9 @@ struct SliderScale {
     // top. A value outside the scale is at its end.
     [[nodiscard]] int knobPosition(int value) const;
 
-    // Rounded to the nearest value, halves to the even one. Without travel it is the minimum.
-    [[nodiscard]] int valueAt(int position) const;
+    // Rounded to the nearest value, halves to the even one; a place may lie between two pixels.
+    // Without travel it is the minimum.
+    [[nodiscard]] int valueAt(double position) const;
 };
 
 } // namespace widgets

@@ -192,6 +192,41 @@ TEST_F(SliderTest, KeepsTheDraggedKnobBetweenValues)
     release({8, 102});
 }
 
+// The middle of a knob with an odd length lies between two pixels.
+TEST_F(SliderTest, PlacesAnOddKnobFromTheHalfPixel)
+{
+    m_slider.setSliderIcon(plain({11, 11}, Qt::darkRed));
+    m_slider.setOrientation(0);
+    m_slider.resize(111, 20);
+    ASSERT_EQ(m_slider.setMax(200), PropertyError::None);
+    press({20, 10}); // at 14.5 of the travel
+    EXPECT_EQ(m_slider.knobRectangle().left(), 14);
+    EXPECT_EQ(m_slider.Value(), 29);
+    moveTo({21, 10});
+    EXPECT_EQ(m_slider.knobRectangle().left(), 16);
+    EXPECT_EQ(m_slider.Value(), 31);
+    release({21, 10});
+}
+
+TEST_F(SliderTest, ShowsTheValueThatIsSetDuringADrag)
+{
+    press({10, 35});
+    ASSERT_EQ(m_slider.setValue(2), PropertyError::None);
+    EXPECT_EQ(m_slider.valueTip()->text(), "2");
+    EXPECT_EQ(m_slider.knobRectangle().top(), 30); // the hand has it
+    release({10, 35});
+}
+
+TEST_F(SliderTest, EndsADragByAnyButton)
+{
+    press({10, 35});
+    m_log.clear();
+    release({10, 35}, Qt::RightButton);
+    EXPECT_EQ(m_log, QStringList({"Up"}));
+    EXPECT_FALSE(m_slider.isDragging());
+    EXPECT_FALSE(isTipShown());
+}
+
 TEST_F(SliderTest, ClicksOnlyWhenReleasedInside)
 {
     press({8, 105});
