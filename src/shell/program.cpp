@@ -8,6 +8,7 @@
 #include "core/window_registry.h"
 #include "core/work_area.h"
 #include "core/working_files.h"
+#include "editing/frames/windows.h"
 #include "editing/windows.h"
 #include "files/explorer/folder_tree.h"
 #include "files/favourite_window.h"
@@ -166,6 +167,7 @@ void registerWindows()
     windows.add(core::Window::Form5rf, [] { return new Form5rf; });
     windows.add(core::Window::Movefile, [] { return new Movefile; });
     editing::registerWindows();
+    frames::registerWindows();
     acquire::registerWindows();
     preferences::registerWindows();
 }

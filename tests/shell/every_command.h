@@ -30,5 +30,5 @@ inline constexpr std::array kLaterWindows{
     core::Window::FlashP,        core::Window::MpegForm,      core::Window::FrmBrowser,
     core::Window::frmWebRelease, core::Window::frmMailSender, core::Window::Acquire,
     core::Window::frmTemp,       core::Window::frmCapture,    core::Window::frmCaputreN,
-    core::Window::FrmFind,       core::Window::FrmBord,
+    core::Window::FrmFind,
 };
