@@ -137,6 +137,45 @@ protected:
     }
 };
 
+TEST_F(Editing, FramesThePictureByKeysAndTakesTheFrameOffAgain)
+{
+    constexpr int kThickness = 5;
+    constexpr int kStrip = 4; // of the picture, beyond the frame
+    const QSize upper(kHalf.width() - kThickness, kHalf.height() - kThickness);
+    const QSize lower(kHalf.width() - kThickness, kHalf.height());
+    DesktopSession session;
+    ASSERT_TRUE(session.isUp());
+    const WindowParts parts(session.inside());
+    openByPath(session, tree.path("two.bmp"));
+    ASSERT_TRUE(halvesAppear(parts, kRed, kBlue, kHalf));
+    session.click(parts.viewer().center());
+    // The third entry from the end; the first one has the mark.
+    session.keys({QStringLiteral("alt+e"), QStringLiteral("Up"), QStringLiteral("Up"),
+                  QStringLiteral("Up"), QStringLiteral("Return")});
+    ASSERT_TRUE(session.windowOpens(QStringLiteral("Frame")));
+    EXPECT_TRUE(waitUntil([&session] { // the page is made meanwhile
+        session.key(QStringLiteral("Home"));
+        return showsText(screen(), screen().rect(), QStringLiteral("Oak"));
+    }));
+    session.keys({QStringLiteral("Tab"), QStringLiteral("Home"), QStringLiteral("alt+p")});
+    EXPECT_TRUE(textAppears(screen().rect(), QString::number(kThickness)));
+    session.key(QStringLiteral("alt+a"));
+    ASSERT_TRUE(session.dialogsAreClosed());
+
+    EXPECT_TRUE(colourAppears(parts.viewer(), kRed, upper));
+    EXPECT_TRUE(colourAppears(parts.viewer(), kBlue, lower));
+    const QImage framed = pixelsOf(tree.path("app/temp.bmp"));
+    ASSERT_EQ(framed.size(), QSize(kHalf.width(), 2 * kHalf.height()));
+    const int right = kHalf.width() - kThickness - kStrip;
+    for (const QPoint place : {QPoint(0, 0), QPoint(right, 0), QPoint(2, 60), QPoint(right, 60)}) {
+        EXPECT_NE(framed.pixelColor(place), QColor(kRed)) << place.x() << ", " << place.y();
+    }
+    EXPECT_EQ(framed.pixelColor(right + kThickness, 60), QColor(kRed));
+    session.key(QStringLiteral("z"));
+    EXPECT_TRUE(halvesAppear(parts, kRed, kBlue, kHalf));
+    EXPECT_EQ(session.close(), 0);
+}
+
 TEST_F(Editing, SavesWhatItMadeInAllFormatsAndShowsItAgain)
 {
     const QString bmp = tree.path("made.bmp");
