@@ -49,6 +49,12 @@ bool isOnScreen(const QWidget* window)
     return window != nullptr && window->isVisible() && !window->isMinimized();
 }
 
+void showActive(QWidget& window)
+{
+    window.show();
+    window.activateWindow();
+}
+
 CaptureStart::CaptureStart(Window which, QWidget* leaving, Leave leave)
     : QObject(qApp)
     , m_which(which)
@@ -116,9 +122,9 @@ void CaptureStart::showFrozen(const platform::FrozenDesktop& frozen)
     }
     core::windows().show(m_which);
     if (m_leaving != nullptr && m_leave == Leave::Hidden) {
-        connect(window, &QObject::destroyed, m_leaving, [leaving = m_leaving.data()] {
+        connect(window, &QObject::destroyed, m_leaving, [leaving = m_leaving] {
             if (!platform::isClosing()) {
-                leaving->show();
+                showActive(*leaving);
             }
         });
     }
@@ -130,8 +136,7 @@ void CaptureStart::comeBack()
     if (m_leaving != nullptr) {
         m_leaving->hide();
         m_leaving->setWindowState(m_leaving->windowState() & ~Qt::WindowMinimized);
-        m_leaving->show();
-        m_leaving->activateWindow();
+        showActive(*m_leaving);
     }
 }
 

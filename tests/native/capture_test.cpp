@@ -163,7 +163,7 @@ TEST_F(Capture, PicksColoursWithoutATray)
         const QString expected =
             QString::number(patchColour(320 / kPatch, 170 / kPatch) & 0xFFFFFF, 16).toUpper();
         EXPECT_EQ(QApplication::clipboard()->text(), expected.rightJustified(6, '0'));
-        EXPECT_TRUE(waitUntil([&] { return icon.isVisible(); }));
+        EXPECT_TRUE(waitUntil([&] { return icon.isVisible() && icon.isActiveWindow(); }));
     });
 }
 
