@@ -222,8 +222,10 @@ TEST_F(WallpaperOfXfce, IsToldToTheScreensWhereNothingIsStored)
 
 TEST_F(WallpaperOfXfce, ChangesForEachPictureInTheSameFile)
 {
+    ToldPictures pictures;
     store(kFirst + "last-image", "string", "/old.png");
-    const ToldPictures pictures;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !pictures.told.isEmpty(); }, kPatience));
+    pictures.told.clear();
     for (int shown = 1; shown <= 3; ++shown) {
         EXPECT_TRUE(shows());
         EXPECT_TRUE(QTest::qWaitFor([&] { return pictures.told.size() >= shown; }, kPatience));
