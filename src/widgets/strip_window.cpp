@@ -140,14 +140,35 @@ void StripWindow::enterFirstStop()
     }
 }
 
-void StripWindow::showEvent(QShowEvent* event)
+// Made with its size and place: a window that gets them later, while the window manager takes it
+// over, may be told that it is in a corner of the screen, where its popups would come up then.
+void StripWindow::setVisible(bool visible)
+{
+    if (visible) {
+        letButtonsTakeReturn();
+        ensurePolished();
+        layout()->activate();
+        if (!testAttribute(Qt::WA_Resized)) {
+            adjustSize();
+            setAttribute(Qt::WA_Resized, false);
+        }
+        placeInTheMiddle();
+    }
+    QWidget::setVisible(visible);
+}
+
+void StripWindow::placeInTheMiddle()
 {
     const QWidget* main = parentWidget();
-    if (main != nullptr && !testAttribute(Qt::WA_Moved)) {
-        const QRect area(isWindow() ? main->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0), main->size());
-        move(centredPlace(area, size(), isWindow() ? screen()->availableGeometry() : area));
+    if (main == nullptr || testAttribute(Qt::WA_Moved)) {
+        return;
     }
-    letButtonsTakeReturn();
+    const QRect area(isWindow() ? main->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0), main->size());
+    move(centredPlace(area, size(), isWindow() ? screen()->availableGeometry() : area));
+}
+
+void StripWindow::showEvent(QShowEvent* event)
+{
     if (isWindow()) {
         enterFirstStop();
     }

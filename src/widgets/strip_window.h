@@ -24,6 +24,8 @@ public:
     // The text of the strip and of the window.
     void setCaption(const QString& caption);
 
+    void setVisible(bool visible) override;
+
 protected:
     // Where the window's controls go, below the strip.
     [[nodiscard]] QVBoxLayout& content() { return *m_content; }
@@ -41,6 +43,7 @@ private:
 
     void enterFirstStop();
     void letButtonsTakeReturn();
+    void placeInTheMiddle();
 
     TitleStrip* m_strip = nullptr;
     QVBoxLayout* m_content = nullptr;

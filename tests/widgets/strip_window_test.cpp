@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace {
 
@@ -107,6 +108,35 @@ TEST(StripWindow, StandsInTheMiddleOfTheMainWindowUnlessItWasMoved)
     moved.move(7, 9);
     moved.show();
     EXPECT_EQ(moved.pos(), QPoint(7, 9));
+}
+
+// Where a window stands when the desktop first hears of it.
+class FirstPlace : public QObject {
+public:
+    std::optional<QRect> place;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::WinIdChange && !place) {
+            place = static_cast<QWidget*>(watched)->geometry();
+        }
+        return false;
+    }
+};
+
+TEST(StripWindow, HasItsPlaceBeforeTheDesktopTakesItOver)
+{
+    support::FakeMainWindow main;
+    QWidget area;
+    area.setGeometry(100, 50, 600, 400);
+    main.parentWindow = &area;
+    area.show();
+    OpenedWindow window;
+    FirstPlace first;
+    window.installEventFilter(&first);
+    window.show();
+    EXPECT_EQ(first.place, window.geometry());
+    EXPECT_EQ(window.geometry().center(), area.geometry().center());
 }
 
 TEST(StripWindow, PressesTheButtonThatHasTheFocusByReturn)
