@@ -1,5 +1,6 @@
 #include "acquire/windows.h"
 
+#include "acquire/acquire_window.h"
 #include "acquire/capture_icon_window.h"
 #include "acquire/capture_window.h"
 #include "acquire/colour_picker_window.h"
@@ -9,6 +10,7 @@ namespace acquire {
 
 void registerWindows()
 {
+    core::windows().add(core::Window::Acquire, [] { return new Acquire; });
     core::windows().add(core::Window::frmCapture, [] { return new frmCapture; });
     core::windows().add(core::Window::frmCaputreN, [] { return new frmCaputreN; });
     core::windows().add(core::Window::frmGetColor, [] { return new frmGetColor; });
