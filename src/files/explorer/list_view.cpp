@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kLargePicture = 32; // pixels
 constexpr int kSmallPicture = 16;
-constexpr int kPadding = 4;        // above, between and below the parts of a large icon
+constexpr int kPadding = 4;        // above and below the parts of a large icon
 constexpr int kLargeLetters = 18;  // of a name beside each other below an icon
 constexpr int kFewestLetters = 12; // beside a small one
 constexpr int kMostLetters = 40;
@@ -146,12 +146,13 @@ QSize ListView::cellSize() const
     return m_cell;
 }
 
+// With so little to spare that the style doesn't begin another line of the name.
 QSize ListView::largeCell() const
 {
     const int letters = fontMetrics().averageCharWidth() * kLargeLetters;
     const int lines = m_wrapsLabels ? kWrappedLines : 1;
     return {std::max(letters, kLargePicture * 2),
-            kLargePicture + fontMetrics().lineSpacing() * lines + kPadding * 3};
+            kLargePicture + fontMetrics().height() * lines + kPadding * 2};
 }
 
 // Of many names, some that stand evenly among them are measured.

@@ -5,8 +5,8 @@
 
 namespace files {
 
-// Lets a name be edited in its place. Whether it may be, and whether the new name is shown, is
-// decided elsewhere; no file is renamed.
+// Shows a name, and lets it be edited in its place. Whether it may be, and whether the new name is
+// shown, is decided elsewhere; no file is renamed.
 class RenameDelegate : public QStyledItemDelegate {
 public:
     using Begin = std::function<bool()>;                  // false: it isn't edited
@@ -14,6 +14,8 @@ public:
 
     RenameDelegate(Begin begin, End end, QObject* parent);
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model,

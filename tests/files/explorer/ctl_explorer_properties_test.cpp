@@ -102,9 +102,24 @@ TEST_F(CtlExplorerProperties, LabelWrapGivesNamesASecondLine)
     makeList(0);
     const int height = place(0).height();
     explorer().set(&P::LabelWrap, true);
-    EXPECT_EQ(place(0).height(), height + list().fontMetrics().lineSpacing());
+    EXPECT_EQ(place(0).height(), height + list().fontMetrics().height());
     explorer().set(&P::View, 1);
     EXPECT_LT(place(0).height(), height);
+}
+
+TEST_F(CtlExplorerProperties, LabelWrapCutsNoLineInHalf)
+{
+    disk.add({"d/a name of many short words that goes on over far more lines than it has.jpg"});
+    makeList(0);
+    explorer().set(&P::LabelWrap, true);
+    int row = 0;
+    while (list().model()->data(item(row)).toString().size() < 40) {
+        ++row;
+    }
+    const QImage shown = cell(place(row));
+    const QColor text = list().palette().color(QPalette::Text);
+    EXPECT_TRUE(hasColour(shown, text));
+    EXPECT_FALSE(hasColour(shown.copy(0, shown.height() - 2, shown.width(), 2), text));
 }
 
 TEST_F(CtlExplorerProperties, FontIsThatOfBothViews)
