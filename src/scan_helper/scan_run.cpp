@@ -31,11 +31,9 @@ ScanRun::ScanRun(const SaneLibrary& sane, SANE_Handle scanner, MessagePipe& pipe
 {
 }
 
-std::variant<ScanShape, ScanFailure> ScanRun::run()
+ScanRun::~ScanRun()
 {
-    const auto outcome = readFrames();
     m_sane.cancel(m_scanner);
-    return outcome;
 }
 
 SANE_Status ScanRun::beginFrame()
@@ -64,7 +62,7 @@ void ScanRun::preferWaiting()
 }
 
 // A picture has one frame, or one for each of red, green and blue, of the same width.
-std::variant<ScanShape, ScanFailure> ScanRun::readFrames()
+std::variant<ScanShape, ScanFailure> ScanRun::run()
 {
     ScanShape picture;
     for (bool isLast = false; !isLast; ++m_frames) {

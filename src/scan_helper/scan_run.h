@@ -21,11 +21,14 @@ public:
     ScanRun(const SaneLibrary& sane, SANE_Handle scanner, MessagePipe& pipe,
             std::span<std::byte> memory);
 
-    // The scanner is ready for another one afterwards.
+    // Readies the scanner for another scan, which takes as long as its way home.
+    ~ScanRun();
+    ScanRun(const ScanRun&) = delete;
+    ScanRun& operator=(const ScanRun&) = delete;
+
     [[nodiscard]] std::variant<platform::ScanShape, platform::ScanFailure> run();
 
 private:
-    [[nodiscard]] std::variant<platform::ScanShape, platform::ScanFailure> readFrames();
     [[nodiscard]] SANE_Status beginFrame();
     // Good for a frame that is whole or has no more room.
     [[nodiscard]] SANE_Status readFrame(const FrameShape& shape);

@@ -153,14 +153,15 @@ bool Scanner::tellOptions()
     return true;
 }
 
+// The picture doesn't wait until the scanner is ready again.
 bool Scanner::scan(ScanKind kind)
 {
     std::optional<PreviewOptions> preview;
     if (kind == ScanKind::Preview) {
         preview.emplace(m_sane, m_scanner);
     }
-    const auto outcome = ScanRun(m_sane, m_scanner, m_pipe, m_memory).run();
-    preview.reset();
+    ScanRun run(m_sane, m_scanner, m_pipe, m_memory);
+    const auto outcome = run.run();
     if (const auto* picture = std::get_if<platform::ScanShape>(&outcome)) {
         m_pipe.answer(platform::pictureMessage(*picture));
     } else {

@@ -88,6 +88,31 @@ TEST_F(BrokenDrivers, ThatHangCanBeCancelled)
     EXPECT_FALSE(session->isOpen());
 }
 
+TEST_F(BrokenDrivers, ThatHangAtTheirEndKeepNoPictureBack)
+{
+    beImpatient();
+    let("hang while stopping");
+    open();
+    scan();
+    EXPECT_EQ(image().size(), QSize(100, 50));
+    forget();
+    scan();
+    expectFailure(ScanFailure::Silent);
+}
+
+TEST_F(BrokenDrivers, ThatEndThreadsAmidTheirWorkGoOn)
+{
+    beImpatient();
+    let("read in a thread");
+    open();
+    for (int i = 0; i < 20 && session->isOpen(); ++i) {
+        forget();
+        scan();
+        EXPECT_EQ(image().size(), QSize(100, 50)) << i;
+    }
+    EXPECT_TRUE(session->isOpen());
+}
+
 TEST_F(BrokenDrivers, ThatHangDontOutliveTheirSession)
 {
     beImpatient();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <pthread.h>
 #include <sane/sane.h>
 #include <unistd.h>
 
@@ -22,6 +23,24 @@ void hangIf(const char* what)
     while (does(what)) {
         ::pause();
     }
+}
+
+int g_pipe[2];
+pthread_t g_reader;
+
+// A driver's thread that takes and gives back memory all the time, and writes now and then.
+void* readForEver(void* /*nothing*/)
+{
+    int before = 0;
+    pthread_setcanceltype(PTHREAD_CANCEL_ASYNCHRONOUS, &before);
+    for (;;) {
+        for (int i = 0; i < 1000; ++i) {
+            void* volatile memory = std::malloc(5000);
+            std::free(memory);
+        }
+        static_cast<void>(!::write(g_pipe[1], "", 0));
+    }
+    return nullptr;
 }
 
 constexpr SANE_Int kWidth = 100;
@@ -104,6 +123,10 @@ SANE_Status sane_get_parameters(SANE_Handle /*handle*/, SANE_Parameters* paramet
 SANE_Status sane_start(SANE_Handle /*handle*/)
 {
     g_rowsRead = 0;
+    if (does("read in a thread")) {
+        static_cast<void>(::pipe(g_pipe) +
+                          pthread_create(&g_reader, nullptr, readForEver, nullptr));
+    }
     return does("warm up") ? SANE_Status(12) : SANE_STATUS_GOOD;
 }
 
@@ -137,6 +160,12 @@ SANE_Status sane_read(SANE_Handle /*handle*/, SANE_Byte* bytes, SANE_Int most, S
 void sane_cancel(SANE_Handle /*handle*/)
 {
     hangIf("hang while stopping");
+    if (does("read in a thread")) {
+        pthread_cancel(g_reader);
+        pthread_join(g_reader, nullptr);
+        ::close(g_pipe[0]);
+        ::close(g_pipe[1]);
+    }
 }
 
 SANE_Status sane_set_io_mode(SANE_Handle /*handle*/, SANE_Bool nonBlocking)
