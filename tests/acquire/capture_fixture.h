@@ -15,6 +15,7 @@
 
 #include <QCoreApplication>
 #include <QImage>
+#include <QMouseEvent>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -65,9 +66,13 @@ protected:
         QTest::mousePress(&pane(screen), button, {}, place);
     }
 
+    // By an event of the pane's own: where no screen is real, panes may lie over each other.
     static void movePointer(QPoint place, int screen = 0)
     {
-        QTest::mouseMove(&pane(screen), place);
+        QWidget& under = pane(screen);
+        QMouseEvent event(QEvent::MouseMove, place, under.mapToGlobal(place), Qt::NoButton,
+                          Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&under, &event);
     }
 
     static void pressKey(core::Window which, Qt::Key key, Qt::KeyboardModifiers held = {})
