@@ -18,6 +18,7 @@
 #include "widgets/scaled_picture.h"
 
 #include <QButtonGroup>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
@@ -144,15 +145,23 @@ void OptionsForm::takeSize(int pixels)
         return;
     }
     showSize();
-    const auto thumbnails = m_thumbnails;
-    thumbnails->chooseSize(entry);
+    m_thumbnails->chooseSize(entry);
+    applySoon();
 }
 
 void OptionsForm::takeColours(int entry)
 {
     showColours();
-    const auto thumbnails = m_thumbnails;
-    thumbnails->chooseColours(entry);
+    m_thumbnails->chooseColours(entry);
+    applySoon();
+}
+
+// Lets events run, which may release the mouse and delete this window. So it waits until the
+// slider's own handler has returned.
+void OptionsForm::applySoon()
+{
+    QMetaObject::invokeMethod(
+        qApp, [thumbnails = m_thumbnails] { thumbnails->apply(); }, Qt::QueuedConnection);
 }
 
 // Says so only where nothing is left.

@@ -58,6 +58,7 @@ private:
 
     void takeSize(int pixels);
     void takeColours(int entry);
+    void applySoon();
     void clearRecentPaths();
     void resetViewerColour();
     void browse();
@@ -72,6 +73,6 @@ private:
     LabelledSlider m_thumSize;               // pixels
     LabelledSlider m_thumColor;              // entries
     QLineEdit* m_specifolder = nullptr;
-    // Shared with a handler that applies a choice, which may see the window go meanwhile.
+    // Shared with what applies a choice, which may see the window go before and meanwhile.
     std::shared_ptr<preferences::ThumbnailChoice> m_thumbnails;
 };

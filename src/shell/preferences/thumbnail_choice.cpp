@@ -12,26 +12,31 @@ namespace preferences {
 void ThumbnailChoice::chooseSize(int entry)
 {
     m_size = entry;
-    apply();
+    endRun();
 }
 
 void ThumbnailChoice::chooseColours(int entry)
 {
     m_colours = entry;
-    apply();
+    endRun();
 }
 
 void ThumbnailChoice::apply()
 {
     if (m_isApplying) {
-        if (core::BrowserPane* pane = core::services().browserPane) {
-            pane->stopThumbnails();
-        }
         return;
     }
     const QScopedValueRollback<bool> applying(m_isApplying, true);
     while (m_size || m_colours) {
         applyOne();
+    }
+}
+
+void ThumbnailChoice::endRun()
+{
+    core::BrowserPane* const pane = core::services().browserPane;
+    if (m_isApplying && pane != nullptr) {
+        pane->stopThumbnails();
     }
 }
 

@@ -20,9 +20,12 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QSlider>
 #include <QStackedWidget>
 #include <QTest>
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -104,6 +107,12 @@ protected:
         }
         return false;
     }
+    // The calls of the main window, when what was chosen is applied.
+    [[nodiscard]] const QStringList& settledLog() const
+    {
+        QCoreApplication::processEvents();
+        return main.log;
+    }
     [[nodiscard]] QImage preview() const { return control<QLabel>("InterFace").pixmap().toImage(); }
 
     // A click on the swatch, which this colour is the answer to.
@@ -159,7 +168,7 @@ TEST_F(OptionsForms, ShowsTheSettingsAndStartsNoRun)
     EXPECT_TRUE(shows("Antraciet"));
     EXPECT_TRUE(isChosen("InterfaceOption_1"));
     EXPECT_FALSE(isChosen("InterfaceOption_0"));
-    EXPECT_EQ(main.log, QStringList());
+    EXPECT_EQ(settledLog(), QStringList());
 }
 
 TEST_F(OptionsForms, NamesEachColourPreset)
@@ -171,7 +180,7 @@ TEST_F(OptionsForms, NamesEachColourPreset)
         colours().setValue(entry);
         EXPECT_TRUE(shows(names[entry])) << entry;
         EXPECT_EQ(colours().accessibleDescription(), names[entry]);
-        EXPECT_EQ(main.log.last(), QStringLiteral("ThumbNailColor %1").arg(entry));
+        EXPECT_EQ(settledLog().last(), QStringLiteral("ThumbNailColor %1").arg(entry));
     }
     EXPECT_EQ(main.log.size(), 6);
 }
@@ -181,14 +190,14 @@ TEST_F(OptionsForms, ChangesTheThumbnailsAtOnce)
     open();
     size().setValue(110);
     EXPECT_TRUE(shows("110 x 110        Pixel"));
-    EXPECT_EQ(main.log, QStringList({"ThumbNailSize 10"}));
+    EXPECT_EQ(settledLog(), QStringList({"ThumbNailSize 10"}));
     QTest::keyClick(&size(), Qt::Key_Left);
-    EXPECT_EQ(main.log.last(), "ThumbNailSize 9");
+    EXPECT_EQ(settledLog().last(), "ThumbNailSize 9");
     QTest::keyClick(&size(), Qt::Key_End);
     EXPECT_TRUE(shows("300 x 300        Pixel"));
-    EXPECT_EQ(main.log.last(), "ThumbNailSize 29");
+    EXPECT_EQ(settledLog().last(), "ThumbNailSize 29");
     QTest::keyClick(&size(), Qt::Key_Home);
-    EXPECT_EQ(main.log.last(), "ThumbNailSize 0");
+    EXPECT_EQ(settledLog().last(), "ThumbNailSize 0");
 }
 
 TEST_F(OptionsForms, TakesTheNearestSizeThatThereIs)
@@ -198,8 +207,9 @@ TEST_F(OptionsForms, TakesTheNearestSizeThatThereIs)
     EXPECT_TRUE(shows("65 x 65        Pixel"));
     size().setValue(83);
     EXPECT_EQ(size().value(), 80);
+    EXPECT_EQ(settledLog(), QStringList({"ThumbNailSize 7"}));
     size().setValue(88);
-    EXPECT_EQ(main.log, QStringList({"ThumbNailSize 7", "ThumbNailSize 8"}));
+    EXPECT_EQ(settledLog(), QStringList({"ThumbNailSize 7", "ThumbNailSize 8"}));
     EXPECT_TRUE(shows("90 x 90        Pixel"));
 }
 
@@ -368,21 +378,94 @@ TEST_F(OptionsForms, OpensTheHelp)
     EXPECT_TRUE(isOpen());
 }
 
-TEST_F(OptionsForms, MayCloseWhileTheThumbnailsChange)
+TEST_F(OptionsForms, AppliesTheNewestOfSeveralSizes)
 {
-    class ClosingMainWindow : public support::FakeMainWindow {
-    public:
-        void ThumbNailSize(int menuIndex) override
-        {
-            FakeMainWindow::ThumbNailSize(menuIndex);
-            core::windows().unload(core::Window::OptionsForm);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-    } closing;
     open();
-    size().setValue(200);
-    EXPECT_EQ(closing.log, QStringList({"ThumbNailSize 19"}));
+    for (const int pixels : {70, 80, 90}) {
+        size().setValue(pixels);
+        EXPECT_TRUE(shows(QStringLiteral("%1 x %1        Pixel").arg(pixels)));
+    }
+    EXPECT_EQ(settledLog(), QStringList({"ThumbNailSize 8"}));
+}
+
+TEST_F(OptionsForms, AppliesWhatWasChosenLastAlthoughItCloses)
+{
+    open();
+    QTest::keyClick(&size(), Qt::Key_Left);
+    QTest::keyClick(&size(), Qt::Key_Escape);
     EXPECT_FALSE(isOpen());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(settledLog(), QStringList({"ThumbNailSize 4"}));
+}
+
+// ---- what comes while a run over the folder lets events run ----
+
+namespace {
+
+// A main window whose runs let this happen once.
+class RunningMainWindow : public support::FakeMainWindow {
+public:
+    explicit RunningMainWindow(std::function<void()> duringRun)
+        : m_duringRun(std::move(duringRun))
+    {
+    }
+    void ThumbNailSize(int menuIndex) override
+    {
+        FakeMainWindow::ThumbNailSize(menuIndex);
+        if (const auto event = std::exchange(m_duringRun, {})) {
+            event();
+        }
+    }
+
+private:
+    std::function<void()> m_duringRun;
+};
+
+struct SliderProbe : QSlider {
+    using QSlider::repeatAction;
+};
+
+bool walksOn(const QSlider& slider)
+{
+    return (slider.*&SliderProbe::repeatAction)() != QAbstractSlider::SliderNoAction;
+}
+
+QPoint rightOfTheKnob(const QSlider& slider)
+{
+    return {slider.width() - 5, slider.height() / 2};
+}
+
+} // namespace
+
+TEST_F(OptionsForms, IsThereUntilAPressOnTheSliderIsDoneWith)
+{
+    const RunningMainWindow closing([] {
+        core::windows().find(core::Window::OptionsForm)->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    });
+    open();
+    click("Browser");
+    const QPointer<QSlider> slider = &size();
+    QTest::mousePress(slider, Qt::LeftButton, {}, rightOfTheKnob(*slider));
+    ASSERT_NE(slider, nullptr);
+    EXPECT_EQ(slider->value(), 110);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(closing.log, QStringList({"ThumbNailSize 10"}));
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(slider, nullptr);
+}
+
+TEST_F(OptionsForms, StopsTheKnobWhereTheButtonIsReleasedInTheRun)
+{
+    const RunningMainWindow releasing(
+        [this] { QTest::mouseRelease(&size(), Qt::LeftButton, {}, rightOfTheKnob(size())); });
+    open();
+    click("Browser");
+    QTest::mousePress(&size(), Qt::LeftButton, {}, rightOfTheKnob(size()));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(releasing.log, QStringList({"ThumbNailSize 10"}));
+    EXPECT_FALSE(walksOn(size()));
+    EXPECT_EQ(size().value(), 110);
 }
 
 // ---- with the file that the program keeps its settings in ----

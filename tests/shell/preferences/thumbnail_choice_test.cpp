@@ -42,10 +42,14 @@ protected:
 
 } // namespace
 
-TEST_F(ThumbnailChoiceTest, IsAppliedAtOnce)
+TEST_F(ThumbnailChoiceTest, IsAppliedOnce)
 {
+    m_choice.chooseSize(8);
     m_choice.chooseSize(9);
     m_choice.chooseColours(4);
+    EXPECT_EQ(m_main.log, QStringList());
+    m_choice.apply();
+    m_choice.apply();
     EXPECT_EQ(m_main.log, QStringList({"ThumbNailSize 9", "ThumbNailColor 4"}));
     EXPECT_EQ(m_pane.stops, 0);
 }
@@ -55,12 +59,15 @@ TEST_F(ThumbnailChoiceTest, EndsTheRunUnderWayAndAppliesTheNewestBehindIt)
     m_main.duringNextRun = [this] {
         m_choice.chooseSize(10);
         m_choice.chooseSize(11);
+        m_choice.apply();
         EXPECT_EQ(m_main.log, QStringList({"ThumbNailSize 9"}));
         EXPECT_EQ(m_pane.stops, 2);
     };
     m_choice.chooseSize(9);
+    m_choice.apply();
     EXPECT_EQ(m_main.log, QStringList({"ThumbNailSize 9", "ThumbNailSize 11"}));
     m_choice.chooseSize(12);
+    m_choice.apply();
     EXPECT_EQ(m_main.log.last(), "ThumbNailSize 12");
 }
 
@@ -71,6 +78,7 @@ TEST_F(ThumbnailChoiceTest, AppliesBothWhereBothCameMeanwhile)
         m_choice.chooseSize(20);
     };
     m_choice.chooseColours(0);
+    m_choice.apply();
     EXPECT_EQ(m_main.log,
               QStringList({"ThumbNailColor 0", "ThumbNailSize 20", "ThumbNailColor 1"}));
 }
@@ -80,7 +88,9 @@ TEST(ThumbnailChoice, EndsWithoutAMainWindow)
     preferences::ThumbnailChoice choice;
     choice.chooseSize(3);
     choice.chooseColours(2);
+    choice.apply();
     support::FakeMainWindow main;
     choice.chooseColours(5);
+    choice.apply();
     EXPECT_EQ(main.log, QStringList({"ThumbNailColor 5"}));
 }
