@@ -6,7 +6,6 @@
 #include "platform/os/paths.h"
 #include "widgets/form_builder.h"
 
-#include <QHeaderView>
 #include <QPushButton>
 
 namespace {
@@ -47,9 +46,6 @@ FilePreivew::FilePreivew()
     form.addText(QStringLiteral("Which folder is shown at start?"));
     m_explorer = form.add(new ctlExplorer(nullptr, treeProperties()), "ctlExplorer1", "Folders", 1);
     m_explorer->setMinimumSize(kTreeSize);
-    for (QHeaderView* header : m_explorer->findChildren<QHeaderView*>()) {
-        header->setAccessibleName(QStringLiteral("Columns"));
-    }
     m_ok = form.addButtons(
         {{"chameleonButton1", "&OK", [this] { accept(); }, widgets::PressedBy::Return},
          {"Cancel", "&Cancel", [this] { close(); }, widgets::PressedBy::Escape}});
