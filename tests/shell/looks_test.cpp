@@ -303,7 +303,6 @@ TEST_F(LooksTest, PressesTheMainButtonOfEveryWindowByReturn)
                         {core::Window::Form4, "cmdOk"},
                         {core::Window::Form5rf, "Command1"},
                         {core::Window::Movefile, "Command1"},
-
                         {core::Window::OptionsForm, "chameleonButton2"}};
     program.run([&](Form1& /*form*/) {
         for (const auto& [which, buttonName] : kMainButtons) {
