@@ -12,6 +12,7 @@
 #include "platform/os/paths.h"
 #include "widgets/focus_field.h"
 #include "widgets/form_builder.h"
+#include "widgets/plain_tip.h"
 
 #include <QFocusEvent>
 #include <QLabel>
@@ -44,7 +45,7 @@ QLineEdit* textLine(const QString& text)
     line->setReadOnly(true);
     line->setFrame(false);
     line->setCursorPosition(0);
-    line->setToolTip(text.toHtmlEscaped());
+    widgets::setPlainTip(*line, text);
     QPalette palette = line->palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     line->setPalette(palette);

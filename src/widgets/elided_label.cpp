@@ -1,5 +1,7 @@
 #include "widgets/elided_label.h"
 
+#include "widgets/plain_tip.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -15,7 +17,7 @@ ElidedLabel::ElidedLabel(const QString& text, QWidget* parent)
     : QLabel(text, parent)
 {
     setTextFormat(Qt::PlainText);
-    setToolTip(text.toHtmlEscaped());
+    setPlainTip(*this, text);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

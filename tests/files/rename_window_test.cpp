@@ -9,6 +9,7 @@
 #include "support/memory_config_store.h"
 #include "support/ordinary_user.h"
 #include "support/temp_tree.h"
+#include "widgets/plain_tip.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -101,6 +102,15 @@ TEST_F(RenameTest, BeginsWithTheNameWithoutItsExtensionSelected)
     EXPECT_EQ(window.focusWidget(), &field(window));
     EXPECT_EQ(field(window).text(), QStringLiteral("sea.bmp"));
     EXPECT_EQ(field(window).selectedText(), QStringLiteral("sea"));
+}
+
+TEST_F(RenameTest, TellsTheFolderInTheTipAsItIs)
+{
+    tree.add({"Tom & <Jerry>/sea.bmp", ""});
+    main.xiala = tree.path("Tom & <Jerry>/sea.bmp");
+    const auto* folder = open().findChild<QLineEdit*>(QStringLiteral("Dir1"));
+    EXPECT_EQ(folder->toolTip(), widgets::plainTip(tree.path("Tom & <Jerry>")));
+    EXPECT_EQ(folder->accessibleDescription(), tree.path("Tom & <Jerry>"));
 }
 
 TEST_F(RenameTest, SelectsAllOfANameWithoutExtension)

@@ -14,6 +14,7 @@
 #include "support/ordinary_user.h"
 #include "support/temp_tree.h"
 #include "support/unruly_disk.h"
+#include "widgets/plain_tip.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -202,7 +203,7 @@ TEST_F(TransferTest, BeginsWithTheFileAndItsFolder)
     QWidget& window = open(TransferKind::Copy);
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Copy File to..."));
     EXPECT_EQ(part<QLabel>(window, "Source").text(), main.xiala);
-    EXPECT_EQ(part<QLabel>(window, "Source").toolTip(), main.xiala);
+    EXPECT_EQ(part<QLabel>(window, "Source").toolTip(), widgets::plainTip(main.xiala));
     EXPECT_EQ(target(window).currentText(), tree.path("pics"));
     EXPECT_EQ(window.focusWidget(), &target(window));
     EXPECT_EQ(folders(window).folder(), tree.path("pics"));

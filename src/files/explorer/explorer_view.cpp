@@ -1,5 +1,7 @@
 #include "files/explorer/explorer_view.h"
 
+#include "widgets/plain_tip.h"
+
 #include <QApplication>
 #include <QDropEvent>
 #include <QHelpEvent>
@@ -82,14 +84,11 @@ bool ExplorerView::isCutShort(const QModelIndex& index) const
     return whole.width() > shown.width() || whole.height() > option.rect.height();
 }
 
-// Without line breaks at blanks, and never as marked-up text.
 void ExplorerView::showWholeText(const QHelpEvent& event)
 {
     const QModelIndex index = indexAt(event.pos());
     if (index.isValid() && isCutShort(index)) {
-        const QString text = index.data().toString().toHtmlEscaped();
-        QToolTip::showText(event.globalPos(),
-                           QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text),
+        QToolTip::showText(event.globalPos(), widgets::plainTip(index.data().toString()),
                            viewport(), visualRect(index));
     } else {
         QToolTip::hideText();

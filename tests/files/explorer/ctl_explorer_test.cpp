@@ -1,8 +1,12 @@
 #include "files/explorer/explorer_events.h"
 #include "files/explorer/explorer_fixture.h"
 #include "support/fake_dialogs.h"
+#include "widgets/plain_tip.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QMetaMethod>
+#include <QToolTip>
 
 using CtlExplorer = files::ExplorerFixture;
 using P = files::ExplorerProperties;
@@ -309,4 +313,21 @@ TEST_F(CtlExplorer, SaysWhatItIs)
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_TRUE(dialogs.boxes[0].text.startsWith(
         "Control to show files and folder like Windows Explorer.\r\n"));
+}
+
+TEST_F(CtlExplorer, TellsANameThatIsCutShortInATip)
+{
+    const QString name = "Tom & \"Jerry\" <b>in a long name";
+    disk.add({"d/" + name.toStdString(), ""});
+    make(1);
+    explorer().set(&P::View, 3);
+    QTreeView& list = view("ListView1");
+    const QModelIndex index = list.model()->match(item(0), Qt::DisplayRole, name).value(0);
+    ASSERT_TRUE(index.isValid());
+    explorer().resize(60, 600);
+    const QPoint place = list.visualRect(index).topLeft() + QPoint(5, 5);
+    QHelpEvent ask(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list.viewport(), &ask);
+    EXPECT_EQ(QToolTip::text(), widgets::plainTip(name));
+    QToolTip::hideText();
 }
