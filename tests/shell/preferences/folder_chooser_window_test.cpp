@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
+#include <optional>
 
 namespace {
 
@@ -151,13 +152,19 @@ TEST_F(FolderChooser, OpensOnThePicturesWhereTheFieldNamesNoFolder)
     EXPECT_EQ(field().text(), "/no/such/folder");
 }
 
-TEST_F(FolderChooser, GivesThePointerBack)
+TEST_F(FolderChooser, IsMadeUnderTheHourglassAndGivesThePointerBack)
 {
     platform::setPointer(platform::Pointer::SizeNS);
+    std::optional<platform::Pointer> whileMade;
+    core::windows().add(core::Window::FilePreivew, [&] {
+        whileMade = platform::pointer();
+        return new FilePreivew;
+    });
     browse([](FilePreivew& window) {
         EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
         window.close();
     });
+    EXPECT_EQ(whileMade, platform::Pointer::HourGlass);
     EXPECT_EQ(platform::pointer(), platform::Pointer::SizeNS);
 }
 
