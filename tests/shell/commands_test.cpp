@@ -541,6 +541,32 @@ TEST_F(CommandsTest, GiveEveryEntryOfSizesAndColoursItsOwn)
     });
 }
 
+TEST_F(CommandsTest, KeepTheThumbnailsSizeOfThePreferencesUnderCancel)
+{
+    program.config[QStringLiteral("BrowserSize")] = QStringLiteral("60");
+    program.onModal = [](QWidget& window) {
+        auto* size = window.findChild<QWidget*>(QStringLiteral("ThumSize"));
+        ASSERT_NE(size, nullptr);
+        QTest::keyClick(size, Qt::Key_Left);
+        QTest::keyClick(size, Qt::Key_Escape);
+        EXPECT_FALSE(core::windows().isLoaded(core::Window::OptionsForm));
+    };
+    program.run([this](Form1& form) {
+        const auto* tiles = form.findChild<ThumbNailList*>();
+        ASSERT_TRUE(RunningProgram::waitFor([tiles] { return tiles->tiles().size() == 3; }));
+        const thumbs::TileGrid before = tiles->grid();
+        RunningProgram::trigger(form, "optEdit", 17);
+        EXPECT_EQ(program.modals, QStringList(QStringLiteral("OptionsForm")));
+        EXPECT_TRUE(RunningProgram::waitFor(
+            [this] { return program.stored("BrowserSize") == QStringLiteral("50"); }));
+        EXPECT_TRUE(RunningProgram::entry(form, "MnuThumbsize", 4).isChecked());
+        EXPECT_EQ(tiles->ThumbNailSize(), 50);
+        EXPECT_EQ(tiles->tiles().size(), 3U);
+        EXPECT_EQ(tiles->grid().cellWidth, before.cellWidth - 10);
+        EXPECT_EQ(tiles->grid().cellHeight, before.cellHeight - 10);
+    });
+}
+
 TEST_F(CommandsTest, SwitchTheirStateAsABlock)
 {
     program.run([](Form1& form) {
