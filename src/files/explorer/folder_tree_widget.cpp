@@ -1,5 +1,6 @@
 #include "files/explorer/folder_tree_widget.h"
 
+#include "files/explorer/model_roles.h"
 #include "platform/os/files.h"
 #include "platform/os/mounts.h"
 #include "platform/os/paths.h"
@@ -28,17 +29,6 @@ QString folderOfItem(const QTreeWidgetItem& item)
 QString nameOfItem(const QTreeWidgetItem& item)
 {
     return item.data(0, kNameRole).toString();
-}
-
-// A name on one line: rows have one height.
-QString shownText(QString name)
-{
-    for (QChar& character : name) {
-        if (character.category() == QChar::Other_Control) {
-            character = u' ';
-        }
-    }
-    return name;
 }
 
 void setBranchMarker(QTreeWidgetItem& item, bool hasBranches)
