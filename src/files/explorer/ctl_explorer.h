@@ -143,6 +143,7 @@ private:
         return QStringLiteral("HoverSelection"); // the one without a row
     }
 
+    void connectChoice(files::ExplorerView& view, void (ctlExplorer::*tell)());
     void connectTree();
     void connectList();
     void connectInput(files::ExplorerView& view);
@@ -178,6 +179,7 @@ private:
     void dropped(files::ExplorerView& view, QDropEvent& event) override;
     [[nodiscard]] std::unique_ptr<QMimeData> dragData(const files::ExplorerView& view);
     [[nodiscard]] bool isNodeDrag(const files::ExplorerView& view) const;
+    [[nodiscard]] bool takesDrops() const;
     void hangNode(const QModelIndex& target);
     void giveFeedback(QDrag& drag, Qt::DropAction action);
 
@@ -193,6 +195,7 @@ private:
     QPersistentModelIndex m_draggedNode; // while a drag from the tree lasts
     QPointF m_dragPlace;                 // where it was last, in pixels of the view
     QStringList m_printed;
+    bool m_isChosen = false;    // the press under way has chosen what it will tell
     bool m_isTold = false;      // the press under way has told already what it chose
     bool m_isFollowing = false; // a view follows the data, or code changes it: nothing is told
 };

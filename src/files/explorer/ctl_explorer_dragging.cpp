@@ -1,7 +1,7 @@
 // What is dragged from the two views and onto them.
-#include "base/twips.h"
 #include "files/explorer/ctl_explorer.h"
 #include "files/explorer/drag_data.h"
+#include "files/explorer/event_place.h"
 #include "files/explorer/root_keys.h"
 #include "widgets/key_codes.h"
 
@@ -22,18 +22,6 @@ const QString kNodeFormat = QStringLiteral("application/x-vistara-node");
 
 // What the explorer offers unasked: nothing that is dragged away is gone here.
 constexpr qint32 kCopy = Qt::CopyAction;
-
-struct Place {
-    float x;
-    float y;
-};
-
-// In twips of the view.
-Place placeOf(QPointF pixels)
-{
-    const QPointF twips = pixels * base::kTwipsPerPixel;
-    return {static_cast<float>(twips.x()), static_cast<float>(twips.y())};
-}
 
 qint16 buttonOf(const QDropEvent& event)
 {
@@ -156,6 +144,11 @@ bool ctlExplorer::isNodeDrag(const files::ExplorerView& view) const
     return &view == &m_treeView && m_draggedNode.isValid();
 }
 
+bool ctlExplorer::takesDrops() const
+{
+    return isSignalConnected(QMetaMethod::fromSignal(&ctlExplorer::OLEDragDrop));
+}
+
 void ctlExplorer::dragOver(files::ExplorerView& view, QDropEvent& event, Over over)
 {
     m_dragPlace = event.position();
@@ -165,9 +158,8 @@ void ctlExplorer::dragOver(files::ExplorerView& view, QDropEvent& event, Over ov
         effect = m_treeView.dropHighlight().isValid() ? event.possibleActions().toInt() : 0;
     }
     if (m_values.OleDropMode != 0) {
-        const Place place = placeOf(event.position());
-        const bool isTaken = isSignalConnected(QMetaMethod::fromSignal(&ctlExplorer::OLEDragDrop));
-        effect = isTaken ? event.possibleActions().toInt() : effect;
+        const files::EventPlace place = files::eventPlace(event.position());
+        effect = takesDrops() ? event.possibleActions().toInt() : effect;
         emit OLEDragOver(dataOf(event), &effect, buttonOf(event), shiftOf(event), place.x, place.y,
                          static_cast<qint16>(over));
     }
@@ -181,7 +173,7 @@ void ctlExplorer::dragLeft(files::ExplorerView& /*view*/)
     if (m_values.OleDropMode != 0) {
         QMimeData none;
         qint32 effect = 0;
-        const Place place = placeOf(m_dragPlace);
+        const files::EventPlace place = files::eventPlace(m_dragPlace);
         emit OLEDragOver(&none, &effect, 0, 0, place.x, place.y, static_cast<qint16>(Over::Leave));
     }
 }
@@ -195,8 +187,8 @@ void ctlExplorer::dropped(files::ExplorerView& view, QDropEvent& event)
     }
     qint32 effect = isNode ? event.possibleActions().toInt() : 0;
     if (m_values.OleDropMode != 0) {
-        const Place place = placeOf(event.position());
-        effect = event.possibleActions().toInt();
+        const files::EventPlace place = files::eventPlace(event.position());
+        effect = takesDrops() ? event.possibleActions().toInt() : effect;
         emit OLEDragDrop(dataOf(event), &effect, buttonOf(event), shiftOf(event), place.x, place.y);
     }
     if (isNode) {

@@ -14,16 +14,37 @@ bool isCheck(const QList<int>& roles)
 
 } // namespace
 
+// The current item is told where it changes. Under the mouse it becomes the current one before it
+// is selected, so a press tells it a moment later, when a handler finds it chosen and may list
+// another folder.
+void ctlExplorer::connectChoice(files::ExplorerView& view, void (ctlExplorer::*tell)())
+{
+    const auto tellChoice = [this, tell] {
+        m_isTold = true;
+        (this->*tell)();
+    };
+    connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this, &view, tellChoice] {
+                if (m_isFollowing || view.isTakingFocus()) {
+                    return;
+                }
+                m_isChosen = view.isTakingPress();
+                if (!m_isChosen) {
+                    tellChoice();
+                }
+            });
+    connect(&view, &QTreeView::pressed, this, [this, tellChoice] {
+        if (std::exchange(m_isChosen, false)) {
+            tellChoice();
+        }
+    });
+}
+
 void ctlExplorer::connectTree()
 {
     connect(&m_treeView, &QTreeView::expanded, this, &ctlExplorer::expandNode);
     connect(&m_treeView, &QTreeView::collapsed, this, &ctlExplorer::collapseNode);
-    connect(m_treeView.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        if (!m_isFollowing && !m_treeView.isTakingFocus()) {
-            m_isTold = true;
-            tellNode();
-        }
-    });
+    connectChoice(m_treeView, &ctlExplorer::tellNode);
     connect(&m_treeView, &QTreeView::clicked, this, [this](const QModelIndex& index) {
         const QPersistentModelIndex node(index);
         if (!std::exchange(m_isTold, false)) {
@@ -44,12 +65,7 @@ void ctlExplorer::connectTree()
 
 void ctlExplorer::connectList()
 {
-    connect(m_listView.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        if (!m_isFollowing && !m_listView.isTakingFocus()) {
-            m_isTold = true;
-            tellItem();
-        }
-    });
+    connectChoice(m_listView, &ctlExplorer::tellItem);
     connect(&m_listView, &QTreeView::clicked, this, [this] {
         if (!std::exchange(m_isTold, false)) {
             tellItem();

@@ -1,5 +1,5 @@
-#include "base/twips.h"
 #include "files/explorer/ctl_explorer.h"
+#include "files/explorer/event_place.h"
 #include "files/explorer/rename_delegate.h"
 #include "widgets/key_codes.h"
 #include "widgets/window_parts.h"
@@ -13,18 +13,6 @@ namespace {
 qint16 shiftOf(const QInputEvent& event)
 {
     return static_cast<qint16>(widgets::shiftState(event.modifiers()));
-}
-
-struct Place {
-    float x;
-    float y;
-};
-
-// In twips of the view.
-Place placeOf(const QMouseEvent& event)
-{
-    const QPointF twips = event.position() * base::kTwipsPerPixel;
-    return {static_cast<float>(twips.x()), static_cast<float>(twips.y())};
 }
 
 } // namespace
@@ -85,7 +73,7 @@ void ctlExplorer::tellMouse(const QEvent& event)
         return;
     }
     const auto& mouse = static_cast<const QMouseEvent&>(event);
-    const Place place = placeOf(mouse);
+    const files::EventPlace place = files::eventPlace(mouse.position());
     if (event.type() == QEvent::MouseMove) {
         emit MouseMove(static_cast<qint16>(widgets::buttonNumbers(mouse.buttons())), shiftOf(mouse),
                        place.x, place.y);

@@ -19,6 +19,8 @@ ExplorerView::ExplorerView(DragPartner& partner, QWidget* parent)
     setUniformRowHeights(true);
     setDropIndicatorShown(false);
     viewport()->setAttribute(Qt::WA_Hover);
+    // Those who hear of the press may let events run.
+    connect(this, &QTreeView::pressed, this, [this] { m_isTakingPress = false; });
 }
 
 void ExplorerView::setLook(const Look& look)
@@ -102,6 +104,13 @@ bool ExplorerView::viewportEvent(QEvent* event)
         return true;
     }
     return QTreeView::viewportEvent(event);
+}
+
+void ExplorerView::mousePressEvent(QMouseEvent* event)
+{
+    m_isTakingPress = true;
+    QTreeView::mousePressEvent(event);
+    m_isTakingPress = false;
 }
 
 void ExplorerView::focusInEvent(QFocusEvent* event)

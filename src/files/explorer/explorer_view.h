@@ -45,6 +45,9 @@ public:
     // chosen.
     [[nodiscard]] bool isTakingFocus() const { return m_isTakingFocus; }
 
+    // While the mouse makes an item the current one and selects it, until pressed() is told.
+    [[nodiscard]] bool isTakingPress() const { return m_isTakingPress; }
+
 protected:
     // Draws an item in a place of the viewport.
     void paintItem(QPainter& painter, const QModelIndex& index, const QRect& rect) const;
@@ -52,6 +55,7 @@ protected:
 
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     bool viewportEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void startDrag(Qt::DropActions supportedActions) override;
@@ -70,6 +74,7 @@ private:
     DragPartner& m_partner;
     Look m_look;
     bool m_isTakingFocus = false;
+    bool m_isTakingPress = false;
 };
 
 } // namespace files

@@ -205,6 +205,10 @@ TEST_F(CtlExplorerDragging, RefusesWhatNobodyListensFor)
     bag.write("OleDropMode", 1, 0);
     make(1);
     EXPECT_FALSE(enter(list(), {10, 20}));
+    QObject::connect(&explorer(), &ctlExplorer::OLEDragOver, &explorer(),
+                     [](QMimeData* /*over*/, qint32* effect) { *effect = Qt::CopyAction; });
+    EXPECT_TRUE(enter(list(), {10, 20}));
+    EXPECT_FALSE(drop(list(), {10, 20}));
 }
 
 TEST_F(CtlExplorerDragging, BeginsNoDragOfItsFilesWithoutADragMode)

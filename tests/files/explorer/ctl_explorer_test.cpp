@@ -114,6 +114,75 @@ TEST_F(CtlExplorer, TellsClicksOnItemsByTheirTags)
     EXPECT_EQ(explorer().SelectedCount(), 1);
 }
 
+TEST_F(CtlExplorer, HasSelectedAnItemBeforeItTellsThePress)
+{
+    for (const bool isMulti : {false, true}) {
+        bag.write("MultiSelect", isMulti, false);
+        make(1);
+        QStringList selected;
+        const auto note = [&] {
+            selected.append(explorer().SelectedFile() + explorer().SelectedFolder());
+        };
+        QObject::connect(&explorer(), &ctlExplorer::FileClick, &explorer(), note);
+        QObject::connect(&explorer(), &ctlExplorer::FolderClick, &explorer(), note);
+        for (const int row : {0, 2, 3}) {
+            click(view("ListView1"), item(row));
+            EXPECT_TRUE(explorer().FileSelected(row + 1));
+        }
+        EXPECT_EQ(selected,
+                  QStringList({disk.path("d/a"), disk.path("d/one.jpg"), disk.path("d/two.txt")}));
+    }
+}
+
+TEST_F(CtlExplorer, SelectsNothingOfAnotherFolderThatAPressLists)
+{
+    for (const bool isMulti : {false, true}) {
+        bag.write("MultiSelect", isMulti, false);
+        make(1);
+        QObject::connect(&explorer(), &ctlExplorer::FolderClick, &explorer(),
+                         [this] { explorer().setPath(disk.path("d/a")); });
+        click(view("ListView1"), item(0));
+        EXPECT_EQ(explorer().FileCount(), 1);
+        EXPECT_EQ(explorer().SelectedCount(), 0);
+        EXPECT_EQ(log, QStringList({"FolderClick " + disk.path("d/a"), "Change",
+                                    "FileClick " + disk.path("d/a")}));
+    }
+}
+
+TEST_F(CtlExplorer, SelectsTheNodeThatAHandlerOfAPressGoesTo)
+{
+    make(0);
+    QTreeView& tree = view("TreeView1");
+    tree.expand(driveIndex());
+    bool goes = true;
+    QObject::connect(&explorer(), &ctlExplorer::FolderClick, &explorer(), [&] {
+        if (std::exchange(goes, false)) {
+            explorer().setPath(disk.path("d/b"));
+        }
+    });
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {},
+                      tree.visualRect(tree.model()->index(0, 0, driveIndex())).center());
+    EXPECT_EQ(explorer().SelectedFolder(), disk.path("d/b"));
+    EXPECT_EQ(tree.selectionModel()->selectedIndexes(), QModelIndexList({tree.currentIndex()}));
+    EXPECT_EQ(tree.currentIndex().data().toString(), "b");
+}
+
+// What a handler of a press waits for may be a key in the same view.
+TEST_F(CtlExplorer, TellsAKeyWhileAHandlerOfAPressIsAtWork)
+{
+    bag.write("View", files::kReportView, 0);
+    make(1);
+    QObject::connect(&explorer(), &ctlExplorer::FolderClick, &explorer(), [this] {
+        if (explorer().SelectedFolder() == disk.path("d/a")) {
+            QTest::keyClick(&view("ListView1"), Qt::Key_Down);
+        }
+    });
+    QTest::mousePress(view("ListView1").viewport(), Qt::LeftButton, {},
+                      view("ListView1").visualRect(item(0)).center());
+    EXPECT_EQ(log,
+              QStringList({"FolderClick " + disk.path("d/a"), "FolderClick " + disk.path("d/b")}));
+}
+
 TEST_F(CtlExplorer, TellsADoubleClickAheadOfWhatItMeans)
 {
     make(1);
@@ -173,6 +242,21 @@ TEST_F(CtlExplorer, PassesOverIndexesOutside)
     EXPECT_FALSE(explorer().setColumnWidth(6, 10));
     EXPECT_TRUE(explorer().setColumnWidth(1, 123));
     EXPECT_EQ(explorer().ColumnWidth(1), 123);
+}
+
+TEST_F(CtlExplorer, PassesOverNodesOutside)
+{
+    bag.write("CheckBoxes", true, false);
+    make(0);
+    const int nodes = explorer().FolderCount();
+    ASSERT_GT(nodes, 2);
+    for (const int index : {-1, 0, nodes + 1}) {
+        explorer().setFolderChecked(index, true);
+        EXPECT_FALSE(explorer().FolderChecked(index));
+    }
+    EXPECT_EQ(explorer().CheckedCount(), 0);
+    explorer().setFolderChecked(nodes, true);
+    EXPECT_TRUE(explorer().FolderChecked(nodes));
 }
 
 TEST_F(CtlExplorer, CountsByItsStyle)
