@@ -8,7 +8,7 @@
 #include "core/viewer.h"
 #include "core/window_names.h"
 #include "files/explorer/ctl_explorer.h"
-#include "files/explorer/places.h"
+#include "files/explorer/model_roles.h"
 #include "files/explorer/role_icons.h"
 #include "files/folder_list.h"
 #include "files/transfer_run.h"
@@ -110,8 +110,9 @@ Part* addBelow(widgets::FormBuilder& column, const char* caption, Part* part, co
 
 } // namespace
 
-Movefile::Movefile()
+Movefile::Movefile(const files::Places& places)
     : StripWindow(QString())
+    , m_places(places)
 {
     setObjectName(core::windowName(core::Window::Movefile));
     strip().closeBox()->setObjectName(QStringLiteral("Close"));
@@ -145,9 +146,8 @@ void Movefile::addTarget(widgets::FormBuilder& form)
     m_target = form.addCaptioned(new QLabel("&To folder:"), freeTextBox(), "Cb1", kTargetName);
     m_target->lineEdit()->setAccessibleName(QString::fromLatin1(kTargetName));
     widgets::nameDropDown(*m_target, QStringLiteral("Your folders"));
-    const files::Places& places = files::desktopPlaces();
-    QStringList folders{platform::folderOf(m_path), platform::homeFolder(), places.favorites(),
-                        places.documents()};
+    QStringList folders{platform::folderOf(m_path), platform::homeFolder(), m_places.favorites(),
+                        m_places.documents()};
     folders.removeDuplicates();
     folders.removeAll(QString());
     m_target->addItems(folders);
@@ -165,7 +165,7 @@ void Movefile::addPlaces(widgets::FormBuilder& form)
     m_folders = addBelow(folders, "&Folders:", new files::FolderList, "Dir1", "Folders", 1);
     m_folders->setMinimumSize(kFoldersSize);
 
-    auto* explorer = new ctlExplorer(nullptr, explorerBag(platform::folderOf(m_path)));
+    auto* explorer = new ctlExplorer(nullptr, explorerBag(platform::folderOf(m_path)), m_places);
     explorer->setFocusProxy(explorer->findChild<QWidget*>(QStringLiteral("ListView1")));
     m_explorer =
         addBelow(contents, "&Already there:", explorer, "ctlExplorer1", "Already there", 1);
@@ -192,9 +192,9 @@ void Movefile::setMode()
 void Movefile::fillDrives()
 {
     files::RoleIcons icons;
-    for (const platform::Drive& drive : files::desktopPlaces().drives()) {
+    for (const platform::Drive& drive : m_places.drives()) {
         const files::PlaceRow place = files::drivePlace(drive);
-        m_drives->addItem(icons.icon(place.image), place.text, drive.path);
+        m_drives->addItem(icons.icon(place.image), files::shownText(place.text), drive.path);
     }
 }
 
@@ -290,7 +290,7 @@ void Movefile::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// In the list Return goes into a folder, as a double click does.
+// The list leaves Return with Alt to its window. On a folder it goes there too, as without Alt.
 bool Movefile::openSelectedFolder()
 {
     const bool isList = m_explorer->isAncestorOf(focusWidget());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/explorer/places.h"
 #include "files/transfer.h"
 #include "widgets/strip_window.h"
 
@@ -22,7 +23,8 @@ class Movefile : public widgets::StripWindow, public files::TransferWindow {
     Q_OBJECT
 
 public:
-    Movefile();
+    // The places outlive it.
+    explicit Movefile(const files::Places& places = files::desktopPlaces());
 
     void setTransfer(const files::Transfer& transfer) override;
 
@@ -51,6 +53,7 @@ private:
     [[nodiscard]] bool transfer(bool moves, const QString& to);
     void setRunning(bool isRunning);
 
+    const files::Places& m_places;
     QString m_path; // the file's, which the field of the main window need not tell later
     QLabel* m_preview = nullptr;
     QLabel* m_picture = nullptr;

@@ -3,6 +3,7 @@
 #include "core/state.h"
 #include "core/window_registry.h"
 #include "files/explorer/ctl_explorer.h"
+#include "files/explorer/fake_places.h"
 #include "files/folder_list.h"
 #include "platform/desktop/pump.h"
 #include "support/fake_browser_pane.h"
@@ -67,7 +68,7 @@ class TransferTest : public testing::Test {
 protected:
     TransferTest()
     {
-        core::windows().add(core::Window::Movefile, [] { return new Movefile; });
+        core::windows().add(core::Window::Movefile, [this] { return new Movefile(places); });
         core::state().MoveNotCopy = false;
         main.xiala = tree.path("pics/sea.bmp");
         main.fakeViewer.picture = platform::Picture(QImage(4, 3, QImage::Format_RGB32));
@@ -135,6 +136,14 @@ protected:
         return core::windows().find(core::Window::Movefile);
     }
 
+    void addPicture(const std::string& name, QSize size, Qt::GlobalColor colour, const char* format)
+    {
+        tree.add({name, ""});
+        QImage picture(size, QImage::Format_RGB32);
+        picture.fill(colour);
+        ASSERT_TRUE(picture.save(tree.path(name), format));
+    }
+
     static bool isOpen() { return core::windows().isLoaded(core::Window::Movefile); }
 
     // The window stayed, and nothing was told, lost or left behind.
@@ -168,6 +177,13 @@ protected:
                             {"pics/inner/deep/", ""},
                             {"there/lake.bmp", "other pixels"},
                             {"there/sub/", ""}}};
+    // A drive within another one.
+    files::FakePlaces places = [this] {
+        files::FakePlaces made;
+        made.driveList = {{"/", platform::DriveType::Fixed, "", "", true},
+                          {tree.path("there"), platform::DriveType::Fixed, "Two\twords", "", true}};
+        return made;
+    }();
     support::MemoryConfigStore config;
     support::FakeDesktop desktop;
     support::FakeDialogs dialogs;
@@ -226,15 +242,23 @@ TEST_F(TransferTest, ShowsThePictureAndTheOneOfItsMode)
     QImage sea(640, 320, QImage::Format_RGB32);
     sea.fill(Qt::blue);
     ASSERT_TRUE(sea.save(main.xiala));
+    addPicture("app/Images/Copyfile.jpg", {360, 60}, Qt::magenta, "BMP"); // keeps its colour so
     QWidget& window = open(TransferKind::Copy);
     const QPixmap preview = part<QLabel>(window, "Image1").pixmap();
     EXPECT_EQ(preview.deviceIndependentSize(), QSizeF(112, 56));
     EXPECT_EQ(preview.toImage().pixelColor(20, 20), QColor(Qt::blue));
+    const QPixmap mode = part<QLabel>(window, "Image2").pixmap();
+    EXPECT_EQ(mode.deviceIndependentSize(), QSizeF(360, 60));
+    EXPECT_EQ(mode.toImage().pixelColor(20, 20), QColor(Qt::magenta));
 }
 
 TEST_F(TransferTest, ShowsAnIconForAFileThatIsNoPicture)
 {
-    EXPECT_TRUE(open(TransferKind::Copy).isVisible()); // "pixels" are none
+    addPicture("app/Images/toolbar/file.png", {16, 16}, Qt::green, "PNG");
+    QWidget& window = open(TransferKind::Copy);
+    const QPixmap preview = part<QLabel>(window, "Image1").pixmap(); // "pixels" are none
+    ASSERT_FALSE(preview.isNull());
+    EXPECT_EQ(preview.toImage().pixelColor(8, 8), QColor(Qt::green));
 }
 
 TEST_P(EachTransfer, BringsTheFileToTheFolderThatIsTyped)
@@ -519,9 +543,16 @@ TEST_F(TransferTest, GoesByTheFoldersAndAllPartsFollow)
 TEST_F(TransferTest, FollowsTheDrive)
 {
     QWidget& window = open(TransferKind::Copy);
-    ASSERT_EQ(drives(window).itemData(0).toString(), QStringLiteral("/"));
+    ASSERT_EQ(drives(window).count(), 2);
+    EXPECT_EQ(drives(window).currentIndex(), 0);
+    folders(window).folderChosen(tree.path("there/sub"));
+    EXPECT_EQ(drives(window).currentIndex(), 1);
+    EXPECT_EQ(drives(window).currentText(),
+              QStringLiteral("Two\u2409words (%1)").arg(tree.path("there")));
+    EXPECT_EQ(folders(window).item(0)->text(), tree.path("there"));
     drives(window).setFocus();
-    emit drives(window).activated(0);
+    press(window, Qt::Key_Up);
+    EXPECT_EQ(drives(window).currentIndex(), 0);
     EXPECT_EQ(target(window).currentText(), QStringLiteral("/"));
     EXPECT_EQ(folders(window).folder(), QStringLiteral("/"));
     EXPECT_EQ(explorer(window).path(), QStringLiteral("/"));
@@ -546,6 +577,19 @@ TEST_F(TransferTest, TakesWhatIsChosenInTheExplorer)
     explorer(window).setPath(tree.path("pics"));
     EXPECT_EQ(target(window).currentText(), tree.path("pics"));
     EXPECT_EQ(folders(window).folder(), tree.path("pics"));
+}
+
+// Its button isn't pressed, whatever keys are held.
+TEST_F(TransferTest, GoesIntoAFolderOfTheExplorerByReturnWithAlt)
+{
+    QWidget& window = open(TransferKind::Copy);
+    auto& list = part<QTreeView>(window, "ListView1");
+    list.setFocus();
+    list.setCurrentIndex(list.model()->index(0, 0));
+    QTest::keyClick(&list, Qt::Key_Return, Qt::AltModifier);
+    ASSERT_TRUE(isOpen());
+    EXPECT_EQ(folders(window).folder(), tree.path("pics/inner"));
+    EXPECT_FALSE(tree.exists("pics/inner/sea.bmp"));
 }
 
 TEST_F(TransferTest, GoesIntoAFolderOfTheExplorerByADoubleClick)
