@@ -623,10 +623,15 @@ TEST_F(PaneWindowsTest, PreviewsForeignFilesByTheWorkingFile)
     m_tree.add({"pics/d.psd", "no picture at all"});
     start();
     clickTile(0);
+    QImage picture(4, 3, QImage::Format_RGB32);
+    picture.fill(Qt::red); // as a run over the folder leaves another file's picture there
+    ASSERT_TRUE(picture.save(m_tree.path("app/temp.bmp")));
+    picture.fill(Qt::blue);
+    m_main.fakeViewer.picture = platform::Picture(picture);
     m_main.xiala = m_tree.path("pics/d.psd");
     press(5);
     EXPECT_EQ(m_transfer.preview, m_tree.path("app/temp.bmp"));
-    EXPECT_TRUE(m_tree.exists("app/temp.bmp"));
+    EXPECT_EQ(QImage(m_tree.path("app/temp.bmp")).pixelColor(1, 1), QColor(Qt::blue));
 }
 
 TEST_F(PaneWindowsTest, OpensFavouritesInAModalWindow)
