@@ -16,6 +16,8 @@ namespace {
 constexpr int kEditCopy = 7; // of the Edit menu
 constexpr int kEditMove = 8;
 constexpr int kEditDelete = 5;
+constexpr int kRightCopy = 0; // of the menu of the right button
+constexpr int kRightMove = 1;
 constexpr std::size_t kLarge = std::size_t(24) << 20;
 
 class FileOperationsTest : public testing::Test {
@@ -68,6 +70,21 @@ TEST_F(FileOperationsTest, ATileOfAFileThatWasMovedShowsNoPicture)
         EXPECT_TRUE(program.dialogs.boxes.empty());
     });
     EXPECT_EQ(program.modals, QStringList(QStringLiteral("Movefile")));
+}
+
+TEST_F(FileOperationsTest, TheWindowOfATransferIsNamedByTheMenuThatOpensIt)
+{
+    QStringList titles;
+    program.onModal = [&titles](const QWidget& window) { titles.append(window.windowTitle()); };
+    program.run([](Form1& form) {
+        tiles(form).pressTile(0);
+        RunningProgram::trigger(form, "optEdit", kEditCopy);
+        RunningProgram::trigger(form, "optEdit", kEditMove);
+        RunningProgram::trigger(form, "CmdRightEdit", kRightCopy);
+        RunningProgram::trigger(form, "CmdRightEdit", kRightMove);
+    });
+    EXPECT_EQ(titles, QStringList({"Copy File to...", "Move file to...", "Copy file to...",
+                                   "Move file to..."}));
 }
 
 TEST_F(FileOperationsTest, AMovedFileIsGoneFromTheTilesAfterTheyWereMadeAnew)
