@@ -6,7 +6,6 @@
 #include "scan_helper/scanner.h"
 
 #include <cstdlib>
-#include <pthread.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -46,17 +45,6 @@ void serve(scan_helper::MessagePipe& pipe)
 }
 
 } // namespace
-
-// Stands before the system's for the drivers. Theirs ask for threads that end wherever they are,
-// and one that ends while it takes memory leaves a lock behind on which the helper hangs. Waiting
-// for the next call in which a thread may end costs nothing: they all write to pipes.
-extern "C" int pthread_setcanceltype(int /*type*/, int* before)
-{
-    if (before != nullptr) {
-        *before = PTHREAD_CANCEL_DEFERRED;
-    }
-    return 0;
-}
 
 int main()
 {

@@ -170,6 +170,9 @@ std::optional<std::vector<platform::ScannerFacts>> ScanTest::found()
 QImage ScanTest::scannedByScanimage(const QStringList& arguments)
 {
     QProcess process;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(VISTARA_DEFERRED_ENDS));
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral("scanimage"),
                   QStringList{QStringLiteral("-d"), QStringLiteral("test:0"),
                               QStringLiteral("--format=pnm")} +
