@@ -14,11 +14,11 @@ namespace {
 // The memory for the pixels that the program handed over, empty without it.
 std::span<std::byte> sharedMemory()
 {
-    constexpr std::size_t kBytes = platform::kLargestScan / 4 * 3;
-    void* start =
-        ::mmap(nullptr, kBytes, PROT_READ | PROT_WRITE, MAP_SHARED, platform::kScanMemory, 0);
-    return start == MAP_FAILED ? std::span<std::byte>()
-                               : std::span(static_cast<std::byte*>(start), kBytes);
+    void* start = ::mmap(nullptr, platform::kScanMemoryBytes, PROT_READ | PROT_WRITE, MAP_SHARED,
+                         platform::kScanMemory, 0);
+    return start == MAP_FAILED
+               ? std::span<std::byte>()
+               : std::span(static_cast<std::byte*>(start), platform::kScanMemoryBytes);
 }
 
 void refuseAll(scan_helper::MessagePipe& pipe, platform::ScanFailure why)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -94,6 +95,9 @@ inline constexpr int kScanFailures = int(ScanFailure::Empty) + 1;
 
 // Of four bytes a pixel, which is how pictures are kept.
 inline constexpr std::uint64_t kLargestScan = std::uint64_t(512) << 20;
+
+// The memory for the pixels of a scan: three channels of one byte at most.
+inline constexpr std::size_t kScanMemoryBytes = kLargestScan / 4 * 3;
 
 // How many rows of a width are no more than that.
 [[nodiscard]] constexpr std::uint64_t mostScanRows(std::uint64_t width)

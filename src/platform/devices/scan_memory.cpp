@@ -26,7 +26,7 @@ ScanMemory::ScanMemory()
     : m_descriptor(::memfd_create("vistara-scan", MFD_CLOEXEC | MFD_ALLOW_SEALING))
 {
     const bool isReady =
-        isOpen() && ::ftruncate(m_descriptor, off_t(kBytes)) == 0 &&
+        isOpen() && ::ftruncate(m_descriptor, off_t(kScanMemoryBytes)) == 0 &&
         ::fcntl(m_descriptor, F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) == 0;
     if (isOpen() && !isReady) {
         ::close(m_descriptor);
@@ -45,7 +45,7 @@ QImage ScanMemory::image(const ScanShape& shape) const
 {
     const std::size_t line = std::size_t(shape.width) * shape.channels;
     const std::size_t bytes = line * shape.rows;
-    if (!isOpen() || bytes == 0 || bytes > kBytes) {
+    if (!isOpen() || bytes == 0 || bytes > kScanMemoryBytes) {
         return {};
     }
     void* start = ::mmap(nullptr, bytes, PROT_READ, MAP_SHARED, m_descriptor, 0);

@@ -3,7 +3,6 @@
 #include "platform/devices/scan_facts.h"
 
 #include <QImage>
-#include <cstddef>
 
 namespace platform {
 
@@ -12,8 +11,6 @@ namespace platform {
 // that the other one never reads beyond it.
 class ScanMemory {
 public:
-    static constexpr std::size_t kBytes = kLargestScan / 4 * 3; // three channels of one byte
-
     ScanMemory();
     ~ScanMemory();
     ScanMemory(const ScanMemory&) = delete;

@@ -28,7 +28,7 @@ TEST(ScanMemory, KeepsItsSize)
     const ScanMemory memory;
     ASSERT_TRUE(memory.isOpen());
     EXPECT_NE(::ftruncate(memory.descriptor(), 0), 0);
-    EXPECT_NE(::ftruncate(memory.descriptor(), off_t(ScanMemory::kBytes) * 2), 0);
+    EXPECT_NE(::ftruncate(memory.descriptor(), off_t(platform::kScanMemoryBytes) * 2), 0);
 }
 
 TEST(ScanMemory, HasNoImageBeyondItself)
