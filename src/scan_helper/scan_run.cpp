@@ -11,7 +11,7 @@ using platform::ScanShape;
 
 constexpr std::size_t kMostAtOnce = std::size_t(1) << 20; // bytes
 constexpr std::chrono::milliseconds kTellEvery(50);
-constexpr int kPause = 10;         // milliseconds, where a driver has nothing yet
+constexpr int kPause = 10;         // milliseconds, where a driver gives nothing yet
 constexpr int kLongestPause = 500; // for one that says when it has
 
 // Rows that a frame may have.
@@ -158,7 +158,8 @@ SANE_Status ScanRun::readSome(std::span<std::byte> bytes, std::size_t& got)
                                            SANE_Int(bytes.size()), &length);
     got = status == SANE_STATUS_GOOD ? std::size_t(std::max(0, length)) : 0;
     got = std::min(bytes.size(), got);
-    if (status == SANE_STATUS_GOOD && got == 0 && !canWait) {
+    if (status == SANE_STATUS_GOOD && got == 0) {
+        // Some say that they have something and give nothing.
         static_cast<void>(m_pipe.waitFor(-1, kPause));
     }
     return status;

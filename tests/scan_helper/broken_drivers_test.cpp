@@ -147,6 +147,14 @@ TEST_F(BrokenDrivers, ThatSendLessGiveTheRowsThatCame)
     EXPECT_EQ(image().size(), QSize(100, 10));
 }
 
+TEST_F(BrokenDrivers, ThatPromiseMoreThanThereIsArentAskedWithoutAPause)
+{
+    let("promise more than there is");
+    open();
+    scan();
+    EXPECT_EQ(image().size(), QSize(100, 10));
+}
+
 TEST_F(BrokenDrivers, ThatSendMoreAreCutWhereTheySaid)
 {
     let("send more than was claimed");
