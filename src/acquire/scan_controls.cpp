@@ -69,6 +69,13 @@ void setNumber(QDoubleSpinBox& box, double number)
     }
 }
 
+// Of what a choice keeps: a number, or the bytes of a word, which need be no UTF-8.
+ScanValue valueOf(const QVariant& data)
+{
+    return data.typeId() == QMetaType::Double ? ScanValue{{}, data.toDouble()}
+                                              : ScanValue{data.toByteArray().toStdString(), 0};
+}
+
 QString suffixOf(ScanUnit unit)
 {
     return unit == ScanUnit::None ? QString() : numberText(2, unit).mid(1);
@@ -99,11 +106,8 @@ void ScanControls::addChoice(widgets::FormBuilder& form, ScanRole role)
     auto* box =
         form.addCaptioned(caption, new QComboBox, line.name, qPrintable(spoken(line.caption)));
     widgets::nameDropDown(*box, spoken(line.caption));
-    connect(box, &QComboBox::activated, this, [this, role, box] {
-        const QVariant number = box->currentData();
-        emit changed(role, number.isValid() ? ScanValue{{}, number.toDouble()}
-                                            : ScanValue{box->currentText().toStdString(), 0});
-    });
+    connect(box, &QComboBox::activated, this,
+            [this, role, box] { emit changed(role, valueOf(box->currentData())); });
     m_choices[role] = {caption, box};
 }
 
@@ -164,10 +168,11 @@ void ScanControls::showChoice(QComboBox& box, const ScanOption& option)
     const QSignalBlocker quiet(box);
     box.clear();
     for (const std::string& word : option.words) {
-        box.addItem(QString::fromStdString(word));
+        box.addItem(QString::fromStdString(word), QByteArray::fromStdString(word));
     }
     if (!option.words.empty()) {
-        box.setCurrentText(QString::fromStdString(option.value.word));
+        const int current = box.findData(QByteArray::fromStdString(option.value.word));
+        box.setCurrentIndex(std::max(0, current));
         return;
     }
     const ScanUnit unit = option.role == ScanRole::Depth ? ScanUnit::Bits : option.unit;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kWidth = 380; // pixels
 constexpr int kHeight = 180;
-constexpr int kNameRole = Qt::UserRole;
+constexpr int kNameRole = Qt::UserRole; // its bytes, which need be no UTF-8
 
 const QString kSearching = QStringLiteral("Looking for scanners...");
 const QString kNone = QStringLiteral("No scanner was found.\n\nConnect one, switch it on, "
@@ -80,9 +80,10 @@ void ScannerChooser::take(const std::vector<platform::ScannerFacts>& scanners)
     }
     m_list->clear();
     for (const platform::ScannerFacts& scanner : scanners) {
-        const QString name = QString::fromStdString(scanner.name);
-        auto* item = new QListWidgetItem(scannerText(scanner) + QLatin1Char('\n') + name, m_list);
-        item->setData(kNameRole, name);
+        auto* item = new QListWidgetItem(scannerText(scanner) + QLatin1Char('\n') +
+                                             QString::fromStdString(scanner.name),
+                                         m_list);
+        item->setData(kNameRole, QByteArray::fromStdString(scanner.name));
         if (m_list->currentItem() == nullptr || scanner.name == m_before) {
             m_list->setCurrentItem(item);
         }
@@ -97,7 +98,7 @@ void ScannerChooser::choose()
 {
     const QListWidgetItem* item = m_list->currentItem();
     if (item != nullptr && m_select->isEnabled()) {
-        m_choice = item->data(kNameRole).toString().toStdString();
+        m_choice = item->data(kNameRole).toByteArray().toStdString();
         close();
     }
 }

@@ -7,6 +7,7 @@
 #include "platform/desktop/pump.h"
 #include "platform/os/registry.h"
 
+#include <QByteArray>
 #include <QEventLoop>
 #include <QPointer>
 
@@ -58,7 +59,18 @@ private:
 
 std::string rememberedScanner()
 {
-    return platform::getSetting(kSection, kScanner).toStdString();
+    return QByteArray::fromPercentEncoding(platform::getSetting(kSection, kScanner).toUtf8())
+        .toStdString();
+}
+
+// Names of scanners are bytes, settings are text.
+void rememberScanner(const std::string& name)
+{
+    const QByteArray bytes = QByteArray::fromStdString(name);
+    const QString text = QString::fromUtf8(bytes);
+    const bool isItself = text.toUtf8() == bytes && !bytes.contains('%');
+    platform::saveSetting(kSection, kScanner,
+                          isItself ? text : QString::fromLatin1(bytes.toPercentEncoding()));
 }
 
 } // namespace
@@ -70,7 +82,7 @@ int ScannerSource::selectImageSource(QWidget* window)
     if (closed == nullptr || !closed->choice()) {
         return 0;
     }
-    platform::saveSetting(kSection, kScanner, QString::fromStdString(*closed->choice()));
+    rememberScanner(*closed->choice());
     return 1;
 }
 

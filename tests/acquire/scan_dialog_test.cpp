@@ -132,6 +132,17 @@ TEST_F(ScanDialogs, ShowTheOptionsThatThereAre)
     EXPECT_EQ(control<QLabel>("lblSize")->text(), "394 x 197 pixels, 0.3 MB");
 }
 
+TEST_F(ScanDialogs, LeaveWordsThatAreNoUtf8AsTheyAre)
+{
+    const std::vector<std::string> odd{"Flatbed", "Vitre \xe0 plat", "Vitre \xe8 plat"};
+    showReady({words(ScanRole::Source, odd, odd[2])});
+    EXPECT_EQ(control<QComboBox>("cboSource")->currentIndex(), 2);
+    choose("cboSource", 1);
+    EXPECT_EQ(scanners.lastSession->lastValue.word, odd[1]);
+    choose("cboSource", 0);
+    EXPECT_EQ(scanners.lastSession->lastValue, platform::ScanValue({"Flatbed", 0}));
+}
+
 TEST_F(ScanDialogs, SetWhatIsChosenAndFollowWhatComesOfIt)
 {
     showReady();

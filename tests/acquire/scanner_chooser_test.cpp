@@ -166,6 +166,21 @@ TEST_F(ScannerChoosing, IsRememberedByTheSource)
     EXPECT_EQ(remembered(), "a:0");
 }
 
+TEST_F(ScannerChoosing, LeavesNamesThatAreNoUtf8AsTheyAre)
+{
+    for (const std::string name : {"sc\xff", "f\xc3\xbcr 100%25:0"}) {
+        whenShown("ScannerChooser", [&](QWidget& window) {
+            emit scanners.lastSearch->found({kTwo[0], {name, "Maker", "Three", "flatbed"}});
+            window.findChild<QListWidget*>("lstScanners")->setCurrentRow(1);
+            pressIn(window, "cmdSelect");
+        });
+        EXPECT_EQ(source.selectImageSource(nullptr), 1);
+        whenShown("ScanDialog", [](QWidget& dialog) { pressIn(dialog, "cmdCancel"); });
+        EXPECT_EQ(source.acquireToClipboard(nullptr, 0), 0);
+        EXPECT_EQ(scanners.lastOpened, name);
+    }
+}
+
 TEST_F(ScannerChoosing, ComesFirstWhereNoneWasChosen)
 {
     whenShown("ScannerChooser", [](QWidget& window) { pressIn(window, "cmdCancel"); });

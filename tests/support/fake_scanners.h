@@ -21,6 +21,7 @@ public:
                          .arg(int(role))
                          .arg(QString::fromStdString(value.word))
                          .arg(value.number));
+        lastValue = value;
     }
     void scan(platform::ScanKind kind) override
     {
@@ -34,6 +35,8 @@ public:
         m_isOpen = false;
         emit failed(why);
     }
+
+    platform::ScanValue lastValue; // as it was set
 
 private:
     QStringList& m_log;
@@ -54,6 +57,7 @@ public:
     platform::ScannerSession* open(const std::string& scanner, QObject* owner) override
     {
         log.append(QStringLiteral("open ") + QString::fromStdString(scanner));
+        lastOpened = scanner;
         lastSession = new FakeSession(log); // the owner's
         lastSession->setParent(owner);
         return lastSession;
@@ -62,6 +66,7 @@ public:
     QStringList log;
     QPointer<platform::ScannerSearch> lastSearch;
     QPointer<FakeSession> lastSession;
+    std::string lastOpened;
 
 private:
     platform::ScopedScanners m_inPlace{*this};

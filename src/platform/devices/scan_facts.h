@@ -6,7 +6,7 @@
 #include <vector>
 
 // What there is to tell about scanners and their pictures, without any library behind it. Texts are
-// UTF-8.
+// UTF-8 as a rule; those that go back to the scanner, names and words, go back byte for byte.
 namespace platform {
 
 struct ScannerFacts {
