@@ -37,7 +37,7 @@ private:
     bool drawSides()
     {
         const int height = m_picture.height();
-        for (int y = 0; y <= height; y += m_measures.step) {
+        for (int y = 0; y <= height; y += m_measures.tile) {
             if (!report(y) || !paint(Tile::Left, 0, y) || !paint(Tile::Right, m_right, y)) {
                 return false;
             }
@@ -48,7 +48,7 @@ private:
     bool drawEnds()
     {
         const int width = m_picture.width();
-        for (int x = 0; x <= width; x += m_measures.step) {
+        for (int x = 0; x <= width; x += m_measures.tile) {
             if (!report(m_picture.height() + x) || !paint(Tile::Bottom, x, m_bottom) ||
                 !paint(Tile::Top, x, 0)) {
                 return false;
@@ -105,13 +105,12 @@ int onScreen(int length, double screenRatio)
 FrameMeasures previewMeasures(int thickness, double screenRatio)
 {
     const int half = static_cast<int>(base::roundHalfEven(thickness / 2.0));
-    const int tile = onScreen(half, screenRatio);
-    return {tile, tile, onScreen(kPreviewMargin, screenRatio)};
+    return {onScreen(half, screenRatio), onScreen(kPreviewMargin, screenRatio)};
 }
 
 FrameMeasures finalMeasures(int thickness)
 {
-    return {thickness, thickness, kFinalMargin};
+    return {thickness, kFinalMargin};
 }
 
 QSize previewSize(QSize picture, QSize room)

@@ -10,8 +10,9 @@ class FrameTiles;
 
 // In pixels of the picture.
 struct FrameMeasures {
-    int tile = 0;   // a side of the square tiles, and so the thickness of the frame
-    int step = 0;   // from tile to tile along an edge, above 0
+    // A side of the square tiles, and so the thickness of the frame and the way from tile to tile;
+    // above 0.
+    int tile = 0;
     int margin = 0; // left free beyond the frame at the right and at the bottom
 };
 
