@@ -10,6 +10,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QPointer>
 #include <QTimer>
 
 using namespace frametest;
@@ -429,17 +430,41 @@ TEST_F(FrameWindow, WorksWithoutRoomForItsFiles)
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
-TEST_F(FrameWindow, ShowsOtherBadgesWhileItIsOpenAndEndsItsPageWhenItCloses)
+TEST_F(FrameWindow, GivesItsTilesTheNeutralBadge)
 {
-    for (int i = 10; i < 40; ++i) {
+    save(test::filled(8, 8, 0xFF00FF00), tree.path("app/Images/jpg.ico"));
+    save(test::filled(8, 8, 0xFF0000FF), tree.path("app/Images/noName.ico"));
+    open(test::numbered(20, 20));
+    EXPECT_TRUE(core::state().FrameWindowOpen);
+    const thumbs::TileRow& tile = *list().tile(list().tiles().front());
+    EXPECT_EQ(list().surface().pages.point(tile.page, tile.box.left, tile.box.top), 0xFF0000U);
+}
+
+TEST_F(FrameWindow, EndsItsPageWhenItCloses)
+{
+    constexpr std::size_t kStyles = 30;
+    for (std::size_t i = 10; i < 10 + kStyles; ++i) {
         addStyle(tree, std::to_string(i) + ".jpg", std::to_string(i));
     }
     form.viewer().setPicture(platform::Picture(test::numbered(20, 20)));
     m_window = core::windows().show(core::Window::FrmBord);
-    EXPECT_TRUE(core::state().FrameWindowOpen);
-    QTimer::singleShot(0, m_window,
-                       [this] { QTimer::singleShot(0, m_window, [this] { m_window->close(); }); });
-    EXPECT_TRUE(QTest::qWaitFor([] { return !isOpen(); }));
+    const QPointer<ThumbNailList> page = &list();
+    // Events run before each file of the page.
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, m_window, [&] {
+        if (page->tiles().size() < 2) {
+            return;
+        }
+        closing.stop();
+        EXPECT_TRUE(page->surface().state.IsLoading);
+        EXPECT_LT(page->tiles().size(), kStyles);
+        EXPECT_TRUE(form.gradient.shown);
+        m_window->close();
+    });
+    closing.start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isOpen(); }));
+    EXPECT_TRUE(page == nullptr || !page->surface().state.IsLoading);
+    EXPECT_FALSE(form.gradient.shown);
     EXPECT_FALSE(core::state().FrameWindowOpen);
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
