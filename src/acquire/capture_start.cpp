@@ -55,6 +55,13 @@ void showActive(QWidget& window)
     window.activateWindow();
 }
 
+// A modal window takes the clicks and keys of all others, Escape too. The tray still tells of
+// clicks.
+bool isBelowModalWindow()
+{
+    return QApplication::activeModalWidget() != nullptr;
+}
+
 CaptureStart::CaptureStart(Window which, QWidget* leaving, Leave leave)
     : QObject(qApp)
     , m_which(which)
@@ -90,10 +97,13 @@ void CaptureStart::clearTheWay()
     });
 }
 
+// An answer may take as long as its user does, who goes on working meanwhile, so the hourglass goes
+// before it is there.
 void CaptureStart::grab()
 {
     platform::screenGrab().take(
         *this, [this](const std::optional<platform::FrozenDesktop>& frozen) { end(frozen); });
+    platform::setPointer(platform::Pointer::Default);
 }
 
 void CaptureStart::end(const std::optional<platform::FrozenDesktop>& frozen)
@@ -103,11 +113,10 @@ void CaptureStart::end(const std::optional<platform::FrozenDesktop>& frozen)
     }
     underWay() = nullptr;
     deleteLater();
-    platform::setPointer(platform::Pointer::Default);
     if (platform::isClosing()) {
         return;
     }
-    if (frozen) {
+    if (frozen && !isBelowModalWindow()) {
         showFrozen(*frozen);
     } else {
         comeBack();
@@ -148,7 +157,7 @@ bool isBusy()
 
 void start(Window which, QWidget* leaving, Leave leave)
 {
-    if (isBusy() || !core::windows().hasFactory(which)) {
+    if (isBusy() || isBelowModalWindow() || !core::windows().hasFactory(which)) {
         return;
     }
     underWay() = new CaptureStart(which, leaving, leave); // the application's

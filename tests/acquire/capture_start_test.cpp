@@ -2,6 +2,7 @@
 #include "acquire/capture_icon_window.h"
 #include "acquire/capture_start.h"
 
+#include <QDialog>
 #include <QPointer>
 #include <QPushButton>
 
@@ -9,6 +10,16 @@ using acquire::Leave;
 using core::Window;
 
 namespace {
+
+class ModalWindow : public QDialog {
+public:
+    explicit ModalWindow(QWidget* parent = nullptr)
+        : QDialog(parent)
+    {
+        setModal(true);
+        show();
+    }
+};
 
 class CaptureStart : public CaptureTest {
 protected:
@@ -74,10 +85,52 @@ TEST_F(CaptureStart, WaitsForALateAnswer)
     screens.answers = support::FakeScreenGrab::Answers::WhenTold;
     acquire::startCapture();
     EXPECT_FALSE(core::windows().isLoaded(Window::frmCapture));
-    EXPECT_EQ(platform::pointer(), platform::Pointer::HourGlass);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
     screens.answer();
     EXPECT_TRUE(isOpen(Window::frmCapture));
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(CaptureStart, LeavesThePointerToWhatGoesOnBesideALateAnswer)
+{
+    screens.answers = support::FakeScreenGrab::Answers::WhenTold;
+    acquire::startCapture();
+    {
+        const platform::PointerGuard work(platform::Pointer::ArrowHourGlass);
+        screens.answer();
+        EXPECT_EQ(platform::pointer(), platform::Pointer::ArrowHourGlass);
+    }
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+// It would get neither clicks nor keys, and lie over the window that has them.
+TEST_F(CaptureStart, AsksForNothingWhileAModalWindowIsOpen)
+{
+    acquire::showCaptureIcon();
+    {
+        const ModalWindow modal;
+        tray.icon->doubleClicked();
+        tray.icon->chosen(24579);
+        acquire::startCapture(&leaving);
+        EXPECT_TRUE(screens.asked.empty());
+        EXPECT_FALSE(leaving.isMinimized());
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+    }
+    tray.icon->doubleClicked();
+    EXPECT_TRUE(isOpen(Window::frmCapture));
+}
+
+TEST_F(CaptureStart, ShowsNothingOverAModalWindowThatOpenedMeanwhile)
+{
+    screens.answers = support::FakeScreenGrab::Answers::WhenTold;
+    acquire::startCapture(&leaving);
+    waitForTheGrab();
+    const ModalWindow modal(&leaving);
+    screens.answer();
+    EXPECT_FALSE(core::windows().isLoaded(Window::frmCapture));
+    EXPECT_TRUE(leaving.isVisible());
+    EXPECT_FALSE(leaving.isMinimized());
+    EXPECT_TRUE(modal.isVisible());
 }
 
 TEST_F(CaptureStart, TakesOneAnswerOfTwo)
