@@ -1,5 +1,6 @@
 #include "platform/desktop/screenshot_portal.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -44,9 +45,10 @@ QImage takenFile(const QString& uri)
         return {};
     }
     QImageReader::setAllocationLimit(kMostMegabytes);
-    QImage picture(url.toLocalFile(), "PNG");
-    if (!picture.isNull()) {
-        QFile::remove(url.toLocalFile());
+    const QString file = url.toLocalFile();
+    QImage picture(file, "PNG");
+    if (!picture.isNull() || file.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
+        QFile::remove(file);
     }
     return picture;
 }
@@ -103,19 +105,26 @@ void ScreenshotPortal::respond(uint outcome, const QVariantMap& results)
     finish(outcome == kSuccess ? takenFile(uri) : QImage());
 }
 
-// The portal may still have its question on the screen.
+// The portal may still have its question on the screen, or be writing the file, which somebody has
+// to take away.
 void ScreenshotPortal::giveUp()
 {
     QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
         kService, m_requests.last(), kRequest, QStringLiteral("Close")));
-    finish({});
+    setParent(qApp);
+    callBack({});
 }
 
 void ScreenshotPortal::finish(const QImage& picture)
 {
     m_patience.stop();
+    deleteLater();
+    callBack(picture);
+}
+
+void ScreenshotPortal::callBack(const QImage& picture)
+{
     if (const auto answer = std::exchange(m_answer, nullptr)) {
-        deleteLater();
         answer(picture);
     }
 }

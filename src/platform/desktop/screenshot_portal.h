@@ -13,7 +13,7 @@ class QDBusPendingCallWatcher;
 namespace platform {
 
 // One picture of the screen from the desktop's portal, which may ask the user first. It deletes
-// itself once it has answered.
+// itself once the portal has answered, and waits for that longer than whoever asked.
 class ScreenshotPortal : public QObject {
     Q_OBJECT
 
@@ -23,8 +23,10 @@ public:
 
     explicit ScreenshotPortal(QObject* owner, std::chrono::milliseconds patience = kPatience);
 
-    // Calls back once, before it returns or later; null where nothing came. The file that the
-    // desktop wrote is gone by then.
+    // Calls back once, before it returns or later, unless the owner is gone by then; null where
+    // nothing came in time. The file that the desktop wrote is gone by then, or as soon as a later
+    // answer tells of it. What is neither a PNG nor named like one wasn't written for this and
+    // stays.
     void ask(std::function<void(const QImage&)> answer);
 
 private slots:
@@ -35,6 +37,7 @@ private:
     void takeReply(const QDBusPendingCallWatcher& call);
     void giveUp();
     void finish(const QImage& picture);
+    void callBack(const QImage& picture);
 
     std::function<void(const QImage&)> m_answer;
     QStringList m_requests; // paths by which the answer may come

@@ -45,6 +45,13 @@ protected:
         EXPECT_EQ(answers.size(), before);
     }
 
+    // Of the one that the portal wrote.
+    void expectNoFile() const
+    {
+        ASSERT_EQ(portal->files.size(), 1);
+        EXPECT_FALSE(QFile::exists(portal->files.front()));
+    }
+
     support::TempTree tree;
     QImage picture{40, 30, QImage::Format_RGB32};
     std::unique_ptr<StandInPortal> portal = std::make_unique<StandInPortal>(tree.path("home"));
@@ -58,8 +65,7 @@ TEST_F(Portal, HandsThePictureOverAndTakesItsFileAway)
 {
     ask();
     expectAnswer(picture);
-    ASSERT_EQ(portal->files.size(), 1);
-    EXPECT_FALSE(QFile::exists(portal->files.front()));
+    expectNoFile();
     EXPECT_EQ(portal->options.value("interactive"), QVariant(false));
 }
 
@@ -94,6 +100,26 @@ TEST_F(Portal, IsNotListenedToOnceItWasGivenUp)
     expectAnswer({});
     expectNothingMore();
     EXPECT_EQ(answers.size(), 1U);
+    expectNoFile();
+}
+
+TEST_F(Portal, LeavesNoFileBehindThoughTheOwnerHasGone)
+{
+    portal->delay = 2 * kShort;
+    ask(kShort);
+    expectAnswer({});
+    owner.reset();
+    expectNothingMore();
+    expectNoFile();
+}
+
+TEST_F(Portal, LeavesNoFileBehindWhereThePictureIsBroken)
+{
+    tree.add({"home/broken.png", "no picture"});
+    portal->uri = QUrl::fromLocalFile(tree.path("home/broken.png")).toString();
+    ask();
+    expectAnswer({});
+    EXPECT_FALSE(tree.exists("home/broken.png"));
 }
 
 TEST_F(Portal, MaySayNo)
