@@ -55,17 +55,21 @@ bool isAnswer(const QDBusMessage& answer)
     return isGood(answer) || answer.errorName().startsWith(kXfconf);
 }
 
-// On a desktop that has its first wallpaper still: what it stores for its screens.
-QVariantMap picturesOfTheScreens()
+bool hasAnyIn(const QString& folder, const QVariantMap& properties)
 {
-    QVariantMap pictures;
+    const auto first = properties.lowerBound(folder);
+    return first != properties.cend() && first.key().startsWith(folder);
+}
+
+// A screen that has the desktop's first wallpaper still has nothing stored: what will be.
+void addNewScreens(QVariantMap& pictures)
+{
     for (const QScreen* const screen : QGuiApplication::screens()) {
-        pictures.insert(
-            QStringLiteral("/backdrop/screen0/monitor%1/workspace0/").arg(screen->name()) +
-                kPictureName,
-            QString());
+        const QString monitor = QStringLiteral("/backdrop/screen0/monitor%1/").arg(screen->name());
+        if (!hasAnyIn(monitor, pictures)) {
+            pictures.insert(monitor + QStringLiteral("workspace0/") + kPictureName, QString());
+        }
     }
-    return pictures;
 }
 
 // The service tells of a value when it has nothing else to do, and of the last one alone. So each
@@ -98,9 +102,7 @@ bool showOnXfce(const WallpaperRequest& request)
         return false;
     }
     QVariantMap pictures = picturesAmong(all);
-    if (pictures.isEmpty()) {
-        pictures = picturesOfTheScreens();
-    }
+    addNewScreens(pictures);
     QList<QDBusMessage> calls;
     for (auto picture = pictures.cbegin(); picture != pictures.cend(); ++picture) {
         calls += callsFor(picture.key(), picture.value().toString(), request);

@@ -172,6 +172,16 @@ protected:
         xfconf({"-p", property, "-n", "-t", type, "-s", value});
     }
     static std::string value(const QString& property) { return xfconf({"-p", property}); }
+    static void expectOnAllScreens(const QString& picture)
+    {
+        ASSERT_FALSE(QGuiApplication::screens().isEmpty());
+        for (const QScreen* const screen : QGuiApplication::screens()) {
+            const QString place =
+                QStringLiteral("/backdrop/screen0/monitor%1/workspace0/").arg(screen->name());
+            EXPECT_EQ(value(place + "last-image"), picture.toStdString());
+            EXPECT_EQ(value(place + "image-style"), "1");
+        }
+    }
     // The file that a stored path leads to, however it is spelt.
     static std::optional<QString> fileAt(const QString& property)
     {
@@ -213,13 +223,25 @@ TEST_F(WallpaperOfXfce, KeepsItsStyleWhenNoneIsAskedFor)
 TEST_F(WallpaperOfXfce, IsToldToTheScreensWhereNothingIsStored)
 {
     EXPECT_TRUE(shows());
-    ASSERT_FALSE(QGuiApplication::screens().isEmpty());
-    for (const QScreen* const screen : QGuiApplication::screens()) {
-        const QString place =
-            QStringLiteral("/backdrop/screen0/monitor%1/workspace0/").arg(screen->name());
-        EXPECT_EQ(value(place + "last-image"), path().toStdString());
-        EXPECT_EQ(value(place + "image-style"), "1");
-    }
+    expectOnAllScreens(path());
+}
+
+TEST_F(WallpaperOfXfce, IsToldToAScreenThatIsNewBesideAStoredOne)
+{
+    store(kFirst + "last-image", "string", "/old.png");
+    EXPECT_TRUE(shows());
+    EXPECT_EQ(value(kFirst + "last-image"), path().toStdString());
+    expectOnAllScreens(path());
+}
+
+TEST_F(WallpaperOfXfce, IsToldToAScreenInItsStoredPlacesAlone)
+{
+    const QString monitor = QStringLiteral("/backdrop/screen0/monitor%1/")
+                                .arg(QGuiApplication::primaryScreen()->name());
+    store(monitor + "workspace3/last-image", "string", "/old.png");
+    EXPECT_TRUE(shows());
+    EXPECT_EQ(value(monitor + "workspace3/last-image"), path().toStdString());
+    EXPECT_EQ(xfconf({"-l"}).find((monitor + "workspace0").toStdString()), std::string::npos);
 }
 
 TEST_F(WallpaperOfXfce, ChangesForEachPictureInTheSameFile)
