@@ -1,5 +1,7 @@
 #include "platform/desktop/screenshot_portal.h"
 
+#include "platform/desktop/session_bus.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -15,8 +17,6 @@ namespace platform {
 
 namespace {
 
-const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString kDesktopPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString kScreenshot = QStringLiteral("org.freedesktop.portal.Screenshot");
 const QString kRequest = QStringLiteral("org.freedesktop.portal.Request");
 
@@ -35,7 +35,7 @@ QString requestPath(const QDBusConnection& bus, const QString& token)
 {
     QString sender = bus.baseService().mid(1); // ":1.42"
     sender.replace(QLatin1Char('.'), QLatin1Char('_'));
-    return kDesktopPath + QStringLiteral("/request/%1/%2").arg(sender, token);
+    return kPortalPath + QStringLiteral("/request/%1/%2").arg(sender, token);
 }
 
 QImage takenFile(const QString& uri)
@@ -73,7 +73,7 @@ void ScreenshotPortal::ask(std::function<void(const QImage&)> answer)
     }
     const QString token = newToken();
     listenTo(requestPath(bus, token));
-    auto call = QDBusMessage::createMethodCall(kService, kDesktopPath, kScreenshot,
+    auto call = QDBusMessage::createMethodCall(kPortalService, kPortalPath, kScreenshot,
                                                QStringLiteral("Screenshot"));
     call << QString() << QVariantMap{{"handle_token", token}, {"interactive", false}};
     auto* const watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, kReplyTime), this);
@@ -85,8 +85,9 @@ void ScreenshotPortal::ask(std::function<void(const QImage&)> answer)
 void ScreenshotPortal::listenTo(const QString& request)
 {
     m_requests.append(request);
-    QDBusConnection::sessionBus().connect(kService, request, kRequest, QStringLiteral("Response"),
-                                          this, SLOT(respond(uint, QVariantMap)));
+    QDBusConnection::sessionBus().connect(kPortalService, request, kRequest,
+                                          QStringLiteral("Response"), this,
+                                          SLOT(respond(uint, QVariantMap)));
 }
 
 void ScreenshotPortal::takeReply(const QDBusPendingCallWatcher& call)
@@ -110,7 +111,7 @@ void ScreenshotPortal::respond(uint outcome, const QVariantMap& results)
 void ScreenshotPortal::giveUp()
 {
     QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
-        kService, m_requests.last(), kRequest, QStringLiteral("Close")));
+        kPortalService, m_requests.last(), kRequest, QStringLiteral("Close")));
     setParent(qApp);
     callBack({});
 }

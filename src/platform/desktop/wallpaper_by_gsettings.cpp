@@ -66,9 +66,7 @@ private:
 
 QString addressFor(const Background& background, const QString& path)
 {
-    return background.holdsPath
-               ? path
-               : QStringLiteral("file://") + QString::fromLatin1(percentEncoded(path));
+    return background.holdsPath ? path : fileAddress(path);
 }
 
 bool showOn(const Background& background, const WallpaperRequest& request)

@@ -41,10 +41,8 @@ bool runs(const QString& lines)
 // A script's values are looked at when it has ended, so there are two.
 bool showOnPlasma(const WallpaperRequest& request)
 {
-    const QString address =
-        QStringLiteral("file://") + QString::fromLatin1(percentEncoded(request.path));
     const QString style = request.style ? styleLine(*request.style) : QString();
-    return runs(pictureLine({})) && runs(style + pictureLine(address));
+    return runs(pictureLine({})) && runs(style + pictureLine(fileAddress(request.path)));
 }
 
 } // namespace platform

@@ -23,9 +23,8 @@ bool showByPortal(const WallpaperRequest& request)
         return false;
     }
     QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"),
-        QStringLiteral("/org/freedesktop/portal/desktop"),
-        QStringLiteral("org.freedesktop.portal.Wallpaper"), QStringLiteral("SetWallpaperFile"));
+        kPortalService, kPortalPath, QStringLiteral("org.freedesktop.portal.Wallpaper"),
+        QStringLiteral("SetWallpaperFile"));
     const QString noParentWindow;
     call << noParentWindow << QVariant::fromValue(QDBusUnixFileDescriptor(file->handle()))
          << kOptions;

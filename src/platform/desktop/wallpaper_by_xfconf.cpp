@@ -13,7 +13,7 @@ namespace platform {
 
 namespace {
 
-const QString kXfconf = QStringLiteral("org.xfce.Xfconf");
+const QString kXfconf = QStringLiteral("org.xfce.Xfconf"); // service, interface and its errors
 const QString kChannel = QStringLiteral("xfce4-desktop");
 const QString kBackdrops = QStringLiteral("/backdrop");
 const QString kStyleName = QStringLiteral("image-style");
@@ -22,9 +22,8 @@ const QString kOldPictureName = QStringLiteral("image-path"); // before there wa
 
 QDBusMessage xfconfCall(const QString& method, const QVariantList& arguments)
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.xfce.Xfconf"),
-                                                       QStringLiteral("/org/xfce/Xfconf"),
-                                                       QStringLiteral("org.xfce.Xfconf"), method);
+    QDBusMessage call = QDBusMessage::createMethodCall(kXfconf, QStringLiteral("/org/xfce/Xfconf"),
+                                                       kXfconf, method);
     call.setArguments(arguments);
     return call;
 }

@@ -10,6 +10,7 @@ namespace platform {
 QByteArray percentEncoded(const QString& path);
 
 // A path as a file: address. Undecodable bytes stay what they are.
+QString fileAddress(const QString& path);
 QUrl fileUrl(const QString& path);
 
 } // namespace platform
