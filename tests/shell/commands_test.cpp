@@ -328,6 +328,28 @@ TEST_F(CommandsTest, MakeThePictureTheWallpaperInTheirStyles)
     });
 }
 
+TEST_F(CommandsTest, ChangeNoWallpaperWithoutAPicture)
+{
+    program.run([this](Form1& form) {
+        for (const char* const menu : {"CmdWall", "CmdWall2"}) {
+            for (const int index : {0, 1, 2}) {
+                program.dialogs.boxes.clear();
+                RunningProgram::trigger(form, menu, index);
+                EXPECT_EQ(program.dialogs.boxTexts(), QStringList{kNoPicture}) << menu << index;
+            }
+        }
+        EXPECT_TRUE(program.desktop.wallpapers.empty());
+        EXPECT_FALSE(program.tree.exists("data/vistara/Kestrin Wallpaper.bmp"));
+        for (const char* const name : {"WallpaperStyle", "TileWallpaper"}) {
+            EXPECT_EQ(platform::registryValue("Control Panel\\Desktop", QLatin1String(name)),
+                      std::nullopt)
+                << name;
+        }
+        EXPECT_FALSE(core::state().WallCenter || core::state().WallTile ||
+                     core::state().WallStretch);
+    });
+}
+
 TEST_F(CommandsTest, OpenTheListsInTheirModes)
 {
     program.run([this](Form1& form) {
