@@ -11,6 +11,7 @@
 #include "editing/frames/frame_tiles.h"
 #include "platform/os/paths.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
@@ -88,7 +89,8 @@ int main(int count, char** arguments)
     const QTemporaryDir home;
     qputenv("VISTARA_HOME", home.path().toLocal8Bit());
     const QGuiApplication application(count, arguments);
-    require(QFile::link(QString::fromLocal8Bit(arguments[1]) + QStringLiteral("/Frame"),
+    const QDir program(QString::fromLocal8Bit(arguments[1]));
+    require(QFile::link(program.absoluteFilePath(QStringLiteral("Frame")),
                         home.filePath(QStringLiteral("Frame"))));
     platform::initialisePaths();
     const platform::Picture picture(somePicture());
