@@ -190,11 +190,15 @@ TEST_F(WallpaperCommand, KeepsTheOldPictureWhereTheFolderMayNotBeWritten)
     show(filled(Qt::green));
     std::filesystem::permissions(tree.native(""), std::filesystem::perms::all);
     std::filesystem::permissions(tree.native("app"), std::filesystem::perms::all);
+    const std::string folder = tree.native("data/vistara");
+    std::filesystem::permissions(tree.native(kTarget), std::filesystem::perms(0444));
+    std::filesystem::permissions(folder, std::filesystem::perms(0555));
     {
         const support::OrdinaryUser user;
         core::state().WallCenter = true;
         acquire::setWallpaper();
     }
+    std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
     EXPECT_EQ(targetImage(), flat(filled(Qt::red)));
     EXPECT_FALSE(tree.exists(kWorkingFile));
     expectQuietEnd(WallpaperStyle::Center);
