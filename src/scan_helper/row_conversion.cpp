@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 
 namespace scan_helper {
 
@@ -17,14 +18,17 @@ std::size_t neededBytes(const FrameShape& shape)
                             : shape.width * samples * std::size_t(shape.depth / 8);
 }
 
-bool setChannels(FrameShape& shape, SANE_Frame format)
+// A driver may say any number, which an enumeration mustn't be read from.
+bool setChannels(FrameShape& shape, const SANE_Frame& told)
 {
+    std::underlying_type_t<SANE_Frame> format = 0;
+    std::memcpy(&format, &told, sizeof format);
     if (format < SANE_FRAME_GRAY || format > SANE_FRAME_BLUE) {
         return false;
     }
     shape.channels = format == SANE_FRAME_GRAY ? 1 : 3;
     shape.samples = format == SANE_FRAME_RGB ? 3 : 1;
-    shape.channel = format >= SANE_FRAME_RED ? format - SANE_FRAME_RED : 0;
+    shape.channel = format >= SANE_FRAME_RED ? int(format - SANE_FRAME_RED) : 0;
     return true;
 }
 
