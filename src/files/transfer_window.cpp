@@ -126,7 +126,9 @@ Movefile::Movefile(const files::Places& places)
     addButtons(form);
     fillDrives();
     connectParts();
-    goTo(platform::folderOf(m_path));
+    const QString folder = platform::folderOf(m_path); // which the explorer has listed by now
+    m_target->setEditText(folder);
+    showFolder(folder);
     m_target->setFocus();
 }
 
@@ -232,9 +234,14 @@ void Movefile::goTo(const QString& folder)
 void Movefile::follow(const QString& folder)
 {
     const QScopedValueRollback<bool> following(m_isFollowing, true);
+    showFolder(folder);
+    m_explorer->setPath(folder);
+}
+
+void Movefile::showFolder(const QString& folder)
+{
     m_drives->setCurrentIndex(driveOf(folder));
     m_folders->showFolder(m_drives->currentData().toString(), folder);
-    m_explorer->setPath(folder);
 }
 
 // A folder that was typed shows what it holds as soon as the field is left.

@@ -43,6 +43,7 @@ private:
 
     void goTo(const QString& folder);
     void follow(const QString& folder);
+    void showFolder(const QString& folder); // in the lists of drives and folders
     void followText();
     void followExplorer();
     void choose(const QString& folder);
