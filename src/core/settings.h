@@ -54,6 +54,10 @@ void store(const FolderKey& key, const QString& folder);
 // colour in them, so that whatever the key colours keeps the colour it has.
 void storeInWords(const ColourKey& key, base::Colour colour);
 
+// Keeps to what the program did from the start: what has come since is off. Each such feature asks
+// once, where it begins.
+inline constexpr SwitchKey kClassic{"Classic", On::One};
+
 // What is shown at start. Pan view, scroll bars and zoom tool are stored the wrong way round.
 inline constexpr SwitchKey kBrowseMode{"ObcBrowse", On::NotZero};
 inline constexpr SwitchKey kBestFit{"BestFit", On::NotZero};
@@ -78,10 +82,11 @@ inline constexpr NumberKey kRecentPathCount{"Xno"};
 inline constexpr NumberKey kFilter{"Filter"}; // what the separate editor does as it starts
 
 inline constexpr std::array kSettingNames{
-    kBrowseMode.name,     kBestFit.name,      kPanView.name,         kScrollBars.name,
-    kZoomTool.name,       kStartFolder.name,  kAskToImport.name,     kOwnLook.name,
-    kTitleColour.name,    kViewerColour.name, kThumbnailSize.name,   kThumbnailColours.name,
-    kFavouriteCount.name, kEditorCount.name,  kRecentPathCount.name, kFilter.name,
+    kClassic.name,          kBrowseMode.name,     kBestFit.name,      kPanView.name,
+    kScrollBars.name,       kZoomTool.name,       kStartFolder.name,  kAskToImport.name,
+    kOwnLook.name,          kTitleColour.name,    kViewerColour.name, kThumbnailSize.name,
+    kThumbnailColours.name, kFavouriteCount.name, kEditorCount.name,  kRecentPathCount.name,
+    kFilter.name,
 };
 
 } // namespace core

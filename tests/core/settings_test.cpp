@@ -27,7 +27,7 @@ constexpr SwitchCase kSwitches[] = {
     {core::kBrowseMode, "1", "0", false},     {core::kBestFit, "1", "0", false},
     {core::kPanView, "0", "1", true},         {core::kScrollBars, "0", "1", true},
     {core::kZoomTool, "0", "1", true},        {core::kAskToImport, "1", "0", false},
-    {core::kOwnLook, "True", "False", false},
+    {core::kOwnLook, "True", "False", false}, {core::kClassic, "1", "0", false},
 };
 
 constexpr core::NumberKey kNumber{"k"};
