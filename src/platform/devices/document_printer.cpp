@@ -1,0 +1,114 @@
+#include "platform/devices/document_printer.h"
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+// However often something fails and whatever fails it, it is told once.
+PrinterContact toldOnce(PrinterContact contact)
+{
+    contact.failed = [told = std::make_shared<bool>(false),
+                      failed = std::move(contact.failed)](PrintFailure why) {
+        if (!std::exchange(*told, true) && failed) {
+            failed(why);
+        }
+    };
+    return contact;
+}
+
+} // namespace
+
+DocumentPrinter::DocumentPrinter(QString name, const PrinterContact& contact)
+    : m_name(std::move(name))
+    , m_contact(toldOnce(contact))
+{
+}
+
+void DocumentPrinter::setPaper(Paper paper, QSizeF customMillimetres)
+{
+    m_setting.paper = paper;
+    m_setting.customMillimetres = customMillimetres;
+}
+
+void DocumentPrinter::setOrientation(PaperOrientation orientation)
+{
+    m_setting.orientation = orientation;
+}
+
+void DocumentPrinter::setQuality(int dotsPerInch)
+{
+    if (isSensibleQuality(dotsPerInch)) {
+        m_setting.dotsPerInch = dotsPerInch;
+    }
+}
+
+PaperMetrics DocumentPrinter::metrics()
+{
+    return metricsOf(m_setting, traitsOf(uprightMillimetres(m_setting)));
+}
+
+bool DocumentPrinter::startDocument(const QString& title)
+{
+    abandonDocument();
+    const PaperMetrics paper = metrics();
+    if (paper.isEmpty()) {
+        return false;
+    }
+    QFileDevice* const target = openTarget(title);
+    if (target == nullptr) {
+        return false;
+    }
+    m_pages = std::make_unique<PdfPages>(*target, paper, lyingMillimetres(m_setting), title);
+    return true;
+}
+
+void DocumentPrinter::newPage()
+{
+    if (m_pages) {
+        m_pages->newPage();
+    }
+}
+
+void DocumentPrinter::draw(const QImage& picture, const QRectF& place, const QRectF& clip)
+{
+    if (m_pages) {
+        m_pages->draw(picture, place, clip);
+    }
+}
+
+void DocumentPrinter::fill(const QRectF& place, base::Colour colour)
+{
+    if (m_pages) {
+        m_pages->fill(place, colour);
+    }
+}
+
+bool DocumentPrinter::endDocument(int copies)
+{
+    const auto pages = std::exchange(m_pages, nullptr);
+    if (!pages) {
+        return false;
+    }
+    const bool isWhole = pages->finish();
+    const bool delivered = isWhole && (copies <= 0 || deliver(copies));
+    if (!isWhole) {
+        fail(PrintFailure::NotSaved);
+    }
+    dropTarget();
+    return delivered;
+}
+
+void DocumentPrinter::abandonDocument()
+{
+    m_pages.reset();
+    dropTarget();
+}
+
+void DocumentPrinter::fail(PrintFailure why)
+{
+    m_contact.failed(why);
+}
+
+} // namespace platform

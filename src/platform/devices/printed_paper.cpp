@@ -1,0 +1,78 @@
+#include "platform/devices/printed_paper.h"
+
+#include <QtMath>
+#include <algorithm>
+
+namespace platform {
+
+namespace {
+
+constexpr double kMillimetresInInch = 25.4;
+// The longest paper that a PDF can be of, in the units that count most of it.
+constexpr double kMostMillimetres = 100000;
+constexpr int kLeastQuality = 10;
+constexpr int kMostQuality = 4800;
+
+bool isPaper(QSizeF size)
+{
+    const auto fits = [](double side) { return side > 0 && side <= kMostMillimetres; };
+    return fits(size.width()) && fits(size.height());
+}
+
+// Turned by a quarter against the clock, as printers put what is wide on their upright paper.
+QMarginsF turned(const QMarginsF& rim)
+{
+    return {rim.bottom(), rim.left(), rim.top(), rim.right()};
+}
+
+} // namespace
+
+QSizeF uprightMillimetres(const PaperSetting& setting)
+{
+    switch (setting.paper) {
+    case Paper::A3:
+        return {297, 420};
+    case Paper::A5:
+        return {148, 210};
+    case Paper::Custom:
+        return setting.customMillimetres;
+    case Paper::A4:
+        break;
+    }
+    return {210, 297};
+}
+
+QSizeF lyingMillimetres(const PaperSetting& setting)
+{
+    const QSizeF upright = uprightMillimetres(setting);
+    return setting.orientation == PaperOrientation::Landscape ? upright.transposed() : upright;
+}
+
+bool isSensibleQuality(int dotsPerInch)
+{
+    return dotsPerInch >= kLeastQuality && dotsPerInch <= kMostQuality;
+}
+
+PaperMetrics metricsOf(const PaperSetting& setting, const PaperTraits& traits)
+{
+    const QSizeF size = lyingMillimetres(setting);
+    if (!isPaper(size)) {
+        return {};
+    }
+    const bool turns = setting.orientation == PaperOrientation::Landscape;
+    const QMarginsF rim = turns ? turned(traits.rim) : traits.rim;
+    const int quality = setting.dotsPerInch > 0 ? setting.dotsPerInch : traits.dotsPerInch;
+    const auto pixels = [quality](double millimetres) {
+        return qRound(millimetres * quality / kMillimetresInInch);
+    };
+    PaperMetrics metrics{quality, quality, pixels(size.width()), pixels(size.height())};
+    metrics.physicalOffsetX = pixels(rim.left());
+    metrics.physicalOffsetY = pixels(rim.top());
+    metrics.innerWidth =
+        std::max(metrics.physicalWidth - metrics.physicalOffsetX - pixels(rim.right()), 0);
+    metrics.innerHeight =
+        std::max(metrics.physicalHeight - metrics.physicalOffsetY - pixels(rim.bottom()), 0);
+    return metrics;
+}
+
+} // namespace platform
