@@ -22,6 +22,7 @@
 #include "platform/os/paths.h"
 #include "platform/os/single_instance.h"
 #include "platform/pictures/delivered_icon.h"
+#include "publishing/albums/windows.h"
 #include "shell/config_store.h"
 #include "shell/main_window.h"
 #include "shell/message_window.h"
@@ -169,6 +170,7 @@ void registerWindows()
     editing::registerWindows();
     frames::registerWindows();
     acquire::registerWindows();
+    albums::registerWindows();
     preferences::registerWindows();
 }
 
