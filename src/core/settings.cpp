@@ -90,6 +90,11 @@ QString setting(const FolderKey& key)
     return text == kMissingValue ? QString() : text;
 }
 
+QString setting(const TextKey& key)
+{
+    return textOf(key.name);
+}
+
 void store(const SwitchKey& key, bool on)
 {
     const SwitchTexts texts = textsOf(key.on);
@@ -114,6 +119,11 @@ void store(const ColourKey& key, base::Colour colour)
 void store(const FolderKey& key, const QString& folder)
 {
     storeText(key.name, folder);
+}
+
+void store(const TextKey& key, const QString& text)
+{
+    storeText(key.name, text);
 }
 
 void storeInWords(const ColourKey& key, base::Colour colour)

@@ -36,12 +36,17 @@ struct ColourKey {
 struct FolderKey {
     const char* name;
 };
+// The text as it stands in the file, "ERROR" where there is none.
+struct TextKey {
+    const char* name;
+};
 
 [[nodiscard]] bool setting(const SwitchKey& key);
 [[nodiscard]] double setting(const NumberKey& key);
 [[nodiscard]] int setting(const ChoiceKey& key);
 [[nodiscard]] std::optional<base::Colour> setting(const ColourKey& key);
 [[nodiscard]] QString setting(const FolderKey& key);
+[[nodiscard]] QString setting(const TextKey& key);
 
 // On disk when it returns; a failed write changes nothing and says nothing.
 void store(const SwitchKey& key, bool on);
@@ -49,6 +54,7 @@ void store(const NumberKey& key, qint64 number);
 void store(const ChoiceKey& key, int choice);
 void store(const ColourKey& key, base::Colour colour);
 void store(const FolderKey& key, const QString& folder);
+void store(const TextKey& key, const QString& text);
 
 // The colour in words, "RGB(82, 109, 220)". They tell whoever reads the file; setting() finds no
 // colour in them, so that whatever the key colours keeps the colour it has.
@@ -81,12 +87,21 @@ inline constexpr NumberKey kRecentPathCount{"Xno"};
 
 inline constexpr NumberKey kFilter{"Filter"}; // what the separate editor does as it starts
 
+// The mail server, its port and the sender's address, as they were typed.
+inline constexpr TextKey kMailServer{"Servername"};
+inline constexpr TextKey kMailPort{"Serverport"};
+inline constexpr TextKey kMailAddress{"Mailtext"};
+// How the server is talked to, and who logs in. The password is never here.
+inline constexpr ChoiceKey kMailSecurity{"MailSecurity", 3}; // none, STARTTLS, TLS
+inline constexpr TextKey kMailUser{"MailUser"};
+
 inline constexpr std::array kSettingNames{
     kClassic.name,          kBrowseMode.name,     kBestFit.name,      kPanView.name,
     kScrollBars.name,       kZoomTool.name,       kStartFolder.name,  kAskToImport.name,
     kOwnLook.name,          kTitleColour.name,    kViewerColour.name, kThumbnailSize.name,
     kThumbnailColours.name, kFavouriteCount.name, kEditorCount.name,  kRecentPathCount.name,
-    kFilter.name,
+    kFilter.name,           kMailServer.name,     kMailPort.name,     kMailAddress.name,
+    kMailSecurity.name,     kMailUser.name,
 };
 
 } // namespace core

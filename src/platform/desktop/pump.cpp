@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QTimer>
 
 namespace platform {
 
@@ -11,16 +12,29 @@ namespace {
 
 bool g_closing = false;
 
-} // namespace
-
-bool pump(const QObject* guard)
+template<typename LetEventsRun> bool pumpBy(LetEventsRun letEventsRun, const QObject* guard)
 {
     const bool guarded = guard != nullptr;
     const QPointer<const QObject> alive = guard;
     if (!g_closing) {
-        QCoreApplication::processEvents();
+        letEventsRun();
     }
     return !g_closing && (!guarded || alive != nullptr);
+}
+
+} // namespace
+
+bool pump(const QObject* guard)
+{
+    return pumpBy([] { QCoreApplication::processEvents(); }, guard);
+}
+
+bool pumpWithin(std::chrono::milliseconds longest, const QObject* guard)
+{
+    QTimer alarm;
+    alarm.setSingleShot(true);
+    alarm.start(longest);
+    return pumpBy([] { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); }, guard);
 }
 
 void beginClosing()

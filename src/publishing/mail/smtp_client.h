@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/devices/mail_socket.h"
+#include "publishing/mail/mail_message.h"
+#include "publishing/mail/mail_settings.h"
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+namespace mail {
+
+// The status strip of the window that sends.
+class SendingStatus {
+public:
+    virtual ~SendingStatus() = default;
+    virtual void showStatus(const QString& text) = 0; // lblStatus
+    virtual void showBusy(bool busy) = 0;             // imgstatus: Image1(1) or Image1(0)
+};
+
+// Sends mail and keeps the program alive meanwhile. Without security it is the classic client: one
+// dialogue whose steps never learn of a failure. With STARTTLS or TLS a refusal ends the sending.
+// Both end when the program closes, when the client goes, or with leave(), and then say nothing
+// more.
+class SmtpClient : public QObject, private platform::MailSocketListener {
+    Q_OBJECT
+
+public:
+    explicit SmtpClient(SendingStatus& status, QObject* parent = nullptr);
+    ~SmtpClient() override;
+
+    MailSettings settings; // read them before sending
+    QString password;      // of settings.user; kept nowhere else
+
+    // Sets MailRecipient and MailMessageText from the draft and runs SendEmail(); returns when the
+    // sending is over. Does nothing while another one is under way.
+    void Send(const MailDraft& draft);
+    [[nodiscard]] bool isSending() const { return m_sending; }
+
+    // The window unloads: a sending under way ends, and Response is emptied.
+    void leave();
+
+    // The classic dialogue, step by step.
+    void SendEmail();
+    void WaitFor(const QByteArray& ResponseCode);
+    void Replay(const QByteArray& Text);
+    [[nodiscard]] const QByteArray& Response() const { return m_response; }
+
+signals:
+    void sendingChanged(bool sending);
+
+private:
+    void DataArrival() override;
+    void connectToServer();
+    void runDialogue();
+    [[nodiscard]] bool await(const QByteArray& code);
+    [[nodiscard]] bool awaitFirstReply(double& elapsed);
+    [[nodiscard]] bool awaitRightReply(const QByteArray& code, double elapsed);
+    [[nodiscard]] bool exchange(const QByteArray& text, const QByteArray& code);
+    [[nodiscard]] bool box(const QString& text);
+    [[nodiscard]] bool pumped();
+
+    SendingStatus& m_status;
+    std::unique_ptr<platform::MailSocket> m_socket;
+    QByteArray m_response;
+    bool m_sending = false;
+    bool m_left = false;
+};
+
+} // namespace mail
