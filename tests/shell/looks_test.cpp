@@ -32,7 +32,7 @@ constexpr std::array kSmallWindows{
     core::Window::Favorties, core::Window::FavortiesModi, core::Window::frmSaveJPGc,
     core::Window::FrmSwitch, core::Window::Form4,         core::Window::Form5rf,
     core::Window::Movefile,  core::Window::OptionsForm,   core::Window::FilePreivew,
-    core::Window::FrmBord,
+    core::Window::FrmBord,   core::Window::frmWebRelease,
 };
 
 QPalette darkPalette()
