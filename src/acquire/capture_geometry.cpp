@@ -29,11 +29,6 @@ int centred(int end, int span, int length)
     return wholePixel(end - span / 2.0 - length / 2.0);
 }
 
-QString twoDigits(unsigned channel)
-{
-    return QStringLiteral("%1").arg(channel, 2, 16, QLatin1Char('0')).toUpper();
-}
-
 } // namespace
 
 QRect rectangleBetween(QPoint corner, QPoint opposite)
@@ -77,12 +72,6 @@ QPoint pickerBoxPlace(QSize window, QPoint pointer)
     const QSize room(window.width() - pointer.x(), window.height() - pointer.y());
     return {pointer.x() + (room.width() < kBoxRoom.width() ? kBoxBehind.x() : kBoxAhead),
             pointer.y() + (room.height() < kBoxRoom.height() ? kBoxBehind.y() : kBoxAhead)};
-}
-
-QString webColourText(base::Colour colour)
-{
-    return twoDigits(base::redOf(colour)) + twoDigits(base::greenOf(colour)) +
-           twoDigits(base::blueOf(colour));
 }
 
 } // namespace acquire

@@ -32,7 +32,4 @@ namespace acquire {
 // it, or on the other side where the window ends.
 [[nodiscard]] QPoint pickerBoxPlace(QSize window, QPoint pointer);
 
-// "0A00FF": red, green and blue.
-[[nodiscard]] QString webColourText(base::Colour colour);
-
 } // namespace acquire

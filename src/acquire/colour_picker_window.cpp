@@ -2,6 +2,7 @@
 
 #include "acquire/capture_geometry.h"
 #include "acquire/frozen_pane.h"
+#include "base/web_colour.h"
 #include "platform/desktop/clipboard.h"
 
 #include <QFrame>
@@ -57,7 +58,7 @@ void frmGetColor::buildBox()
 
 void frmGetColor::showColour(base::Colour colour)
 {
-    m_colour = acquire::webColourText(colour);
+    m_colour = QString::fromStdString(base::webColour(colour));
     m_text->setText(QStringLiteral(" Web Color: #") + m_colour);
     const QColor shown(static_cast<int>(base::redOf(colour)),
                        static_cast<int>(base::greenOf(colour)),

@@ -1,11 +1,10 @@
 #include "publishing/albums/web_colour.h"
 
+#include "base/web_colour.h"
+
 QString Convert_Decimal_To_Hex(base::Colour color)
 {
-    const base::Colour shown = base::translated(color);
-    const base::Colour redFirst =
-        base::rgb(base::blueOf(shown), base::greenOf(shown), base::redOf(shown));
-    return QStringLiteral("%1").arg(redFirst, 6, 16, QLatin1Char('0')).toUpper();
+    return QString::fromStdString(base::webColour(base::translated(color)));
 }
 
 QString albums::withNumberSign(const QString& digits)

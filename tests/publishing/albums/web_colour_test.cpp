@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(WebColour, HasSixDigitsWithRedFirst)
+TEST(ConvertDecimalToHex, GivesSixDigitsWithRedFirst)
 {
     EXPECT_EQ(Convert_Decimal_To_Hex(0x330099), "990033");
     EXPECT_EQ(Convert_Decimal_To_Hex(0), "000000");
@@ -11,12 +11,12 @@ TEST(WebColour, HasSixDigitsWithRedFirst)
     EXPECT_EQ(Convert_Decimal_To_Hex(0xFFFFFF), "FFFFFF");
 }
 
-TEST(WebColour, IsTheValueOfAColourOfTheSystem)
+TEST(ConvertDecimalToHex, TakesTheValueOfAColourOfTheSystem)
 {
     EXPECT_EQ(Convert_Decimal_To_Hex(base::systemColour(13)), "000080");
 }
 
-TEST(WebColour, GetsItsNumberSignOnce)
+TEST(NumberSign, IsPutInFrontOnce)
 {
     EXPECT_EQ(albums::withNumberSign("990033"), "#990033");
     EXPECT_EQ(albums::withNumberSign("#990033"), "#990033");
