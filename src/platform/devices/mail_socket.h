@@ -51,7 +51,7 @@ public:
     // Gets the news from now on; null: nobody. Never owned.
     void setListener(MailSocketListener* listener) { m_listener = listener; }
 
-    virtual void Close() = 0;                   // at once; what is unsent is lost
+    virtual void Close() = 0;                   // at once; what the system takes no more is lost
     virtual void setLocalPort(int port) = 0;    // 0: any
     virtual void setProtocol(int protocol) = 0; // 0: TCP, the only one
     virtual void setRemoteHost(const QString& host) = 0;

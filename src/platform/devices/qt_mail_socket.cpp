@@ -69,6 +69,7 @@ void QtMailSocket::Close()
     if (QAbstractSocket* const socket = m_socket) {
         m_socket = nullptr;
         socket->disconnect();
+        socket->flush();
         socket->abort();
         socket->deleteLater();
     }

@@ -1,11 +1,16 @@
 #include "publishing/mail/smtp_client.h"
 
 #include "core/constants.h"
-#include "platform/desktop/dialogs.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/clock.h"
+#include "publishing/mail/mail_addresses.h"
+#include "publishing/mail/mime_message.h"
+#include "publishing/mail/secure_sending.h"
 
 #include <QPointer>
+#include <QRandomGenerator>
+#include <algorithm>
+#include <array>
 
 namespace mail {
 
@@ -18,17 +23,60 @@ const QString kNoReply = QStringLiteral("SMTP service error, timed out while wai
 const QString kWrongCode = QStringLiteral(
     "SMTP service error, impromper response code. Code should have been: %1 Code recieved: %2");
 
-const QString kNotYet = QStringLiteral("Encrypted mail can't be sent yet. Nothing was sent.");
+const QString kNoAddress = QStringLiteral("\u201C%1\u201D is no mail address.\nNothing was sent.");
+const QString kNoRecipient = QStringLiteral("The mail has no recipient.\nNothing was sent.");
+const QString kNoPicture = QStringLiteral("The picture %1 can't be read.\nNothing was sent.");
 
 const QString kConnecting = QStringLiteral("Status: Connecting to ");
 const QString kSending = QStringLiteral("Status: Sending mail message");
 const QString kSent = QStringLiteral("Status: Mail message sent");
 const QString kClosing = QStringLiteral("Status: Closing connection.");
 const QString kComplete = QStringLiteral("Status : Send Complete");
+const QString kNotSent = QStringLiteral("Status: Mail message not sent");
 
 QByteArray commandWith(const char* word, const QString& text)
 {
     return word + onOneLine(text).toUtf8();
+}
+
+// What keeps a message from going out, before anybody is asked; empty: nothing.
+QString flawOf(const MailDraft& draft, const MailSettings& settings)
+{
+    if (!canBeSentTo(settings.MailFromAddress)) {
+        return kNoAddress.arg(settings.MailFromAddress);
+    }
+    const std::vector<MailAddress> recipients = addressesIn(draft.to);
+    const auto flaw =
+        std::find_if(recipients.begin(), recipients.end(),
+                     [](const MailAddress& one) { return !canBeSentTo(one.address); });
+    if (flaw != recipients.end()) {
+        return kNoAddress.arg(flaw->address);
+    }
+    return recipients.empty() ? kNoRecipient : QString();
+}
+
+QByteArray randomToken()
+{
+    std::array<quint32, 6> numbers;
+    QRandomGenerator::system()->fillRange(numbers.data(), numbers.size());
+    return QByteArray(reinterpret_cast<const char*>(numbers.data()), sizeof numbers).toHex();
+}
+
+SessionFacts factsOf(const MailDraft& draft, const MailSettings& settings, const QString& password,
+                     const QString& computer, const MimeMessage& message)
+{
+    SessionFacts facts;
+    facts.server = settings.MailServerName;
+    facts.computer = computer;
+    facts.security = settings.security;
+    facts.user = {settings.user, password};
+    facts.sender = settings.MailFromAddress;
+    for (const MailAddress& one : addressesIn(draft.to)) {
+        facts.recipients.append(one.address);
+    }
+    facts.messageSize = message.size();
+    facts.nonce = randomToken();
+    return facts;
 }
 
 } // namespace
@@ -39,27 +87,39 @@ SmtpClient::SmtpClient(SendingStatus& status, QObject* parent)
 {
 }
 
-SmtpClient::~SmtpClient() = default;
+// Somebody on the stack may still hold the socket.
+SmtpClient::~SmtpClient()
+{
+    leave();
+}
 
 void SmtpClient::Send(const MailDraft& draft)
 {
     if (m_sending) {
         return;
     }
-    if (settings.security != MailSecurity::None) {
-        static_cast<void>(box(kNotYet));
-        return;
-    }
-    settings.MailRecipient = draft.to;
-    settings.MailMessageText = mailMessageText(draft);
     const QPointer<SmtpClient> alive = this;
     m_sending = true;
     emit sendingChanged(true);
+    if (settings.security == MailSecurity::None) {
+        sendPlainly(draft);
+    } else {
+        sendSecured(draft);
+    }
+    if (alive != nullptr) {
+        m_sending = false;
+        emit sendingChanged(false);
+    }
+}
+
+void SmtpClient::sendPlainly(const MailDraft& draft)
+{
+    const QPointer<SmtpClient> alive = this;
+    settings.MailRecipient = draft.to;
+    settings.MailMessageText = mailMessageText(draft);
     SendEmail();
     if (alive != nullptr) {
         settings.MailMessageText.clear();
-        m_sending = false;
-        emit sendingChanged(false);
     }
 }
 
@@ -68,30 +128,75 @@ void SmtpClient::leave()
     m_left = true;
     m_response.clear();
     if (m_socket != nullptr) {
+        m_socket->setListener(nullptr);
         m_socket->Close();
+    }
+}
+
+void SmtpClient::sendSecured(const MailDraft& draft)
+{
+    m_left = false;
+    m_status.showBusy(true);
+    QString failure = flawOf(draft, settings);
+    if (failure.isEmpty() && !converse(draft, failure)) {
+        return;
+    }
+    tellOutcome(failure);
+}
+
+// False when the sending is over without any outcome; the client may be gone then.
+bool SmtpClient::converse(const MailDraft& draft, QString& failure)
+{
+    MimeMessage message(draft, settings.MailFromAddress,
+                        {QDateTime::currentDateTime(), randomToken()});
+    if (message.isBroken()) {
+        failure = kNoPicture.arg(draft.picture);
+        return true;
+    }
+    nameServer();
+    SecureSending sending(m_socket,
+                          factsOf(draft, settings, password, m_socket->LocalHostName(), message),
+                          message, m_status);
+    while (!sending.isOver()) {
+        if (!pumped()) {
+            return false;
+        }
+        sending.checkTime();
+    }
+    failure = sending.failure();
+    return true;
+}
+
+void SmtpClient::tellOutcome(const QString& failure)
+{
+    m_status.showBusy(false);
+    m_status.showStatus(failure.isEmpty() ? kComplete : kNotSent);
+    if (!failure.isEmpty()) {
+        static_cast<void>(box(failure, platform::BoxIcon::Critical));
     }
 }
 
 void SmtpClient::SendEmail()
 {
     m_left = false;
-    connectToServer();
+    nameServer();
+    m_socket->setEncryption(platform::MailEncryption::None);
+    m_socket->setListener(this);
+    m_socket->Connect();
     m_status.showBusy(true);
     runDialogue();
 }
 
-void SmtpClient::connectToServer()
+void SmtpClient::nameServer()
 {
     if (m_socket == nullptr) {
         m_socket = platform::makeMailSocket();
-        m_socket->setListener(this);
     }
     m_socket->Close();
     m_socket->setLocalPort(0);
     m_socket->setProtocol(0);
     m_socket->setRemoteHost(settings.MailServerName);
     m_socket->setRemotePort(settings.MailServerPort);
-    m_socket->Connect();
 }
 
 // No step learns whether the one before succeeded; only the end of the program, of the window or of
@@ -160,7 +265,7 @@ bool SmtpClient::awaitFirstReply(double& elapsed)
             return false;
         }
         if (elapsed > kPatience) {
-            return box(kNoReply);
+            return box(kNoReply, platform::BoxIcon::Information);
         }
     }
     return true;
@@ -175,7 +280,8 @@ bool SmtpClient::awaitRightReply(const QByteArray& code, double elapsed)
             return false;
         }
         if (elapsed > kPatience) {
-            return box(kWrongCode.arg(QString::fromUtf8(code), QString::fromUtf8(m_response)));
+            return box(kWrongCode.arg(QString::fromUtf8(code), QString::fromUtf8(m_response)),
+                       platform::BoxIcon::Information);
         }
     }
     m_response.clear();
@@ -188,10 +294,10 @@ void SmtpClient::DataArrival()
     m_response = m_socket->GetData();
 }
 
-bool SmtpClient::box(const QString& text)
+bool SmtpClient::box(const QString& text, platform::BoxIcon icon)
 {
     const QPointer<SmtpClient> alive = this;
-    platform::dialogs().showMessage(text, core::kProgramName, platform::BoxIcon::Information);
+    platform::dialogs().showMessage(text, core::kProgramName, icon);
     return alive != nullptr && !m_left && !platform::isClosing();
 }
 

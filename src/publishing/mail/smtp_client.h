@@ -1,22 +1,16 @@
 #pragma once
 
+#include "platform/desktop/dialogs.h"
 #include "platform/devices/mail_socket.h"
 #include "publishing/mail/mail_message.h"
 #include "publishing/mail/mail_settings.h"
+#include "publishing/mail/sending_status.h"
 
 #include <QObject>
 #include <QString>
 #include <memory>
 
 namespace mail {
-
-// The status strip of the window that sends.
-class SendingStatus {
-public:
-    virtual ~SendingStatus() = default;
-    virtual void showStatus(const QString& text) = 0; // lblStatus
-    virtual void showBusy(bool busy) = 0;             // imgstatus: Image1(1) or Image1(0)
-};
 
 // Sends mail and keeps the program alive meanwhile. Without security it is the classic client: one
 // dialogue whose steps never learn of a failure. With STARTTLS or TLS a refusal ends the sending.
@@ -51,17 +45,21 @@ signals:
 
 private:
     void DataArrival() override;
-    void connectToServer();
+    void nameServer();
+    void sendPlainly(const MailDraft& draft);
+    void sendSecured(const MailDraft& draft);
+    [[nodiscard]] bool converse(const MailDraft& draft, QString& failure);
+    void tellOutcome(const QString& failure);
     void runDialogue();
     [[nodiscard]] bool await(const QByteArray& code);
     [[nodiscard]] bool awaitFirstReply(double& elapsed);
     [[nodiscard]] bool awaitRightReply(const QByteArray& code, double elapsed);
     [[nodiscard]] bool exchange(const QByteArray& text, const QByteArray& code);
-    [[nodiscard]] bool box(const QString& text);
+    [[nodiscard]] bool box(const QString& text, platform::BoxIcon icon);
     [[nodiscard]] bool pumped();
 
     SendingStatus& m_status;
-    std::unique_ptr<platform::MailSocket> m_socket;
+    std::shared_ptr<platform::MailSocket> m_socket; // null before the first sending
     QByteArray m_response;
     bool m_sending = false;
     bool m_left = false;
