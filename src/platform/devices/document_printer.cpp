@@ -56,12 +56,12 @@ bool DocumentPrinter::startDocument(const QString& title)
     if (paper.isEmpty()) {
         return false;
     }
-    QFileDevice* const target = openTarget(title);
-    if (target == nullptr) {
-        return false;
+    m_target = openTarget(title);
+    if (m_target) {
+        m_pages =
+            std::make_unique<PdfPages>(m_target->file(), paper, lyingMillimetres(m_setting), title);
     }
-    m_pages = std::make_unique<PdfPages>(*target, paper, lyingMillimetres(m_setting), title);
-    return true;
+    return m_pages != nullptr;
 }
 
 void DocumentPrinter::newPage()
@@ -87,23 +87,27 @@ void DocumentPrinter::fill(const QRectF& place, base::Colour colour)
 
 bool DocumentPrinter::endDocument(int copies)
 {
+    const auto target = std::exchange(m_target, nullptr);
     const auto pages = std::exchange(m_pages, nullptr);
     if (!pages) {
         return false;
     }
-    const bool isWhole = pages->finish();
-    const bool delivered = isWhole && (copies <= 0 || deliver(copies));
-    if (!isWhole) {
-        fail(PrintFailure::NotSaved);
+    std::optional<PrintFailure> failure;
+    if (!pages->finish()) {
+        failure = PrintFailure::NotSaved;
+    } else if (copies > 0) {
+        failure = target->deliver(copies);
     }
-    dropTarget();
-    return delivered;
+    if (failure) {
+        fail(*failure);
+    }
+    return !failure;
 }
 
 void DocumentPrinter::abandonDocument()
 {
     m_pages.reset();
-    dropTarget();
+    m_target.reset();
 }
 
 void DocumentPrinter::fail(PrintFailure why)

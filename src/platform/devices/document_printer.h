@@ -8,6 +8,16 @@
 
 namespace platform {
 
+// Where one document goes. One that goes before it is delivered leaves nothing.
+class PrintTarget {
+public:
+    virtual ~PrintTarget() = default;
+
+    [[nodiscard]] virtual QFileDevice& file() = 0; // open for writing
+    // The document is whole in its file. What went wrong, if anything.
+    [[nodiscard]] virtual std::optional<PrintFailure> deliver(int copies) = 0;
+};
+
 // What all printers share: their settings, and documents that are PDF files, wherever they go.
 class DocumentPrinter : public Printer {
 public:
@@ -28,11 +38,8 @@ public:
 protected:
     // By the size of the upright paper, in millimetres.
     [[nodiscard]] virtual PaperTraits traitsOf(QSizeF upright) = 0;
-    // Where the document is written: open for writing, or null. What was opened before is dropped.
-    [[nodiscard]] virtual QFileDevice* openTarget(const QString& title) = 0;
-    // The document is whole in its target.
-    [[nodiscard]] virtual bool deliver(int copies) = 0;
-    virtual void dropTarget() = 0;
+    // Null without one: either nobody wants it or it has failed, which is told.
+    [[nodiscard]] virtual std::unique_ptr<PrintTarget> openTarget(const QString& title) = 0;
 
     void fail(PrintFailure why);
     [[nodiscard]] const PaperSetting& setting() const { return m_setting; }
@@ -42,7 +49,9 @@ private:
     QString m_name;
     PrinterContact m_contact;
     PaperSetting m_setting;
-    std::unique_ptr<PdfPages> m_pages; // while a document is open
+    // While a document is open; its pages write into the target.
+    std::unique_ptr<PrintTarget> m_target;
+    std::unique_ptr<PdfPages> m_pages;
 };
 
 } // namespace platform

@@ -1,6 +1,5 @@
 #include "platform/devices/pdf_pages.h"
 
-#include <QFileDevice>
 #include <QPageSize>
 #include <unordered_set>
 
@@ -35,11 +34,34 @@ bool isDrawing(const QImage& picture)
 
 } // namespace
 
+CheckedOutput::CheckedOutput(QFileDevice& file)
+    : m_file(file)
+{
+    open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+bool CheckedOutput::finish()
+{
+    return m_file.flush() && m_isWhole;
+}
+
+qint64 CheckedOutput::readData(char* /*bytes*/, qint64 /*count*/)
+{
+    return -1;
+}
+
+// The document goes on without its bytes, so that it isn't tried again for each of them.
+qint64 CheckedOutput::writeData(const char* bytes, qint64 count)
+{
+    m_isWhole = m_isWhole && m_file.write(bytes, count) == count;
+    return count;
+}
+
 PdfPages::PdfPages(QFileDevice& target, const PaperMetrics& metrics, QSizeF millimetres,
                    const QString& title)
-    : m_target(target)
+    : m_output(target)
     , m_metrics(metrics)
-    , m_writer(&target)
+    , m_writer(&m_output)
 {
     m_writer.setCreator(kCreator);
     m_writer.setTitle(title);
@@ -76,6 +98,9 @@ void PdfPages::draw(const QImage& picture, const QRectF& place, const QRectF& cl
 
 void PdfPages::fill(const QRectF& place, base::Colour colour)
 {
+    if (!place.isValid()) {
+        return;
+    }
     const QRectF inner(0, 0, m_metrics.innerWidth, m_metrics.innerHeight);
     m_painter.setClipping(false);
     m_painter.fillRect(place & inner, toQt(colour));
@@ -84,7 +109,7 @@ void PdfPages::fill(const QRectF& place, base::Colour colour)
 bool PdfPages::finish()
 {
     const bool ended = m_painter.end();
-    return m_target.flush() && m_target.error() == QFileDevice::NoError && ended;
+    return m_output.finish() && ended;
 }
 
 } // namespace platform

@@ -1,9 +1,6 @@
 #pragma once
 
 #include "platform/devices/document_printer.h"
-#include "platform/os/replacement_file.h"
-
-#include <QFile>
 
 namespace platform {
 
@@ -15,12 +12,7 @@ public:
 
 private:
     [[nodiscard]] PaperTraits traitsOf(QSizeF upright) override;
-    [[nodiscard]] QFileDevice* openTarget(const QString& title) override;
-    [[nodiscard]] bool deliver(int copies) override;
-    void dropTarget() override;
-
-    std::unique_ptr<ReplacementFile> m_replacement;
-    std::unique_ptr<QFile> m_file; // writes to it
+    [[nodiscard]] std::unique_ptr<PrintTarget> openTarget(const QString& title) override;
 };
 
 } // namespace platform

@@ -19,10 +19,13 @@ bool isPaper(QSizeF size)
     return fits(size.width()) && fits(size.height());
 }
 
-// Turned by a quarter against the clock, as printers put what is wide on their upright paper.
+// What is wide is turned by a quarter for the upright paper, by some printers with the clock and by
+// others against it. Within this rim it is whole either way.
 QMarginsF turned(const QMarginsF& rim)
 {
-    return {rim.bottom(), rim.left(), rim.top(), rim.right()};
+    const double sides = std::max(rim.top(), rim.bottom());
+    const double ends = std::max(rim.left(), rim.right());
+    return {sides, ends, sides, ends};
 }
 
 } // namespace
