@@ -55,7 +55,7 @@ void FolderRun::holdHost()
         enableSplitter(false);
     }
     if (hold.pointer) {
-        platform::setPointer(platform::Pointer::ArrowHourGlass);
+        platform::setPointer(*hold.pointer);
     }
     m_list.surface().state.IsLoading = true;
 }
@@ -102,7 +102,8 @@ std::optional<FileInRun> FolderRun::fileNow() const
     if (m_list.isDesignTime()) {
         return FileInRun{m_index, m_count, {}};
     }
-    const platform::FileList& files = m_list.surface().File1;
+    const platform::FileList* const kept = m_step.files();
+    const platform::FileList& files = kept != nullptr ? *kept : m_list.surface().File1;
     const QString name = files.name(m_index);
     if (name.isEmpty()) {
         return std::nullopt;
@@ -162,7 +163,10 @@ void FolderRun::finish()
     if (const auto text = m_step.closingText(m_index, m_count)) {
         m_list.surface().setInfoText(*text);
     }
-    showStrip(false);
+    m_step.finished();
+    if (m_alive != nullptr) {
+        showStrip(false);
+    }
 }
 
 } // namespace thumbs

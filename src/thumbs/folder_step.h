@@ -1,11 +1,17 @@
 #pragma once
 
+#include "platform/desktop/pointer.h"
+
 #include <QSize>
 #include <QString>
 #include <optional>
 
 namespace core {
 class ProgressStrip;
+}
+
+namespace platform {
+class FileList;
 }
 
 namespace thumbs {
@@ -22,7 +28,8 @@ struct FileInRun {
 // What a run keeps from the user while it works.
 struct HostHold {
     bool splitter = true; // of the browser pane, whose size stays then
-    bool pointer = true;  // shows the arrow with the hour glass
+    // The shape that the pointer has meanwhile; nothing leaves it to the user.
+    std::optional<platform::Pointer> pointer = platform::Pointer::ArrowHourGlass;
 };
 
 // What is made of the files of a folder, one after the other. The run asks for everything anew for
@@ -33,6 +40,9 @@ public:
     virtual ~FolderStep() = default;
 
     [[nodiscard]] virtual HostHold hold() const { return {}; }
+    // The files to walk over, where a step keeps to those that it began with. Null: the list's, as
+    // they stand when each is asked for.
+    [[nodiscard]] virtual const platform::FileList* files() const { return nullptr; }
     // The strip that tells how far the run has come, null where there is none. The main window's,
     // as long as a step has none of its own.
     [[nodiscard]] virtual core::ProgressStrip* strip() const;
@@ -57,6 +67,8 @@ public:
     virtual void end() = 0;
     // The index is behind the last file done.
     [[nodiscard]] virtual std::optional<QString> closingText(int index, int count) const = 0;
+    // Comes last, when the host has everything back but the strip.
+    virtual void finished() {}
 };
 
 } // namespace thumbs

@@ -34,6 +34,8 @@ struct GalleryState {
     bool IsPrintPreview = false;
     bool IsHtmlRun = false;
     bool IsPrinting = false;
+    QString AlbumSideText; // of the album pages; they stay from one album to the next
+    QString AlbumSubTitle;
 
     void endRun() { IsLoading = CancelLoading = IsPrinting = false; }
 };

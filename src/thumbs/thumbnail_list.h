@@ -94,7 +94,8 @@ signals:
     void ThumbClick(int index, const QString& fileName);
     void ThumbDblClick(int index, const QString& fileName);
     void ThumbPathChange(const QString& path);
-    void HtmLGaleryCreated(bool done, int pictures, const QString& folder);
+    // An album of so many files is on the disk, with its first page at the path.
+    void HtmLGaleryCreated(bool done, int files, const QString& index);
     void ThumbPageStatus(int thumbNailSize, int thumbsPerPage, int pages, int files);
 
 protected:

@@ -20,6 +20,10 @@ public:
     }
 
     [[nodiscard]] thumbs::HostHold hold() const override { return held; }
+    [[nodiscard]] const platform::FileList* files() const override
+    {
+        return ownFiles ? &*ownFiles : nullptr;
+    }
     [[nodiscard]] core::ProgressStrip* strip() const override { return ownStrip; }
     [[nodiscard]] bool isCancelled(const thumbs::GalleryState& state) const override
     {
@@ -56,7 +60,15 @@ public:
         return QStringLiteral("done %1 of %2").arg(index).arg(count);
     }
 
+    void finished() override
+    {
+        if (atFinish) {
+            atFinish();
+        }
+    }
+
     thumbs::HostHold held;
+    std::optional<platform::FileList> ownFiles;
     core::ProgressStrip* ownStrip = nullptr;
     bool cancelled = false;
     bool refuses = false;
@@ -64,6 +76,7 @@ public:
     QString done = QStringLiteral("no such file");
     std::optional<QSize> tile;
     std::function<void()> atFile;
+    std::function<void()> atFinish;
 
     QStringList calls;
     std::vector<QSize> sizes;
@@ -154,11 +167,36 @@ TEST_F(FolderRunTest, HoldsTheHostAndPutsItBack)
 
 TEST_F(FolderRunTest, LeavesThePointerToAStepThatDoesNotHoldIt)
 {
-    m_step.held.pointer = false;
+    m_step.held.pointer.reset();
     platform::Pointer during = platform::Pointer::ArrowHourGlass;
     m_step.atFile = [&] { during = platform::pointer(); };
     run();
     EXPECT_EQ(during, platform::Pointer::Default);
+}
+
+TEST_F(FolderRunTest, ShowsTheShapeOfThePointerThatItsStepWants)
+{
+    m_step.held.pointer = platform::Pointer::HourGlass;
+    platform::Pointer during = platform::Pointer::Default;
+    m_step.atFile = [&] { during = platform::pointer(); };
+    run();
+    EXPECT_EQ(during, platform::Pointer::HourGlass);
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
+TEST_F(FolderRunTest, TellsItsStepThatAllIsGivenBackButTheStrip)
+{
+    QStringList told;
+    m_step.ownStrip = &m_main.gradient;
+    m_step.atFinish = [&] {
+        told.append(m_list.surface().infoText());
+        EXPECT_FALSE(m_list.surface().state.IsLoading);
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+        EXPECT_TRUE(m_main.gradient.shown);
+    };
+    run();
+    EXPECT_EQ(told, QStringList{"done 3 of 3"});
+    EXPECT_FALSE(m_main.gradient.shown);
 }
 
 TEST_F(FolderRunTest, EndsBeforeTheNextFileAtACancel)
@@ -210,6 +248,33 @@ TEST_F(FolderRunTest, GoesOnAfterTheTilesOfAnotherFolder)
     run();
     EXPECT_EQ(m_step.calls, (QStringList{"begin", "a.bmp 0 of 3", "y.bmp 1 of 3", "end"}));
     EXPECT_EQ(m_list.surface().infoText(), "done 2 of 3");
+}
+
+TEST_F(FolderRunTest, StaysWithTheFilesThatItsStepKeeps)
+{
+    m_tree.add({"other/"});
+    addPicture("other/x.bmp", kGreen);
+    m_step.ownFiles = m_list.surface().File1;
+    m_step.atFile = [this] {
+        if (m_step.sizes.size() == 1) {
+            runFolder("other");
+        }
+    };
+    run();
+    EXPECT_EQ(m_step.calls,
+              (QStringList{"begin", "a.bmp 0 of 3", "b.jpg 1 of 3", "c.bmp 2 of 3", "end"}));
+    EXPECT_EQ(m_list.path(), m_tree.path("other"));
+}
+
+TEST_F(FolderRunTest, SurvivesTheEndOfItsListAtTheVeryEnd)
+{
+    auto list = std::make_unique<ThumbNailList>();
+    list->setPath(m_tree.path("pics"));
+    RecordingStep step(*list);
+    step.atFinish = [&list] { list.reset(); };
+    thumbs::FolderRun(*list, step).run();
+    EXPECT_EQ(step.calls.size(), 5);
+    EXPECT_EQ(list, nullptr);
 }
 
 TEST_F(FolderRunTest, SurvivesTheEndOfItsListInAStep)
