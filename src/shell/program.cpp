@@ -22,6 +22,7 @@
 #include "platform/os/paths.h"
 #include "platform/os/single_instance.h"
 #include "platform/pictures/delivered_icon.h"
+#include "publishing/albums/album_run.h"
 #include "publishing/albums/windows.h"
 #include "shell/config_store.h"
 #include "shell/main_window.h"
@@ -187,6 +188,7 @@ void runProgram(const StepWatcher& watcher)
 {
     static FileConfigStore config;
     core::services().config = &config;
+    core::services().createAlbum = &albums::createAlbum;
     core::services().setWallpaper = &acquire::setWallpaper;
     registerWindows();
     connectReaders();

@@ -40,6 +40,12 @@ bool save(const JpegEncoder& encoder, const QString& path, Flush flush)
 
 } // namespace
 
+bool saveJpeg(const Picture& picture, const QString& path, int quality, Flush flush)
+{
+    JpegEncoder encoder(picture.flattened(), quality);
+    return encoder.encodeAll() && save(encoder, path, flush);
+}
+
 BitmapSource::BitmapSource(const QString& path)
     : m_path(path)
 {

@@ -2,6 +2,7 @@
 
 #include "platform/os/files.h"
 #include "platform/pictures/jpeg_encoder.h"
+#include "platform/pictures/picture.h"
 
 #include <QImage>
 #include <QString>
@@ -17,6 +18,10 @@
 [[nodiscard]] int BMPToJPG(const QString& sourceBmpPath, const QString& targetJpgPath, int quality);
 
 namespace platform {
+
+// The same of a picture in memory, whose transparent parts become white. True on success.
+[[nodiscard]] bool saveJpeg(const Picture& picture, const QString& path, int quality,
+                            Flush flush = Flush::No);
 
 // A bitmap file that is converted again and again: its pixels are read once and kept until the file
 // changes.

@@ -170,3 +170,14 @@ TEST_F(JpegConverter, ReadsAChangedSourceAgain)
     m_tree.remove("source.bmp");
     EXPECT_TRUE(source.image().isNull());
 }
+
+TEST_F(JpegConverter, SavesAPictureInMemoryAsTheFileOfItWouldBe)
+{
+    const platform::Picture picture(test::numbered(200, 120));
+    EXPECT_FALSE(failed(BMPToJPG(m_source, m_target, 70)));
+    EXPECT_TRUE(platform::saveJpeg(picture, m_tree.path("direct.jpg"), 70));
+    EXPECT_EQ(m_tree.content("direct.jpg"), m_tree.content("target.jpg"));
+    EXPECT_FALSE(platform::saveJpeg({}, m_target, 70));
+    EXPECT_FALSE(platform::saveJpeg(picture, m_tree.path("none/a.jpg"), 70));
+    EXPECT_EQ(decoded("target.jpg").size(), QSize(200, 120));
+}

@@ -1,14 +1,12 @@
 #include "publishing/albums/album_setup_window.h"
 
 #include "core/window_registry.h"
+#include "publishing/albums/pane_with_thumbnails.h"
 #include "publishing/albums/windows.h"
-#include "support/fake_browser_pane.h"
 #include "support/fake_desktop.h"
 #include "support/fake_dialogs.h"
 #include "support/fake_main_window.h"
 #include "support/temp_tree.h"
-#include "thumbs/pane_thumbnails.h"
-#include "thumbs/thumbnail_list.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -22,14 +20,6 @@
 namespace {
 
 constexpr auto kWindow = core::Window::frmWebRelease;
-
-class PaneWithThumbnails : public support::FakeBrowserPane, public thumbs::PaneThumbnails {
-public:
-    using FakeBrowserPane::FakeBrowserPane;
-    ThumbNailList& ThumbNailList1() override { return thumbnails; }
-
-    ThumbNailList thumbnails;
-};
 
 class AlbumSetupWindow : public testing::Test {
 protected:
