@@ -12,6 +12,7 @@ namespace platform {
 namespace {
 
 constexpr int kTextFieldWidth = 300; // pixels
+const QString kColourTitle = QStringLiteral("Select Color");
 
 } // namespace
 
@@ -45,6 +46,7 @@ std::optional<base::Colour> QtDialogs::chooseColour(base::Colour initial)
     const base::Colour plain = base::translated(initial);
     ModalDialog<QColorDialog> dialog;
     dialog->setOption(QColorDialog::DontUseNativeDialog);
+    dialog->setWindowTitle(kColourTitle);
     dialog->setCurrentColor(
         QColor(int(base::redOf(plain)), int(base::greenOf(plain)), int(base::blueOf(plain))));
     if (dialog.run() != QDialog::Accepted) {

@@ -504,6 +504,7 @@ TEST(ColourDialog, GivesAndTakesColourNumbers)
 {
     QtDialogs dialogs;
     whenOpen<QColorDialog>([](QColorDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Select Color");
         EXPECT_EQ(dialog.currentColor(), QColor(10, 20, 30));
         dialog.setCurrentColor(QColor(82, 109, 220));
         static_cast<QDialog&>(dialog).accept();
