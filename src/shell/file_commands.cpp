@@ -5,14 +5,14 @@
 #include "core/browser_pane.h"
 #include "core/player_window.h"
 #include "core/services.h"
-#include "core/window_registry.h"
-#include "core/working_files.h"
+#include "core/window_names.h"
 #include "platform/desktop/dialogs.h"
 #include "platform/desktop/pump.h"
 #include "platform/os/file_list.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
 #include "platform/pictures/picture_saver.h"
+#include "publishing/printing/print_window.h"
 #include "shell/main_window.h"
 #include "viewer/picture_viewer.h"
 
@@ -151,11 +151,7 @@ void acquire(Form1& form, int /*index*/)
 
 void print(Form1& form, int /*index*/)
 {
-    if (!core::windows().hasFactory(core::Window::frmTemp)) {
-        return;
-    }
-    static_cast<void>(core::saveAs(core::WorkingFile::Picture, form.viewer().Picture()));
-    form.showWindow(core::Window::frmTemp, kModal);
+    printing::showPrintWindow(form.viewer().Picture());
 }
 
 void captureScreen(Form1& form, int /*index*/)

@@ -24,6 +24,7 @@
 #include "platform/pictures/delivered_icon.h"
 #include "publishing/albums/album_run.h"
 #include "publishing/albums/windows.h"
+#include "publishing/printing/windows.h"
 #include "shell/config_store.h"
 #include "shell/main_window.h"
 #include "shell/message_window.h"
@@ -172,6 +173,7 @@ void registerWindows()
     frames::registerWindows();
     acquire::registerWindows();
     albums::registerWindows();
+    printing::registerWindows();
     preferences::registerWindows();
 }
 
