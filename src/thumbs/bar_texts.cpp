@@ -37,9 +37,12 @@ std::optional<QString> counted(const std::array<Words, 2>& table, std::int32_t l
     return std::nullopt;
 }
 
-QString sizeText(int size)
+QString sizeText(const BarFacts& facts)
 {
-    const QString number = QString::number(size);
+    if (!facts.pictureSize) {
+        return {};
+    }
+    const QString number = QString::number(*facts.pictureSize);
     return "  ThumbSize:" + number + " x " + number;
 }
 
@@ -49,7 +52,7 @@ std::optional<QString> runningText(std::int32_t language, const BarFacts& facts)
 {
     std::optional<QString> text = counted(kRunning, language, facts.page + 1, facts);
     if (text) {
-        *text += sizeText(facts.pictureSize);
+        *text += sizeText(facts);
     }
     return text;
 }
@@ -58,7 +61,7 @@ std::optional<QString> closingText(std::int32_t language, const BarFacts& facts)
 {
     std::optional<QString> text = counted(kClosing, language, facts.page, facts);
     if (text) {
-        *text += "  Tijd:" + sizeText(facts.pictureSize);
+        *text += "  Tijd:" + sizeText(facts);
     }
     return text;
 }

@@ -11,7 +11,7 @@ struct BarFacts {
     int page = 0;    // from 0
     int picture = 0; // index of the file, from 0
     int files = 0;
-    int pictureSize = 0;
+    std::optional<int> pictureSize = {}; // of a tile; sheets for paper tell none
 };
 
 [[nodiscard]] std::optional<QString> runningText(std::int32_t language, const BarFacts& facts);

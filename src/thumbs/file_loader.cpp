@@ -33,7 +33,7 @@ void FileLoader::loadTile(const QString& path, QSize room)
         m_list.openPsd(path);
         break;
     case TileSource::File:
-        loadFile(path, room);
+        loadFitting(path, room);
         break;
     }
 }
@@ -45,17 +45,17 @@ void FileLoader::loadWhole(const QString& path)
     }
 }
 
+void FileLoader::loadFitting(const QString& path, QSize room)
+{
+    if (const auto loaded = platform::loadTilePicture(path, room, &fitPicture)) {
+        m_list.surface().P_load = {loaded->picture, loaded->naturalSize};
+    }
+}
+
 void FileLoader::loadIcon(const QString& file)
 {
     if (const auto& icon = m_icons.icon(file)) {
         m_list.surface().P_load = atNaturalSize(*icon);
-    }
-}
-
-void FileLoader::loadFile(const QString& path, QSize room)
-{
-    if (const auto loaded = platform::loadTilePicture(path, room, &fitPicture)) {
-        m_list.surface().P_load = {loaded->picture, loaded->naturalSize};
     }
 }
 

@@ -22,10 +22,11 @@ public:
 
     // The file itself, whole and without a badge, where the picture loader takes it.
     void loadWhole(const QString& path);
+    // The same, no larger than the room takes.
+    void loadFitting(const QString& path, QSize room);
 
 private:
     void loadIcon(const QString& file);
-    void loadFile(const QString& path, QSize room);
 
     ThumbNailList& m_list;
     DeliveredIcons m_icons;

@@ -131,6 +131,8 @@ bool FolderRun::load(const FileInRun& file)
     const int runs = m_list.surface().state.runs;
     if (const std::optional<QSize> room = m_step.tileRoom()) {
         m_loader.loadTile(file.path, *room);
+    } else if (const std::optional<QSize> own = m_step.fileRoom()) {
+        m_loader.loadFitting(file.path, *own);
     } else {
         m_loader.loadWhole(file.path);
     }

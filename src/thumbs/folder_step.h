@@ -58,8 +58,11 @@ public:
     // False for a file that needs no picture, such as one that is done already.
     [[nodiscard]] virtual bool needsPicture(const FileInRun& file) const = 0;
     // The room of a tile's picture, in pixels of the screen: files come as tiles show them, by
-    // their kind and with a badge. Nothing: the files themselves are loaded, whole.
+    // their kind and with a badge. Nothing: the files themselves are loaded.
     [[nodiscard]] virtual std::optional<QSize> tileRoom() const = 0;
+    // For files that are loaded themselves: the room of the picture, in pixels of the screen, where
+    // it needn't come larger than it takes.
+    [[nodiscard]] virtual std::optional<QSize> fileRoom() const { return std::nullopt; }
     [[nodiscard]] virtual std::optional<QString> barText(const FileInRun& file) const = 0;
     virtual void make(const FileInRun& file) = 0;
 

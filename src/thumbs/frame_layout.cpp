@@ -49,6 +49,7 @@ void PageStack::restart(QSize viewport, QSize page, int pageLeft, int topMargin)
     m_pageLeft = pageLeft;
     m_topMargin = topMargin;
     m_pages = 1;
+    m_sheetWidth = viewport.width() - 2 * kFrameMargin;
     m_sheetHeight = viewport.height() - 1;
     m_scrollMaximum = 0;
 }

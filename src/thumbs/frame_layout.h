@@ -10,6 +10,7 @@ namespace thumbs {
 
 inline constexpr int kFrameMargin = 5; // kept around the sheet
 inline constexpr int kPageTopMargin = 2 * kFrameMargin;
+inline constexpr int kSheetMargin = 20;    // in its place where the pages are sheets for paper
 inline constexpr int kSmallestFrame = 100; // in place of a negative width or height
 inline constexpr int kLargestBarValue = 32767;
 
@@ -60,6 +61,8 @@ public:
     // The page at a height of the sheet, or -1 between pages and outside.
     [[nodiscard]] int pageAt(int y) const;
 
+    // The sheet is as wide as the viewport allows, whatever the pages on it are.
+    [[nodiscard]] int sheetWidth() const { return m_sheetWidth; }
     [[nodiscard]] int sheetHeight() const { return m_sheetHeight; }
     void raiseSheet(int height);
 
@@ -77,6 +80,7 @@ private:
     int m_pageLeft = 0;
     int m_topMargin = kPageTopMargin;
     int m_pages = 1;
+    int m_sheetWidth = 0;
     int m_sheetHeight = 0;
     int m_scrollMaximum = 0;
 };

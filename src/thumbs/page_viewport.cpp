@@ -87,8 +87,7 @@ void PageViewport::mouseDoubleClickEvent(QMouseEvent* event)
 
 QRect PageViewport::sheetRect() const
 {
-    const QSize size(std::max(0, m_sheet.stack().pageSize().width()),
-                     m_sheet.stack().sheetHeight());
+    const QSize size(std::max(0, m_sheet.stack().sheetWidth()), m_sheet.stack().sheetHeight());
     return {m_sheetPosition, size};
 }
 

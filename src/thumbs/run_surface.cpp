@@ -10,6 +10,12 @@
 
 namespace thumbs {
 
+namespace {
+
+constexpr base::Colour kPaper = 0xFFFFFF;
+
+} // namespace
+
 RunSurface::RunSurface(ThumbNailList& owner)
     : list(owner)
     , viewport(*new PageViewport(pages, &owner))
@@ -23,6 +29,19 @@ void RunSurface::layoutFirstPage()
 {
     takeFrameColour();
     pages.restart(viewportSize(), list.devicePixelRatioF(), list.ThumbPageColor());
+    state.PageWidthNow = pages.stack().pageSize().width();
+    state.PageHeightNow = pages.stack().pageSize().height();
+    showFirstPage();
+}
+
+void RunSurface::layoutFirstSheet(QSize sheet, int left)
+{
+    pages.restart(viewportSize(), sheet, left, kSheetMargin, list.devicePixelRatioF(), kPaper);
+    showFirstPage();
+}
+
+void RunSurface::showFirstPage()
+{
     viewport.setSheetTop(0);
     followPages();
     viewport.update();
@@ -79,6 +98,13 @@ QString RunSurface::infoText() const
 void RunSurface::setInfoText(const QString& text)
 {
     LbInfo.setText(text);
+}
+
+void RunSurface::setHostCaption(const QString& caption)
+{
+    if (QWidget* host = list.parentWidget()) {
+        host->setWindowTitle(caption);
+    }
 }
 
 } // namespace thumbs

@@ -27,6 +27,10 @@ struct GalleryState {
     int ThumbCellSize = 0; // the tile size of the public measures
     int PageColumns = 0;
     int ThumbsPerPage = 0;
+    // The size of every page of the run; for contact sheets the one before zooming. Kept for the
+    // next run.
+    int PageWidthNow = 0;
+    int PageHeightNow = 0;
     int PagesLoaded = 0; // counts up with every page made and isn't set back
     int runs = 0;        // begun so far; a run sees by it that another one has worked meanwhile
     bool IsLoading = false;
@@ -50,6 +54,8 @@ struct RunSurface {
 
     // Gives the first page its place for the present viewport and colours; further pages are gone.
     void layoutFirstPage();
+    // The same for a white sheet of a size of its own; left is its place in the frame of the pages.
+    void layoutFirstSheet(QSize sheet, int left);
     // Appends a page below the last one.
     void addPage();
     // Scroll bar and sheet as the stack of pages wants them.
@@ -64,6 +70,8 @@ struct RunSurface {
     [[nodiscard]] QSize viewportSize() const;
     [[nodiscard]] QString infoText() const;
     void setInfoText(const QString& text);
+    // The caption of what the list stands on.
+    void setHostCaption(const QString& caption);
 
     ThumbNailList& list;
     GalleryState state;
@@ -77,6 +85,9 @@ struct RunSurface {
     InfoBar& LbInfo;
     widgets::ProgressStrip& Gradient;
     QScrollBar& V_Scroll;
+
+private:
+    void showFirstPage();
 };
 
 } // namespace thumbs

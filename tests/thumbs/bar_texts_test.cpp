@@ -20,6 +20,12 @@ TEST(BarTexts, ClosesWithThePlaceBehindTheLastPicture)
               " Page: 3 Picture: 6 from: 80  Tijd:  ThumbSize:60 x 60");
 }
 
+TEST(BarTexts, TellsNoTileSizeForSheets)
+{
+    EXPECT_EQ(runningText(1, {0, 0, 10}), " Pagina 1 Afbeelding: 1 van: 10");
+    EXPECT_EQ(closingText(0, {3, 5, 80}), " Page: 3 Picture: 6 from: 80  Tijd:");
+}
+
 TEST(BarTexts, HasNoTextInOtherLanguages)
 {
     EXPECT_EQ(runningText(2, {}), std::nullopt);

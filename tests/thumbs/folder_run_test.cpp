@@ -40,6 +40,7 @@ public:
         return !file.path.endsWith(done);
     }
     [[nodiscard]] std::optional<QSize> tileRoom() const override { return tile; }
+    [[nodiscard]] std::optional<QSize> fileRoom() const override { return ownRoom; }
     [[nodiscard]] std::optional<QString> barText(const FileInRun& file) const override
     {
         return QStringLiteral("%1 of %2").arg(file.index).arg(file.count);
@@ -75,6 +76,7 @@ public:
     int room = 100; // files
     QString done = QStringLiteral("no such file");
     std::optional<QSize> tile;
+    std::optional<QSize> ownRoom;
     std::function<void()> atFile;
     std::function<void()> atFinish;
 
@@ -135,6 +137,19 @@ TEST_F(FolderRunTest, LoadsFilesAsTilesShowThemForAStepWithTiles)
     EXPECT_LT(m_step.sizes[4].width(), 1600);
     EXPECT_EQ(m_list.surface().P_load.naturalSize, QSize(1600, 1200));
     EXPECT_EQ(m_list.surface().fNX.width(), 8);
+}
+
+// By itself: no other picture stands for it, and it has no badge.
+TEST_F(FolderRunTest, LoadsAFileByItselfAsLargeAsItsRoomTakes)
+{
+    addPicture("app/Images/jpg.ico", kGreen, {8, 8});
+    addPicture("pics/e.jpg", kBlue, {1600, 1200}, "JPG");
+    m_list.surface().File1.refresh();
+    m_step.ownRoom = QSize(60, 60);
+    run();
+    EXPECT_LT(m_step.sizes.back().width(), 1600);
+    EXPECT_EQ(m_list.surface().P_load.naturalSize, QSize(1600, 1200));
+    EXPECT_TRUE(m_list.surface().fNX.isNothing());
 }
 
 TEST_F(FolderRunTest, LoadsNothingForAFileThatNeedsNoPicture)

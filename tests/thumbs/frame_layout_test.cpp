@@ -77,6 +77,16 @@ TEST(PageStack, NeedsNoBarWhileThePagesFit)
     EXPECT_EQ(stack.scrollMaximum(), 15); // content 640
 }
 
+TEST(PageStack, KeepsTheWidthOfTheSheetForPagesOfAnother)
+{
+    PageStack stack;
+    stack.restart({270, 620});
+    EXPECT_EQ(stack.sheetWidth(), 260);
+    stack.restart({270, 620}, {100, 200}, 80, 20);
+    EXPECT_EQ(stack.sheetWidth(), 260);
+    EXPECT_EQ(stack.pageRect(0), QRect(80, 20, 100, 200));
+}
+
 TEST(PageStack, LimitsTheBarToSixteenBits)
 {
     PageStack stack;
