@@ -1,0 +1,68 @@
+#include "publishing/printing/contact_sheet_paper.h"
+
+#include "base/numbers.h"
+#include "core/printing.h"
+
+namespace printing {
+
+ContactSheetPaper::ContactSheetPaper()
+    : m_printer(core::currentPrinter())
+{
+}
+
+ContactSheetPaper::~ContactSheetPaper()
+{
+    end();
+}
+
+void ContactSheetPaper::setQuality(const QString& dotsPerInch)
+{
+    const auto quality = base::strictInteger(dotsPerInch.toStdString());
+    if (printer() != nullptr && quality) {
+        printer()->setQuality(*quality);
+    }
+}
+
+platform::PaperMetrics ContactSheetPaper::metrics()
+{
+    return printer() != nullptr ? printer()->metrics() : platform::PaperMetrics();
+}
+
+void ContactSheetPaper::turnPage(const QString& title)
+{
+    if (begin(title)) {
+        m_printer->newPage();
+    }
+}
+
+// The transparent parts of a picture are paper.
+void ContactSheetPaper::draw(const platform::Picture& picture, const QRectF& place,
+                             const QString& title)
+{
+    if (begin(title)) {
+        m_printer->draw(picture.flattened(), place);
+    }
+}
+
+bool ContactSheetPaper::end()
+{
+    const bool wasOpen = m_state == State::Open;
+    m_state = State::Blank;
+    return !wasOpen || (printer() != nullptr && printer()->endDocument());
+}
+
+// Null when it has gone for another one, and its document with it.
+platform::Printer* ContactSheetPaper::printer() const
+{
+    return m_printer == platform::printers().selected() ? m_printer : nullptr;
+}
+
+bool ContactSheetPaper::begin(const QString& title)
+{
+    if (printer() != nullptr && m_state == State::Blank) {
+        m_state = printer()->startDocument(title) ? State::Open : State::Refused;
+    }
+    return m_state == State::Open && printer() != nullptr;
+}
+
+} // namespace printing

@@ -1,0 +1,121 @@
+#include "publishing/printing/sheet_layout.h"
+
+#include "base/numbers.h"
+#include "thumbs/frame_layout.h"
+#include "thumbs/picture_fit.h"
+
+#include <algorithm>
+
+namespace printing {
+
+namespace {
+
+constexpr int kCellReserve = 11; // a cell is so much smaller than its share of the sheet
+constexpr int kPercent = 100;
+constexpr int kSmallestZoom = 10;
+
+int zoomed(int length, int zoom)
+{
+    return base::narrow32(std::int64_t{length} * zoom / kPercent).value_or(length);
+}
+
+int centred(int length, std::int64_t content)
+{
+    const double start = length / 2.0 - static_cast<double>(content) / 2.0;
+    return base::roundTo16(start).value_or(0);
+}
+
+int share(int length, int parts)
+{
+    return thumbs::wholeQuotient(length, parts).value_or(0);
+}
+
+int cellSize(int width, int columnsWanted)
+{
+    return columnsWanted == 0 ? 0 : width / columnsWanted - kCellReserve;
+}
+
+} // namespace
+
+// Counted in whole pixels of the printer, which may be wider than they are high.
+std::optional<int> sheetWidth(int height, const platform::PaperMetrics& paper)
+{
+    const std::int64_t width = std::int64_t{paper.innerWidth} * paper.logPixelsY;
+    const std::int64_t innerHeight = std::int64_t{paper.innerHeight} * paper.logPixelsX;
+    if (width <= 0 || innerHeight <= 0) {
+        return std::nullopt;
+    }
+    return base::narrow32(height * width / innerHeight);
+}
+
+SheetLayout layOutSheet(QSize page, int zoom, int columnsWanted, int viewportWidth)
+{
+    SheetLayout layout;
+    layout.sheet = {zoomed(page.width(), zoom), zoomed(page.height(), zoom)};
+    layout.left = centred(viewportWidth, layout.sheet.width());
+    const int cell = cellSize(layout.sheet.width(), columnsWanted);
+    layout.PrintThumbSize = cell;
+    layout.columns = share(layout.sheet.width(), cell);
+    layout.rows = share(layout.sheet.height(), cell);
+    layout.gridLeft = centred(layout.sheet.width(), std::int64_t{cell} * layout.columns);
+    layout.gridTop = centred(layout.sheet.height(), std::int64_t{cell} * layout.rows);
+    return layout;
+}
+
+thumbs::TilePlace sheetPlace(const SheetLayout& layout, int file)
+{
+    thumbs::TileGrid grid;
+    grid.columns = layout.columns;
+    grid.rows = layout.rows;
+    return thumbs::tilePlace(grid, file);
+}
+
+QSize pictureRoom(const SheetLayout& layout)
+{
+    const int side = layout.PrintThumbSize - thumbs::kTileBorder;
+    return {side, side};
+}
+
+QRectF pictureRect(const SheetLayout& layout, const thumbs::TilePlace& place, QSize naturalSize)
+{
+    const int cell = layout.PrintThumbSize;
+    const QSize fit = thumbs::fitPicture(naturalSize, pictureRoom(layout));
+    if (fit.width() <= 0 || fit.height() <= 0) {
+        return {};
+    }
+    const QPointF corner(layout.gridLeft + place.column * cell, layout.gridTop + place.row * cell);
+    return {corner + thumbs::pictureOffset({cell, cell}, fit), QSizeF(fit)};
+}
+
+QRectF onPaper(const QRectF& onSheet, QSize sheet, const platform::PaperMetrics& paper)
+{
+    if (sheet.isEmpty()) {
+        return {};
+    }
+    const double across = static_cast<double>(paper.innerWidth) / sheet.width();
+    const double down = static_cast<double>(paper.innerHeight) / sheet.height();
+    return {onSheet.x() * across, onSheet.y() * down, onSheet.width() * across,
+            onSheet.height() * down};
+}
+
+int wholeSheetZoom(QSize page, QSize viewport)
+{
+    if (page.isEmpty()) {
+        return kPercent;
+    }
+    const int margin = 2 * thumbs::kSheetMargin;
+    const int across = share((viewport.width() - margin) * kPercent, page.width());
+    const int down = share((viewport.height() - margin) * kPercent, page.height());
+    return std::clamp(std::min(across, down), kSmallestZoom, kPercent);
+}
+
+int columnsToAskFor(int columns, QSize page, int zoom)
+{
+    int asked = columns;
+    while (asked > 1 && layOutSheet(page, zoom, asked, 0).columns > columns) {
+        --asked;
+    }
+    return asked;
+}
+
+} // namespace printing

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/devices/printers.h"
+#include "thumbs/tile_grid.h"
+
+#include <QPointF>
+#include <QRectF>
+#include <QSize>
+#include <optional>
+
+// How the pictures of a folder stand on sheets, as plain numbers. Lengths are device-independent
+// pixels of the screen, where nothing else is told.
+namespace printing {
+
+// The width of a sheet of the height given, in the proportions of the printable part of the paper.
+// Nothing where the paper has none.
+[[nodiscard]] std::optional<int> sheetWidth(int height, const platform::PaperMetrics& paper);
+
+struct SheetLayout {
+    QSize sheet;
+    int left = 0;           // of the sheet in its frame
+    int PrintThumbSize = 0; // the side of a cell; cells touch
+    int columns = 0;
+    int rows = 0;
+    int gridLeft = 0; // of the first cell on its sheet
+    int gridTop = 0;
+};
+
+// The sheets of a page size at a zoom, in percent. What the columns wanted leave undefined is 0;
+// one column on wide paper has no rows.
+[[nodiscard]] SheetLayout layOutSheet(QSize page, int zoom, int columnsWanted, int viewportWidth);
+
+// Sheet, column and row of a file, all from 0. Where a sheet has no place at all, every file takes
+// the next one.
+[[nodiscard]] thumbs::TilePlace sheetPlace(const SheetLayout& layout, int file);
+
+// The room of a picture in its cell.
+[[nodiscard]] QSize pictureRoom(const SheetLayout& layout);
+
+// Where a picture of the size given stands on its sheet. Empty for one that has no room.
+[[nodiscard]] QRectF pictureRect(const SheetLayout& layout, const thumbs::TilePlace& place,
+                                 QSize naturalSize);
+
+// The same place on paper, in the printer's pixels.
+[[nodiscard]] QRectF onPaper(const QRectF& onSheet, QSize sheet,
+                             const platform::PaperMetrics& paper);
+
+// The zoom, from 10 to 100 percent, at which a sheet of the page size is in sight as a whole.
+[[nodiscard]] int wholeSheetZoom(QSize page, QSize viewport);
+
+// What to ask of layOutSheet for so many columns. On a small sheet it comes to more columns than it
+// was asked for, and some numbers can't be had; then it is the next smaller one.
+[[nodiscard]] int columnsToAskFor(int columns, QSize page, int zoom);
+
+} // namespace printing
