@@ -6,6 +6,7 @@
 #include "widgets/window_parts.h"
 
 #include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -120,6 +121,10 @@ void FormBuilder::adopt(QWidget& part, const char* name, const char* spokenName)
     auto* button = qobject_cast<QAbstractButton*>(&part);
     if (button != nullptr && !button->text().isEmpty()) {
         button->setAccessibleName(button->text().remove(QLatin1Char('&')));
+    }
+    // A box for numbers has the focus by a field inside of it.
+    if (const auto* box = qobject_cast<QAbstractSpinBox*>(&part)) {
+        box->findChild<QLineEdit*>()->setAccessibleName(part.accessibleName());
     }
     if (auto* area = qobject_cast<QAbstractScrollArea*>(&part)) {
         nameScrollBars(*area);

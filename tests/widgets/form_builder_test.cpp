@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QStackedWidget>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -53,6 +54,8 @@ TEST_F(FormBuilderTest, NamesItsParts)
     EXPECT_EQ(list->parentWidget(), &m_window);
     EXPECT_EQ(list->accessibleName(), "Entries");
     EXPECT_EQ(list->verticalScrollBar()->accessibleName(), "Scroll up and down");
+    auto* number = m_form.add(new QSpinBox, "spnCopies", "Copies");
+    EXPECT_EQ(number->findChild<QLineEdit*>()->accessibleName(), "Copies");
 }
 
 TEST_F(FormBuilderTest, KeepsTheNameOfAButtonWithoutCaption)
