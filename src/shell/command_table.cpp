@@ -36,6 +36,8 @@ constexpr std::array kMenuRows{
     MenuRow{"optFile", "optFile", 4, "&Send as E-mail", Need::Nothing, sendMail, nullptr, "E"},
     MenuRow{"optFile", "optFile", 5, "&Acquire...", Need::Nothing, acquire},
     MenuRow{"optFile", "optFile", 6, "&Print...", Need::Picture, print, nullptr, "P"},
+    MenuRow{"optFile", "optContactSheets", kNoIndex, "Con&tact Sheets...", Need::Nothing,
+            showContactSheets, nullptr, nullptr, Check::Never, Since::Later},
     MenuRow{"optFile", "optFile", 7, kSeparator},
     MenuRow{"optFile", "optFile", 8, "Screen Capture", Need::Nothing, captureScreen},
     MenuRow{"optFile", "optFile", 9, kSeparator},

@@ -13,6 +13,7 @@ using Handler = void (*)(Form1& form, int index);
 
 enum class Need { Nothing, Picture };
 enum class Check { Never, Toggles };
+enum class Since { TheStart, Later }; // in classic mode an entry that came later isn't there
 
 struct MenuRow {
     const char* menu;    // the menu that shows the entry
@@ -24,6 +25,7 @@ struct MenuRow {
     const char* opens = nullptr;   // name of the menu that the entry opens
     const char* keyText = nullptr; // shown beside the caption; the key itself stands in keyRows()
     Check check = Check::Never;
+    Since since = Since::TheStart;
 };
 
 inline constexpr int kNoIndex = -1;

@@ -19,6 +19,7 @@ void saveAs(Form1& form, int index);
 void sendMail(Form1& form, int index);
 void acquire(Form1& form, int index);
 void print(Form1& form, int index);
+void showContactSheets(Form1& form, int index);
 void captureScreen(Form1& form, int index);
 void showProperties(Form1& form, int index);
 void addEditor(Form1& form, int index);

@@ -154,6 +154,11 @@ void print(Form1& form, int /*index*/)
     printing::showPrintWindow(form.viewer().Picture());
 }
 
+void showContactSheets(Form1& form, int /*index*/)
+{
+    form.showWindow(core::Window::ContactSheets, kModal);
+}
+
 void captureScreen(Form1& form, int /*index*/)
 {
     acquire::startCapture(&form);

@@ -1,5 +1,6 @@
 #include "shell/menus.h"
 
+#include "core/settings.h"
 #include "shell/command_table.h"
 
 #include <QAction>
@@ -79,6 +80,7 @@ Menus::Menus(QWidget& owner, Trigger trigger)
     nameOverflow(*m_bar);
     makeMenu(owner, QString::fromLatin1(kRightMenu))
         ->setAccessibleName(QStringLiteral("Commands for the picture"));
+    const bool isClassic = core::setting(core::kClassic);
     for (const MenuRow& row : menuRows()) {
         const QString menuName = QString::fromLatin1(row.menu);
         const QString caption = QString::fromLatin1(row.caption);
@@ -89,6 +91,7 @@ Menus::Menus(QWidget& owner, Trigger trigger)
             action->setText(withKey(caption, row.keyText));
         }
         action->setCheckable(row.check == Check::Toggles);
+        action->setVisible(row.since == Since::TheStart || !isClassic);
         if (row.opens != nullptr) {
             QMenu* opened = makeMenu(owner, QString::fromLatin1(row.opens));
             opened->setAccessibleName(spoken(caption));

@@ -24,6 +24,7 @@
 #include "platform/pictures/delivered_icon.h"
 #include "publishing/albums/album_run.h"
 #include "publishing/albums/windows.h"
+#include "publishing/printing/contact_sheets.h"
 #include "publishing/printing/windows.h"
 #include "shell/config_store.h"
 #include "shell/main_window.h"
@@ -33,6 +34,7 @@
 #include "shell/screenshot_request.h"
 #include "shell/start_folder.h"
 #include "thumbs/pane/browser_pane.h"
+#include "thumbs/thumbnail_list.h"
 #include "viewer/zoom_tool_window.h"
 
 #include <QApplication>
@@ -63,6 +65,7 @@ frmThumbnaillist* makePane()
 {
     auto* const made = new frmThumbnaillist(parentWindow()); // the registry owns it
     made->load();
+    made->ThumbNailList1().setPrintLayout(&printing::makeContactSheets);
     return made;
 }
 

@@ -160,8 +160,9 @@ int ThumbNailList::SystemResources()
 
 void ThumbNailList::PrintPreview()
 {
-    if (m_printLayout) {
-        m_printLayout(*this);
+    // The list, and its own layout with it, may be gone before this returns.
+    if (const auto layout = m_printLayout) {
+        layout(*this);
     }
 }
 

@@ -42,6 +42,7 @@ constexpr Told kTold[] = {
     {"optFile", 4, "&Send as E-mail", false},
     {"optFile", 5, "&Acquire...", false},
     {"optFile", 6, "&Print...", true},
+    {"optContactSheets", -1, "Con&tact Sheets...", false},
     {"optFile", 7, "-", false},
     {"optFile", 8, "Screen Capture", false},
     {"optFile", 9, "-", false},

@@ -589,6 +589,30 @@ TEST_F(CommandsTest, KeepTheThumbnailsSizeOfThePreferencesUnderCancel)
     });
 }
 
+TEST_F(CommandsTest, ShowContactSheetsOfTheFolderInThePane)
+{
+    program.onModal = [](QWidget& window) {
+        const auto* sheets = window.findChild<ThumbNailList*>(QStringLiteral("sheets"));
+        ASSERT_NE(sheets, nullptr);
+        EXPECT_EQ(sheets->path(), RunningProgram::File1().path());
+        window.close();
+    };
+    program.run([this](Form1& form) {
+        EXPECT_TRUE(RunningProgram::entry(form, "optContactSheets", -1).isVisible());
+        RunningProgram::trigger(form, "optContactSheets", -1);
+        EXPECT_EQ(program.modals, QStringList(QStringLiteral("ContactSheets")));
+    });
+}
+
+TEST_F(CommandsTest, HideWhatCameLaterInClassicMode)
+{
+    program.config[QStringLiteral("Classic")] = QStringLiteral("1");
+    program.run([](Form1& form) {
+        EXPECT_FALSE(RunningProgram::entry(form, "optContactSheets", -1).isVisible());
+        EXPECT_TRUE(RunningProgram::entry(form, "optFile", 6).isVisible());
+    });
+}
+
 TEST_F(CommandsTest, SwitchTheirStateAsABlock)
 {
     program.run([](Form1& form) {
