@@ -768,7 +768,10 @@ TEST_F(PaneTest, LeavesTheSplitterToRunsThatDoNotHoldIt)
     class FreeTiles : public thumbs::TileMaker {
     public:
         using TileMaker::TileMaker;
-        [[nodiscard]] thumbs::HostHold hold() const override { return {false, true}; }
+        [[nodiscard]] thumbs::HostHold hold() const override
+        {
+            return {false, platform::Pointer::ArrowHourGlass};
+        }
     };
     start();
     bool enabledThen = false;
