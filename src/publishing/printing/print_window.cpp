@@ -22,6 +22,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <optional>
 
 using core::Window;
 using platform::Picture;

@@ -13,7 +13,6 @@ namespace {
 
 constexpr QRgb kWhite = 0xFFFFFFFFU;
 constexpr QRgb kBlack = 0xFF000000U;
-const QString kPdf = QStringLiteral("Print to a PDF file");
 
 // A page of one colour with an image and the outline of a rectangle on it, pixel by pixel.
 QImage pageWith(QSize page, QRgb colour, const QImage& image, QPoint corner,
