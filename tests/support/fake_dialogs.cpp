@@ -35,7 +35,7 @@ void FakeDialogs::showMessage(const QString& text, const QString& title, platfor
 bool FakeDialogs::askYesNo(const QString& text, const QString& title,
                            const platform::Subject& subject)
 {
-    boxes.push_back({text, title, platform::BoxIcon::Question});
+    boxes.push_back({text, title, subject.icon});
     subjects.push_back(subject);
     return next(yesNoAnswers);
 }
@@ -63,6 +63,18 @@ std::optional<QString> FakeDialogs::askText(const QString& label, const QString&
 {
     textRequests.push_back({label, title, initial});
     return next(textAnswers);
+}
+
+std::optional<QString> FakeDialogs::askPassword(const QString& label, const QString& title)
+{
+    passwordRequests.push_back({label, title, QString()});
+    return next(passwordAnswers);
+}
+
+std::optional<QFont> FakeDialogs::chooseFont(const QFont& initial)
+{
+    fontRequests.push_back(initial);
+    return next(fontAnswers);
 }
 
 } // namespace support

@@ -15,7 +15,7 @@ public:
     struct Box {
         QString text;
         QString title;
-        platform::BoxIcon icon = platform::BoxIcon::None; // Question for a Yes/No box
+        platform::BoxIcon icon = platform::BoxIcon::None; // that of the subject for a Yes/No box
         bool operator==(const Box&) const = default;
     };
     struct TextRequest {
@@ -30,6 +30,8 @@ public:
     std::vector<platform::FileRequest> fileRequests;
     std::vector<base::Colour> colourRequests;
     std::vector<TextRequest> textRequests;
+    std::vector<TextRequest> passwordRequests;
+    std::vector<QFont> fontRequests;
 
     // Answers, used from the front.
     std::deque<bool> yesNoAnswers;
@@ -37,6 +39,8 @@ public:
     std::deque<std::optional<platform::SaveChoice>> saveAnswers;
     std::deque<std::optional<base::Colour>> colourAnswers;
     std::deque<std::optional<QString>> textAnswers;
+    std::deque<std::optional<QString>> passwordAnswers;
+    std::deque<std::optional<QFont>> fontAnswers;
 
     // Called while a dialog of any kind "is open", for what may happen meanwhile.
     std::function<void()> whileOpen;
@@ -52,6 +56,8 @@ public:
     std::optional<base::Colour> chooseColour(base::Colour initial) override;
     std::optional<QString> askText(const QString& label, const QString& title,
                                    const QString& initial) override;
+    std::optional<QString> askPassword(const QString& label, const QString& title) override;
+    std::optional<QFont> chooseFont(const QFont& initial) override;
 
 private:
     template<typename Answer> Answer next(std::deque<Answer>& answers);

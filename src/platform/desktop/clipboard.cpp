@@ -36,6 +36,11 @@ void setClipboardText(const QString& text)
     QGuiApplication::clipboard()->setText(text);
 }
 
+QString clipboardText()
+{
+    return QGuiApplication::clipboard()->text();
+}
+
 std::optional<Picture> clipboardPicture()
 {
     // Another program's picture comes as a file that the toolkit decodes.

@@ -12,6 +12,7 @@ void clearClipboard();
 // then holds what it held.
 bool setClipboardPicture(const Picture& picture);
 void setClipboardText(const QString& text);
+[[nodiscard]] QString clipboardText(); // empty when it holds none
 
 // The bitmap on the clipboard; nothing when it holds none or one beyond 512 MB.
 [[nodiscard]] std::optional<Picture> clipboardPicture();

@@ -2,6 +2,7 @@
 
 #include "base/colours.h"
 
+#include <QFont>
 #include <QImage>
 #include <QString>
 #include <QStringList>
@@ -14,9 +15,10 @@ enum class Answer { Yes, No };
 
 // What a Yes/No box shows beside its words: what they are about.
 struct Subject {
-    QImage picture;              // in place of the question mark, at its own ratio; may be null
-    QString facts;               // a paragraph under the words; may be empty
-    Answer preset = Answer::Yes; // what Return answers
+    QImage picture;                   // in place of the icon, at its own ratio; may be null
+    QString facts;                    // a paragraph under the words; may be empty
+    Answer preset = Answer::Yes;      // what Return answers
+    BoxIcon icon = BoxIcon::Question; // without a picture
 };
 
 // What a file dialog is asked for. Filters are pairs of text and patterns separated by "|",
@@ -52,6 +54,10 @@ public:
     [[nodiscard]] virtual std::optional<base::Colour> chooseColour(base::Colour initial) = 0;
     [[nodiscard]] virtual std::optional<QString> askText(const QString& label, const QString& title,
                                                          const QString& initial) = 0;
+    // What is typed doesn't show.
+    [[nodiscard]] virtual std::optional<QString> askPassword(const QString& label,
+                                                             const QString& title) = 0;
+    [[nodiscard]] virtual std::optional<QFont> chooseFont(const QFont& initial) = 0;
 };
 
 // The desktop's dialogs, or the ones that a test put in their place.

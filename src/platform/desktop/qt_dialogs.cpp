@@ -4,6 +4,7 @@
 #include "platform/desktop/modal_dialog.h"
 
 #include <QColorDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 
@@ -13,6 +14,24 @@ namespace {
 
 constexpr int kTextFieldWidth = 300; // pixels
 const QString kColourTitle = QStringLiteral("Select Color");
+
+std::optional<QString> typedText(const QString& label, const QString& title, const QString& initial,
+                                 QLineEdit::EchoMode echo)
+{
+    ModalDialog<QInputDialog> dialog;
+    dialog->setInputMode(QInputDialog::TextInput);
+    dialog->setTextEchoMode(echo);
+    dialog->setWindowTitle(title);
+    dialog->setLabelText(label);
+    dialog->setTextValue(initial);
+    if (auto* const field = dialog->findChild<QLineEdit*>()) {
+        field->setMinimumWidth(kTextFieldWidth);
+    }
+    if (dialog.run() != QDialog::Accepted) {
+        return std::nullopt;
+    }
+    return dialog->textValue();
+}
 
 } // namespace
 
@@ -30,7 +49,7 @@ bool QtDialogs::askYesNo(const QString& text, const QString& title, const Subjec
     ModalDialog<MessageBox> box;
     box->setWords(text, title);
     if (subject.picture.isNull()) {
-        box->setIcon(BoxIcon::Question);
+        box->setIcon(subject.icon);
     } else {
         box->setPicture(subject.picture);
     }
@@ -59,18 +78,23 @@ std::optional<base::Colour> QtDialogs::chooseColour(base::Colour initial)
 std::optional<QString> QtDialogs::askText(const QString& label, const QString& title,
                                           const QString& initial)
 {
-    ModalDialog<QInputDialog> dialog;
-    dialog->setInputMode(QInputDialog::TextInput);
-    dialog->setWindowTitle(title);
-    dialog->setLabelText(label);
-    dialog->setTextValue(initial);
-    if (auto* const field = dialog->findChild<QLineEdit*>()) {
-        field->setMinimumWidth(kTextFieldWidth);
-    }
+    return typedText(label, title, initial, QLineEdit::Normal);
+}
+
+std::optional<QString> QtDialogs::askPassword(const QString& label, const QString& title)
+{
+    return typedText(label, title, QString(), QLineEdit::Password);
+}
+
+std::optional<QFont> QtDialogs::chooseFont(const QFont& initial)
+{
+    ModalDialog<QFontDialog> dialog;
+    dialog->setOption(QFontDialog::DontUseNativeDialog);
+    dialog->setCurrentFont(initial);
     if (dialog.run() != QDialog::Accepted) {
         return std::nullopt;
     }
-    return dialog->textValue();
+    return dialog->selectedFont();
 }
 
 } // namespace platform

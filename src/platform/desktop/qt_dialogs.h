@@ -14,6 +14,8 @@ public:
     std::optional<base::Colour> chooseColour(base::Colour initial) override;
     std::optional<QString> askText(const QString& label, const QString& title,
                                    const QString& initial) override;
+    std::optional<QString> askPassword(const QString& label, const QString& title) override;
+    std::optional<QFont> chooseFont(const QFont& initial) override;
 
 private:
     QString m_lastFolder; // of the last file dialog that ended with a choice

@@ -50,5 +50,6 @@ TEST(Clipboard, HoldsTextInsteadOfAPicture)
     platform::setClipboardPicture(picture(1, 1, Qt::red));
     platform::setClipboardText("#526DDC");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "#526DDC");
+    EXPECT_EQ(platform::clipboardText(), "#526DDC");
     EXPECT_FALSE(platform::clipboardPicture());
 }

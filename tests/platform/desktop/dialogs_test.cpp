@@ -15,6 +15,7 @@
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLayout>
@@ -530,6 +531,56 @@ TEST(TextDialog, ProposesAndReturnsAText)
     EXPECT_EQ(dialogs.askText("Name: ", "Renname Favortie", "old"), QString("new"));
     whenOpen<QInputDialog>([](QInputDialog& dialog) { dialog.reject(); });
     EXPECT_FALSE(dialogs.askText("Name: ", "", ""));
+}
+
+TEST(PasswordDialog, HidesWhatIsTyped)
+{
+    QtDialogs dialogs;
+    whenOpen<QInputDialog>([](QInputDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Mail");
+        EXPECT_EQ(dialog.labelText(), "Password:");
+        EXPECT_EQ(dialog.textEchoMode(), QLineEdit::Password);
+        EXPECT_EQ(dialog.textValue(), "");
+        dialog.setTextValue(" secret ");
+        dialog.accept();
+    });
+    EXPECT_EQ(dialogs.askPassword("Password:", "Mail"), QString(" secret "));
+    whenOpen<QInputDialog>([](QInputDialog& dialog) { dialog.reject(); });
+    EXPECT_FALSE(dialogs.askPassword("Password:", ""));
+}
+
+TEST(FontDialog, ProposesAndReturnsAFont)
+{
+    QtDialogs dialogs;
+    QFont font = QApplication::font();
+    font.setPointSize(17);
+    whenOpen<QFontDialog>([](QFontDialog& dialog) {
+        QFont chosen = dialog.currentFont();
+        EXPECT_EQ(chosen.pointSize(), 17);
+        chosen.setBold(true);
+        dialog.setCurrentFont(chosen);
+        static_cast<QDialog&>(dialog).accept();
+    });
+    const std::optional<QFont> chosen = dialogs.chooseFont(font);
+    ASSERT_TRUE(chosen);
+    EXPECT_TRUE(chosen->bold());
+    EXPECT_EQ(chosen->pointSize(), 17);
+    whenOpen<QFontDialog>([](QFontDialog& dialog) { dialog.reject(); });
+    EXPECT_FALSE(dialogs.chooseFont(font));
+}
+
+TEST(MessageBox, ShowsTheIconOfItsSubjectWithAQuestion)
+{
+    QtDialogs dialogs;
+    whenOpen<MessageBox>([](MessageBox& box) {
+        const QPixmap picture = box.findChild<QLabel*>("icon")->pixmap(Qt::ReturnByValue);
+        const QIcon icon = box.style()->standardIcon(QStyle::SP_MessageBoxInformation);
+        EXPECT_EQ(picture.toImage(), icon.pixmap(picture.size()).toImage());
+        box.accept();
+    });
+    platform::Subject told;
+    told.icon = BoxIcon::Information;
+    EXPECT_TRUE(dialogs.askYesNo("Sure?", "", told));
 }
 
 TEST(FakeDialogs, RecordAndAnswerFromTheirScript)
