@@ -1,9 +1,7 @@
 #include "shell/toolbars.h"
 
-#include "platform/os/paths.h"
 #include "shell/command_table.h"
 #include "widgets/chameleon_button.h"
-#include "widgets/focus_ring.h"
 #include "widgets/window_parts.h"
 
 #include <QHBoxLayout>
@@ -15,7 +13,6 @@ namespace {
 constexpr int kButtonSize = 32; // pixels
 constexpr int kKeyButtonSize = 28;
 constexpr int kGroupGap = 8;
-constexpr int kFlatType = 8;
 constexpr int kColoursOfParent = 4;
 constexpr int kSlideShowButton = 7; // stays down while the show runs
 constexpr int kBehindCaption = 4;   // without a caption: in the middle
@@ -23,20 +20,11 @@ constexpr int kBehindCaption = 4;   // without a caption: in the middle
 chameleonButton* makeButton(QWidget* parent, const QString& picture, const QString& tip, int size)
 {
     auto* button = new chameleonButton(parent);
-    button->setCaption(QString());
-    button->setButtonType(kFlatType);
+    widgets::dressToolButton(*button, picture, tip);
     button->setColorScheme(kColoursOfParent);
     button->setUseMaskColor(false);
-    button->setShowFocusRect(false); // it would run through the picture
-    button->setPictureNormal(widgets::ScaledPicture::fromFile(
-        platform::appFile(QStringLiteral("Images/toolbar/%1.png").arg(picture))));
     button->setPicturePosition(kBehindCaption);
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
     button->setFixedSize(size, size);
-    button->setFocusPolicy(Qt::TabFocus);
-    widgets::pressOnReturn(*button);
-    new widgets::FocusRing(*button); // a child of the button
     return button;
 }
 

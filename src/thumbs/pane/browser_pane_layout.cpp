@@ -2,14 +2,12 @@
 #include "core/state.h"
 #include "core/work_area.h"
 #include "files/explorer/folder_tree.h"
-#include "platform/os/paths.h"
 #include "thumbs/pane/browser_pane.h"
 #include "thumbs/pane/pane_splitter.h"
 #include "thumbs/thumbnail_list.h"
 #include "widgets/chameleon_button.h"
 #include "widgets/colour_conversion.h"
 #include "widgets/focus_ring.h"
-#include "widgets/scaled_picture.h"
 #include "widgets/title_strip.h"
 #include "widgets/window_parts.h"
 
@@ -33,7 +31,6 @@ constexpr int kButtonMargin = 2;     // above and below the buttons
 constexpr int kTreeRightMargin = 19; // the tree is this much narrower than the pane
 constexpr int kTreeBottomMargin = 2;
 
-constexpr int kFlatButton = 8; // until the pointer is over it
 constexpr int kOwnColours = 2;
 constexpr base::Colour kButtonOver = 0xF4F0EC;
 
@@ -126,19 +123,10 @@ void frmThumbnaillist::makeButtons()
         const auto place = static_cast<std::size_t>(index);
         const ButtonRow& row = kButtonRows[place];
         auto* button = new chameleonButton(m_tbmiddle, QStringLiteral("Tbmenub_%1").arg(index));
-        button->setCaption({});
-        button->setButtonType(kFlatButton);
+        widgets::dressToolButton(*button, row.picture, row.text);
         button->setColorScheme(kOwnColours);
         button->setBackColor(kPaneColour);
         button->setBackOver(kButtonOver);
-        button->setShowFocusRect(false); // it would run through the picture
-        const QString picture = QStringLiteral("Images/toolbar/%1.png").arg(row.picture);
-        button->setPictureNormal(widgets::ScaledPicture::fromFile(platform::appFile(picture)));
-        button->setToolTip(row.text);
-        button->setAccessibleName(row.text);
-        button->setFocusPolicy(Qt::TabFocus);
-        widgets::pressOnReturn(*button);
-        new widgets::FocusRing(*button); // a child of the button
         connect(button, &QAbstractButton::clicked, this, [this, index] { pressButton(index); });
         m_buttons[place] = button;
     }
