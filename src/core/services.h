@@ -27,6 +27,7 @@ struct Services {
     std::function<void()> createAlbum;
     std::function<void()> setWallpaper; // reads the one-shot flags of core::state()
     std::function<void()> stopPlayer;
+    std::function<void()> endProgram; // as the Exit command does
 };
 
 Services& services();

@@ -24,6 +24,7 @@
 #include "platform/pictures/delivered_icon.h"
 #include "publishing/albums/album_run.h"
 #include "publishing/albums/windows.h"
+#include "publishing/mail/windows.h"
 #include "publishing/printing/contact_sheets.h"
 #include "publishing/printing/windows.h"
 #include "shell/config_store.h"
@@ -175,6 +176,7 @@ void registerWindows()
     editing::registerWindows();
     frames::registerWindows();
     acquire::registerWindows();
+    mail::registerWindows();
     albums::registerWindows();
     printing::registerWindows();
     preferences::registerWindows();
@@ -195,6 +197,7 @@ void runProgram(const StepWatcher& watcher)
     core::services().config = &config;
     core::services().createAlbum = &albums::createAlbum;
     core::services().setWallpaper = &acquire::setWallpaper;
+    core::services().endProgram = &endProgram;
     registerWindows();
     connectReaders();
 

@@ -13,11 +13,13 @@
 namespace {
 
 constexpr std::array kToolbar{
-    "open",      "save",   "zoomin",  "zoomout",    "fullsize", "forward",   "back",
-    "slideshow", "start",  "stop",    "slower",     "faster",   "favourite", "addfavourite",
-    "help",      "update", "browse",  "mail",       "bestfit",  "frame",     "fullscreen",
-    "up",        "tools",  "refresh", "properties", "rename",   "delete",    "copy",
-    "move",      "go",     "folder",  "drive",      "home",     "picture",   "stoplight"};
+    "open",      "save",   "zoomin",   "zoomout",    "fullsize",  "forward",     "back",
+    "slideshow", "start",  "stop",     "slower",     "faster",    "favourite",   "addfavourite",
+    "help",      "update", "browse",   "mail",       "bestfit",   "frame",       "fullscreen",
+    "up",        "tools",  "refresh",  "properties", "rename",    "delete",      "copy",
+    "move",      "go",     "folder",   "drive",      "home",      "picture",     "stoplight",
+    "send",      "bold",   "italic",   "underline",  "alignleft", "aligncentre", "alignright",
+    "font",      "link",   "mailidle", "mailbusy"};
 
 constexpr std::size_t kGifHeadBytes = 6 + 7 + 768 + 1;
 constexpr int kJpegQuality = 92;

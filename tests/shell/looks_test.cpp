@@ -28,11 +28,12 @@ namespace {
 constexpr QRgb kMenuGrey = 0xFFE0E0E0;
 
 constexpr std::array kSmallWindows{
-    core::Window::frmAbout,  core::Window::frmMsg,        core::Window::fastZoom,
-    core::Window::Favorties, core::Window::FavortiesModi, core::Window::frmSaveJPGc,
-    core::Window::FrmSwitch, core::Window::Form4,         core::Window::Form5rf,
-    core::Window::Movefile,  core::Window::OptionsForm,   core::Window::FilePreivew,
-    core::Window::FrmBord,   core::Window::frmWebRelease,
+    core::Window::frmMailSender, core::Window::frmConfig,   core::Window::frmAbout,
+    core::Window::frmMsg,        core::Window::fastZoom,    core::Window::Favorties,
+    core::Window::FavortiesModi, core::Window::frmSaveJPGc, core::Window::FrmSwitch,
+    core::Window::Form4,         core::Window::Form5rf,     core::Window::Movefile,
+    core::Window::OptionsForm,   core::Window::FilePreivew, core::Window::FrmBord,
+    core::Window::frmWebRelease,
 };
 
 QPalette darkPalette()
@@ -302,6 +303,7 @@ TEST_F(LooksTest, PressesTheMainButtonOfEveryWindowByReturn)
                         {core::Window::FrmSwitch, "Command1"},
                         {core::Window::Form4, "cmdOk"},
                         {core::Window::Form5rf, "Command1"},
+                        {core::Window::frmConfig, "cmdOk"},
                         {core::Window::Movefile, "Command1"},
                         {core::Window::OptionsForm, "chameleonButton2"}};
     program.run([&](Form1& /*form*/) {
