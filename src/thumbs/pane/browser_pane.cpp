@@ -191,7 +191,7 @@ void frmThumbnaillist::serveFirstActivation()
     const QString folder = field == nullptr ? m_files.path() : field->Xiala();
     m_firstFolderShown = true;
     m_runWhenShown = false;
-    m_firstRoom = m_list->size();
+    m_roomChanged = false;
     const QPointer<frmThumbnaillist> alive = this;
     m_list->setAutoUpdateOnPathchange(true); // still off where the folder to start with is missing
     m_list->setPath(folder);
@@ -208,7 +208,8 @@ void frmThumbnaillist::serveFirstActivation()
 }
 
 // Others have their last word about the size later. Pages that nobody has touched yet are then made
-// again for that size.
+// again for that size, even where it is the one that they were made for: in between they were
+// moved.
 void frmThumbnaillist::followWindow()
 {
     if (m_following) {
@@ -216,8 +217,8 @@ void frmThumbnaillist::followWindow()
     }
     m_following = true;
     const QPointer<frmThumbnaillist> alive = this;
-    while (!m_touch->hasCome() && isVisible() && m_list->size() != m_firstRoom) {
-        m_firstRoom = m_list->size();
+    while (!m_touch->hasCome() && isVisible() && m_roomChanged) {
+        m_roomChanged = false;
         rebuildThumbnails();
         if (alive == nullptr) {
             return;

@@ -126,7 +126,7 @@ private:
     bool m_resizing = false;
     bool m_tileKey = false; // a key on the tiles is being handled
     bool m_following = false;
-    QSize m_firstRoom; // of the thumbnails, which the first pages were made for
+    bool m_roomChanged = false; // of the thumbnails, since pages were made for it
 
     std::unique_ptr<widgets::FirstTouch> m_touch;
 

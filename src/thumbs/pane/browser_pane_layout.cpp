@@ -242,6 +242,9 @@ bool frmThumbnaillist::eventFilter(QObject* watched, QEvent* event)
             new widgets::FocusRing(*tree); // a child of the tree
         }
     }
+    if (watched == m_list && event->type() == QEvent::Resize) {
+        m_roomChanged = true;
+    }
     if (watched == m_list && event->type() == QEvent::KeyPress) {
         return handleTileKey(*static_cast<QKeyEvent*>(event));
     }

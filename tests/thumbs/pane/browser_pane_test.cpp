@@ -13,6 +13,8 @@
 #include "thumbs/tile_maker.h"
 #include "widgets/title_strip.h"
 
+#include <QApplication>
+#include <QResizeEvent>
 #include <QSignalSpy>
 #include <QTest>
 #include <filesystem>
@@ -216,6 +218,23 @@ TEST_F(PaneTest, RunsForNoSizeBeforeTheFirstFolder)
     EXPECT_EQ(list().ThumbNailSize(), 100);
     EXPECT_EQ(list().ThumbPageColorPresets(), 5);
     EXPECT_EQ(list().ThumbNailBorderColor(), 0xC0C0C0U);
+}
+
+// As a desktop does that makes the window small for a moment before it has its last word.
+TEST_F(PaneTest, LooksAsBeforeWhenItsWindowGetsItsSizeBack)
+{
+    start();
+    const QImage before = list().grab().toImage();
+    for (const int height : {3000, 12000}) {
+        m_main.viewerHeight = height;
+        m_pane->ThumResize();
+        QResizeEvent resized(m_form.size(), m_form.size());
+        QSpontaneKeyEvent::setSpontaneous(&resized);
+        qApp->notify(&m_form, &resized); // which keeps the mark
+    }
+    letEventsRun();
+    EXPECT_EQ(m_runs, 2);
+    EXPECT_EQ(list().grab().toImage(), before);
 }
 
 TEST_F(PaneTest, TellsOthersAboutANewPath)
