@@ -57,9 +57,7 @@ void frame(const platform::Picture& picture)
     require(frames::drawFrame(framed, frames::finalMeasures(kThickness), tiles) ==
             frames::Composed::Whole);
     require(core::saveAs(WorkingFile::BeforeEdit, picture));
-    require(core::takenThrough(WorkingFile::Picture, platform::Picture(framed),
-                               platform::OnFailure::Stop)
-                .has_value());
+    require(core::writtenAs(WorkingFile::Picture, platform::Picture(framed)).has_value());
 }
 
 void copyAndWrite(const platform::Picture& picture)

@@ -64,6 +64,12 @@ std::optional<platform::Picture> takenThrough(WorkingFile file, const platform::
     return platform::loadPicture(workingFile(file));
 }
 
+std::optional<platform::Picture> writtenAs(WorkingFile file, const platform::Picture& picture)
+{
+    const platform::Picture plain(picture.flattened());
+    return saveAs(file, plain) ? std::optional(plain) : std::nullopt;
+}
+
 void removeWorkingFiles()
 {
     for (const WorkingFileRow& row : kRows) {

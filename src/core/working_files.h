@@ -32,6 +32,11 @@ enum class WorkingFile {
 [[nodiscard]] std::optional<platform::Picture>
 takenThrough(WorkingFile file, const platform::Picture& picture, platform::OnFailure onFailure);
 
+// The same picture without reading it again, since it is known what a file just written holds.
+// Nothing where it can't be written.
+[[nodiscard]] std::optional<platform::Picture> writtenAs(WorkingFile file,
+                                                         const platform::Picture& picture);
+
 // Removes the working files that don't outlive the program: when it ends, and when it starts after
 // it couldn't end.
 void removeWorkingFiles();

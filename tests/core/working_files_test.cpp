@@ -67,3 +67,22 @@ TEST(WorkingFiles, TellThatTheyCouldNotBeWritten)
     EXPECT_FALSE(core::saveAs(WorkingFile::Save, platform::Picture(test::numbered(9, 7))));
     EXPECT_TRUE(tree.exists("app/saveTemp.bmp/in the way"));
 }
+
+TEST(WorkingFiles, HoldThePictureThatIsWritten)
+{
+    const support::TempTree tree;
+    QImage image = test::numbered(9, 7).convertToFormat(QImage::Format_ARGB32);
+    image.setPixelColor(4, 4, Qt::transparent);
+    const auto written = core::writtenAs(WorkingFile::Picture, platform::Picture(image));
+    const auto read = platform::loadPicture(tree.path("app/temp.bmp"));
+    ASSERT_TRUE(written && read);
+    EXPECT_EQ(written->image(), read->image());
+    EXPECT_EQ(written->image().format(), QImage::Format_RGB32);
+}
+
+TEST(WorkingFiles, GiveNothingThatCouldNotBeWritten)
+{
+    const support::TempTree tree({{"app/temp.bmp/", ""}});
+    EXPECT_FALSE(core::writtenAs(WorkingFile::Picture, platform::Picture(test::numbered(9, 7))));
+    EXPECT_FALSE(core::writtenAs(WorkingFile::Save, platform::Picture()));
+}

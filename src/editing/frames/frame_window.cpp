@@ -214,8 +214,7 @@ void FrmBord::showResult()
     display->Image1().setPicture(display->viewer().Picture());
     // The frame is drawn without an Undo where there is no room for its file.
     static_cast<void>(core::saveAs(WorkingFile::BeforeEdit, display->Image1().picture()));
-    if (const auto framed = core::takenThrough(WorkingFile::Picture, m_screenPicObj.drawnImage(),
-                                               OnFailure::Stop)) {
+    if (const auto framed = core::writtenAs(WorkingFile::Picture, m_screenPicObj.drawnImage())) {
         display->viewer().setPicture(*framed);
     }
 }

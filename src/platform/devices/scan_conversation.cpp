@@ -22,12 +22,21 @@ void handMemoryOver(int descriptor)
     }
 }
 
+void endNow(QProcess* process)
+{
+    process->disconnect();
+    process->kill();
+    process->waitForFinished();
+}
+
 // Lets a helper end by itself for a while. The program's end ends it too.
 void leaveToEnd(QProcess* process, std::chrono::milliseconds patience)
 {
     process->disconnect();
     process->setParent(QCoreApplication::instance());
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    QObject::connect(QCoreApplication::instance(), &QObject::destroyed, process,
+                     [process] { endNow(process); });
     process->closeWriteChannel();
     process->closeReadChannel(QProcess::StandardOutput);
     QTimer::singleShot(patience, process, &QProcess::kill);
