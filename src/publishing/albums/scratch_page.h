@@ -15,9 +15,8 @@ public:
     ScratchPage(QWidget* viewport, base::Colour border);
 
     // Draws a picture at that size with a border of so many pixels around it, and shows it at once.
-    // False where nothing is left to draw on: the page is Nothing then.
     void draw(const platform::Picture& picture, QSize size, int border);
-    // What was drawn, at one pixel a pixel.
+    // What was drawn, one pixel for each of the screen's units; Nothing for a size without pixels.
     [[nodiscard]] platform::Picture page() const { return m_page; }
 
 protected:
