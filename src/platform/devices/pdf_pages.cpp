@@ -32,6 +32,13 @@ bool isDrawing(const QImage& picture)
     return colours.size() <= std::size_t(across) * std::size_t(down) / 4;
 }
 
+// The lossy compression takes no longer sides.
+bool isTooLongForLoss(const QImage& picture)
+{
+    constexpr int kLongestSide = 65000;
+    return picture.width() > kLongestSide || picture.height() > kLongestSide;
+}
+
 } // namespace
 
 CheckedOutput::CheckedOutput(QFileDevice& file)
@@ -92,7 +99,8 @@ void PdfPages::draw(const QImage& picture, const QRectF& place, const QRectF& cl
     }
     const QRectF inner(0, 0, m_metrics.innerWidth, m_metrics.innerHeight);
     m_painter.setClipRect(clip.isNull() ? inner : inner & clip);
-    m_painter.setRenderHint(QPainter::LosslessImageRendering, isDrawing(picture));
+    m_painter.setRenderHint(QPainter::LosslessImageRendering,
+                            isTooLongForLoss(picture) || isDrawing(picture));
     m_painter.drawImage(place, picture);
 }
 

@@ -41,7 +41,7 @@ bool PrintSender::start()
 {
     constexpr int kStartMilliseconds = 2000;
     m_process = new QProcess(this);
-    m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process->setStandardErrorFile(QProcess::nullDevice());
     m_process->start(m_helper, {QStringLiteral("send")});
     if (!m_process->waitForStarted(kStartMilliseconds)) {
         delete std::exchange(m_process, nullptr);

@@ -26,7 +26,8 @@ enum class Standing { Nothing, Replaceable, Refused };
 void removeLeftovers(const std::string& folder);
 
 // A new content for a file: written beside the target, without a name where the file system has
-// such files, then put in the target's place by one rename. Used inside this folder only.
+// such files, then put in the target's place by one rename. Whole bytes go by writeFileWhole();
+// this is for what is written bit by bit.
 class ReplacementFile {
 public:
     // Opens the temporary file. The target may be missing.

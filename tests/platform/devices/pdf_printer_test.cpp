@@ -98,6 +98,17 @@ TEST_F(PdfPrinter, CompressesPhotographsAloneWithLoss)
     EXPECT_EQ(images[1].encoding, "image");
 }
 
+TEST_F(PdfPrinter, PrintsPhotographsOfAnyLength)
+{
+    ASSERT_TRUE(start());
+    printer->draw(photograph(70000, 20), {0, 0, 2000, 100}, {});
+    EXPECT_TRUE(printer->endDocument());
+    const auto images = support::imagesOf(target);
+    ASSERT_EQ(images.size(), 1);
+    EXPECT_EQ(images[0].size, QSize(70000, 20));
+    EXPECT_EQ(images[0].encoding, "image");
+}
+
 TEST_F(PdfPrinter, ShowsNothingBeyondTheClipAndThePaper)
 {
     ASSERT_TRUE(start());
