@@ -37,15 +37,15 @@ void FolderRun::run()
     ++m_list.surface().state.runs;
     holdHost();
     const std::optional<int> files = m_step.begin();
-    if (!files || m_alive == nullptr) {
+    if (!files) {
         return;
     }
     m_count = *files;
-    showStrip(true);
-    walk();
     if (m_alive != nullptr) {
-        finish();
+        showStrip(true);
+        walk();
     }
+    finish();
 }
 
 void FolderRun::holdHost()
@@ -69,7 +69,9 @@ void FolderRun::giveHostBack()
     if (hold.pointer) {
         platform::setPointer(platform::Pointer::Default);
     }
-    m_list.surface().state.endRun();
+    if (m_alive != nullptr) {
+        m_list.surface().state.endRun();
+    }
 }
 
 void FolderRun::showStrip(bool visible)
@@ -155,20 +157,25 @@ void FolderRun::showProgress()
     }
 }
 
+// The host gets everything back, whenever the list has gone.
 void FolderRun::finish()
 {
-    m_step.end();
-    if (m_alive == nullptr) {
-        return;
+    if (m_alive != nullptr) {
+        m_step.end();
     }
     giveHostBack();
+    if (m_alive != nullptr) {
+        tellTheEnd();
+    }
+    showStrip(false);
+}
+
+void FolderRun::tellTheEnd()
+{
     if (const auto text = m_step.closingText(m_index, m_count)) {
         m_list.surface().setInfoText(*text);
     }
     m_step.finished();
-    if (m_alive != nullptr) {
-        showStrip(false);
-    }
 }
 
 } // namespace thumbs

@@ -31,6 +31,7 @@ private:
     void make(const FileInRun& file);
     void showProgress();
     void finish();
+    void tellTheEnd();
 
     ThumbNailList& m_list;
     QPointer<ThumbNailList> m_alive;

@@ -39,6 +39,7 @@ class FolderStep {
 public:
     virtual ~FolderStep() = default;
 
+    // This and the strip are asked for even when the list has gone.
     [[nodiscard]] virtual HostHold hold() const { return {}; }
     // The files to walk over, where a step keeps to those that it began with. Null: the list's, as
     // they stand when each is asked for.

@@ -55,7 +55,13 @@ public:
             atFile();
         }
     }
-    void end() override { calls.append("end"); }
+    void end() override
+    {
+        calls.append("end");
+        if (atEnd) {
+            atEnd();
+        }
+    }
     [[nodiscard]] std::optional<QString> closingText(int index, int count) const override
     {
         return QStringLiteral("done %1 of %2").arg(index).arg(count);
@@ -78,6 +84,7 @@ public:
     std::optional<QSize> tile;
     std::optional<QSize> ownRoom;
     std::function<void()> atFile;
+    std::function<void()> atEnd;
     std::function<void()> atFinish;
 
     QStringList calls;
@@ -281,24 +288,45 @@ TEST_F(FolderRunTest, StaysWithTheFilesThatItsStepKeeps)
     EXPECT_EQ(m_list.path(), m_tree.path("other"));
 }
 
-TEST_F(FolderRunTest, SurvivesTheEndOfItsListAtTheVeryEnd)
+// A run over a list that goes wherever a step may let events run.
+class EndOfItsList : public FolderRunTest {
+protected:
+    EndOfItsList()
+    {
+        list->setPath(m_tree.path("pics"));
+        step.ownStrip = &m_main.gradient;
+    }
+
+    void runAndExpectTheHostBack()
+    {
+        thumbs::FolderRun(*list, step).run();
+        EXPECT_EQ(list, nullptr);
+        EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+        EXPECT_FALSE(m_main.gradient.shown);
+    }
+
+    std::unique_ptr<ThumbNailList> list = std::make_unique<ThumbNailList>();
+    RecordingStep step{*list};
+    const std::function<void()> endList = [this] { list.reset(); };
+};
+
+TEST_F(EndOfItsList, GivesTheHostBackInAStep)
 {
-    auto list = std::make_unique<ThumbNailList>();
-    list->setPath(m_tree.path("pics"));
-    RecordingStep step(*list);
-    step.atFinish = [&list] { list.reset(); };
-    thumbs::FolderRun(*list, step).run();
-    EXPECT_EQ(step.calls.size(), 5);
-    EXPECT_EQ(list, nullptr);
+    step.atFile = endList;
+    runAndExpectTheHostBack();
+    EXPECT_EQ(step.calls.size(), 2);
 }
 
-TEST_F(FolderRunTest, SurvivesTheEndOfItsListInAStep)
+TEST_F(EndOfItsList, GivesTheHostBackBehindTheLastFile)
 {
-    auto list = std::make_unique<ThumbNailList>();
-    list->setPath(m_tree.path("pics"));
-    RecordingStep step(*list);
-    step.atFile = [&list] { list.reset(); };
-    thumbs::FolderRun(*list, step).run();
-    EXPECT_EQ(step.calls.size(), 2);
-    platform::setPointer(platform::Pointer::Default);
+    step.atEnd = endList;
+    runAndExpectTheHostBack();
+    EXPECT_EQ(step.calls.size(), 5);
+}
+
+TEST_F(EndOfItsList, GivesTheHostBackAtTheVeryEnd)
+{
+    step.atFinish = endList;
+    runAndExpectTheHostBack();
+    EXPECT_EQ(step.calls.size(), 5);
 }

@@ -40,27 +40,36 @@ Picture atOwnSize(const Picture& picture, base::Colour ground)
 
 } // namespace
 
+std::vector<core::ProgressStrip*> RunStrips::strips() const
+{
+    std::vector<core::ProgressStrip*> strips;
+    if (m_list != nullptr) {
+        strips.push_back(&m_list->surface().Gradient);
+    }
+    if (core::ProgressStrip* const main = core::services().progress) {
+        strips.push_back(main);
+    }
+    return strips;
+}
+
 void RunStrips::showStrip(bool visible)
 {
-    m_own.showStrip(visible);
-    if (core::ProgressStrip* const main = core::services().progress) {
-        main->showStrip(visible);
+    for (core::ProgressStrip* const strip : strips()) {
+        strip->showStrip(visible);
     }
 }
 
 void RunStrips::setBackground(base::Colour colour)
 {
-    m_own.setBackground(colour);
-    if (core::ProgressStrip* const main = core::services().progress) {
-        main->setBackground(colour);
+    for (core::ProgressStrip* const strip : strips()) {
+        strip->setBackground(colour);
     }
 }
 
 void RunStrips::fill(double fraction, base::Colour colour)
 {
-    m_own.fill(fraction, colour);
-    if (core::ProgressStrip* const main = core::services().progress) {
-        main->fill(fraction, colour);
+    for (core::ProgressStrip* const strip : strips()) {
+        strip->fill(fraction, colour);
     }
 }
 
@@ -71,7 +80,7 @@ AlbumStep::AlbumStep(ThumbNailList& list, AlbumPlan plan)
     , m_jpeg(plan.jpeg)
     , m_endsAtEscape(plan.endsAtEscape)
     , m_pages(std::move(plan.folders), std::move(plan.texts), plan.mode)
-    , m_strips(list.surface().Gradient)
+    , m_strips(list)
 {
 }
 

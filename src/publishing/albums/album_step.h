@@ -11,16 +11,17 @@
 
 #include <QPointer>
 #include <QShortcut>
+#include <vector>
 
 class ThumbNailList;
 
 namespace albums {
 
-// The strip of the list and the main window's as one.
+// The strip of the list and the main window's as one, of which either may go.
 class RunStrips : public core::ProgressStrip {
 public:
-    explicit RunStrips(core::ProgressStrip& own)
-        : m_own(own)
+    explicit RunStrips(ThumbNailList& list)
+        : m_list(&list)
     {
     }
 
@@ -29,7 +30,9 @@ public:
     void fill(double fraction, base::Colour colour) override;
 
 private:
-    core::ProgressStrip& m_own;
+    [[nodiscard]] std::vector<core::ProgressStrip*> strips() const;
+
+    QPointer<ThumbNailList> m_list;
 };
 
 // What an album is made with; it holds for the whole run.
