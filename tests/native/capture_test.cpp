@@ -9,6 +9,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QProcess>
 #include <QPushButton>
 #include <QWindow>
 #include <xcb/xcb.h>
@@ -164,6 +167,62 @@ TEST_F(Capture, PicksColoursWithoutATray)
             QString::number(patchColour(320 / kPatch, 170 / kPatch) & 0xFFFFFF, 16).toUpper();
         EXPECT_EQ(QApplication::clipboard()->text(), expected.rightJustified(6, '0'));
         EXPECT_TRUE(waitUntil([&] { return icon.isVisible() && icon.isActiveWindow(); }));
+    });
+}
+
+// On a desktop with a tray.
+class CaptureFromTray : public NativeTest {
+protected:
+    CaptureFromTray() { watcher.start(QStringLiteral(STAND_IN_WATCHER), QStringList()); }
+
+    ~CaptureFromTray() override
+    {
+        watcher.closeWriteChannel();
+        watcher.waitForFinished();
+    }
+
+    QString nextLine()
+    {
+        EXPECT_TRUE(waitUntil([this] { return watcher.canReadLine(); }));
+        return QString::fromUtf8(watcher.readLine()).trimmed();
+    }
+
+    void clickIcon(const QString& service) const
+    {
+        QDBusMessage click = QDBusMessage::createMethodCall(
+            service, QStringLiteral("/StatusNotifierItem"),
+            QStringLiteral("org.kde.StatusNotifierItem"), QStringLiteral("Activate"));
+        click << 10 << 10;
+        panel.send(click);
+    }
+
+    QProcess watcher;
+    QDBusConnection panel =
+        QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("panel"));
+};
+
+TEST_F(CaptureFromTray, TakesTheScreenAtADoubleClickOnTheIconOfTheKey)
+{
+    ASSERT_EQ(nextLine(), "watching");
+    run([this](Form1& form) {
+        const QImage root = rootPicture(screen().size());
+        paintRootWindow(root.size());
+        click(onScreen(pictureArea(form)).center());
+        key(QStringLiteral("F12"));
+        const QString icon = nextLine();
+        ASSERT_FALSE(icon.isEmpty());
+        EXPECT_TRUE(waitUntil([&] { return form.isMinimized(); }));
+        ASSERT_TRUE(core::windows().isLoaded(Window::frmCaputreN));
+        EXPECT_FALSE(core::windows().find(Window::frmCaputreN)->isVisible());
+        EXPECT_TRUE(waitUntil([&] { return screen() == root; }));
+        clickIcon(icon);
+        clickIcon(icon);
+        ASSERT_TRUE(appears(Window::frmCapture));
+        choose(kChosen);
+        ASSERT_TRUE(goes(Window::frmCapture));
+        EXPECT_EQ(form.cpvPicScroll1().Picture().flattened(), root.copy(kChosen));
+        EXPECT_TRUE(form.isMinimized());
+        EXPECT_TRUE(core::windows().isLoaded(Window::frmCaputreN));
     });
 }
 
