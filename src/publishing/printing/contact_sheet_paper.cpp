@@ -2,8 +2,25 @@
 
 #include "base/numbers.h"
 #include "core/printing.h"
+#include "platform/pictures/transfers.h"
+#include "publishing/printing/sheet_layout.h"
 
 namespace printing {
+
+namespace {
+
+// A sheet of photographs would else be a document of some hundred megabytes.
+QImage reduced(const QImage& image, QSize worth)
+{
+    const QSize size = worth.boundedTo(image.size());
+    if (size.isEmpty() || size == image.size()) {
+        return image;
+    }
+    const QImage small = platform::stretched(image, {0, 0, image.width(), image.height()}, size);
+    return small.isNull() ? image : small;
+}
+
+} // namespace
 
 ContactSheetPaper::ContactSheetPaper()
     : m_printer(core::currentPrinter())
@@ -40,7 +57,8 @@ void ContactSheetPaper::draw(const platform::Picture& picture, const QRectF& pla
                              const QString& title)
 {
     if (begin(title)) {
-        m_printer->draw(picture.flattened(), place);
+        const QSize worth = pixelsWorthPrinting(place.size(), m_printer->metrics());
+        m_printer->draw(reduced(picture.flattened(), worth), place);
     }
 }
 

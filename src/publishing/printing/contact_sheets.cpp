@@ -112,14 +112,15 @@ bool SheetMaker::takes(const FileInRun& file) const
     return file.path.startsWith(platform::withSeparator(m_folder));
 }
 
-// A picture that is printed comes whole.
 std::optional<QSize> SheetMaker::fileRoom() const
 {
-    if (m_isPrinting) {
-        return std::nullopt;
-    }
     const QSize room = pictureRoom(m_layout).expandedTo({1, 1});
-    return (QSizeF(room) * m_list->surface().pages.ratio()).toSize();
+    const QSize onScreen = (QSizeF(room) * m_list->surface().pages.ratio()).toSize();
+    if (!m_isPrinting) {
+        return onScreen;
+    }
+    const QRectF printed = onPaper(QRectF(QPointF(), room), m_layout.sheet, m_metrics);
+    return onScreen.expandedTo(pixelsWorthPrinting(printed.size(), m_metrics));
 }
 
 // Written before the sheet is turned: the first picture of a sheet still tells the one before.

@@ -5,6 +5,7 @@
 #include "thumbs/picture_fit.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace printing {
 
@@ -96,6 +97,19 @@ QRectF onPaper(const QRectF& onSheet, QSize sheet, const platform::PaperMetrics&
     const double down = static_cast<double>(paper.innerHeight) / sheet.height();
     return {onSheet.x() * across, onSheet.y() * down, onSheet.width() * across,
             onSheet.height() * down};
+}
+
+QSize pixelsWorthPrinting(QSizeF place, const platform::PaperMetrics& paper)
+{
+    constexpr int kFinestSeen = 300; // pixels in an inch, at reading distance
+    const auto pixels = [](double length, int dotsPerInch) {
+        const double finer = std::max(1.0, static_cast<double>(kFinestSeen) / dotsPerInch);
+        return static_cast<int>(std::ceil(length * finer));
+    };
+    if (paper.isEmpty() || place.isEmpty()) {
+        return {};
+    }
+    return {pixels(place.width(), paper.logPixelsX), pixels(place.height(), paper.logPixelsY)};
 }
 
 int wholeSheetZoom(QSize page, QSize viewport)

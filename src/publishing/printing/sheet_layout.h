@@ -45,6 +45,11 @@ struct SheetLayout {
 [[nodiscard]] QRectF onPaper(const QRectF& onSheet, QSize sheet,
                              const platform::PaperMetrics& paper);
 
+// The pixels that are worth having of a picture in such a place on paper, given in the printer's
+// pixels: as fine as the printer is asked to print, and at least as fine as the eye can tell. Empty
+// without paper.
+[[nodiscard]] QSize pixelsWorthPrinting(QSizeF place, const platform::PaperMetrics& paper);
+
 // The zoom, from 10 to 100 percent, at which a sheet of the page size is in sight as a whole.
 [[nodiscard]] int wholeSheetZoom(QSize page, QSize viewport);
 

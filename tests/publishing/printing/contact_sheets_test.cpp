@@ -249,14 +249,36 @@ TEST_F(ContactSheetsTest, PrintsTheSheetsAsTheyAreShown)
     EXPECT_FALSE(state().IsPrinting);
 }
 
-TEST_F(ContactSheetsTest, PrintsEveryPictureAtItsOwnPixels)
+TEST_F(ContactSheetsTest, PrintsPicturesAtTheirOwnPixels)
+{
+    addPicture("pics/d.jpg", kGreen, {640, 480}, "JPG");
+    m_list.surface().File1.refresh();
+    m_list.PrintPicture();
+    EXPECT_EQ(document().pages[0][0].picture.size(), QSize(300, 300));
+    EXPECT_EQ(document().pages[1][1].picture.size(), QSize(640, 480));
+    EXPECT_EQ(QColor(document().pages[1][0].picture.pixel(0, 0)), QColor(0, 0, 255));
+}
+
+// The room of 458 printer's pixels takes 687 at 300 in an inch.
+TEST_F(ContactSheetsTest, PrintsNoMorePixelsThanPaperShows)
 {
     addPicture("pics/d.jpg", kGreen, {1600, 1200}, "JPG");
     m_list.surface().File1.refresh();
     m_list.PrintPicture();
+    EXPECT_EQ(document().pages[1][0].picture.size(), QSize(687, 687));
+    EXPECT_EQ(document().pages[1][1].picture.size(), QSize(687, 516));
+    EXPECT_EQ(m_list.surface().P_load.naturalSize, QSize(1600, 1200));
+}
+
+TEST_F(ContactSheetsTest, PrintsAsFineAsThePrinterIsAskedFor)
+{
+    m_printers.metrics = paper(2500, 6000);
+    m_printers.metrics->logPixelsX = m_printers.metrics->logPixelsY = 600;
+    addPicture("pics/d.bmp", kGreen, {3000, 3000});
+    m_list.surface().File1.refresh();
+    m_list.PrintPicture();
     EXPECT_EQ(document().pages[1][0].picture.size(), QSize(1000, 1000));
-    EXPECT_EQ(document().pages[1][1].picture.size(), QSize(1600, 1200));
-    EXPECT_EQ(QColor(document().pages[1][0].picture.pixel(0, 0)), QColor(0, 0, 255));
+    EXPECT_EQ(document().pages[1][1].picture.size(), QSize(2290, 2290));
 }
 
 TEST_F(ContactSheetsTest, AsksThePrinterForTheQualityOfItsProperty)

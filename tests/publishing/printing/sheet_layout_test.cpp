@@ -144,6 +144,16 @@ TEST(SheetLayout, StandsAtTheSamePlaceOnPaper)
     EXPECT_TRUE(onPaper({10, 20, 30, 40}, {0, 100}, paper(50, 200)).isEmpty());
 }
 
+TEST(SheetLayout, KnowsThePixelsThatPaperShows)
+{
+    platform::PaperMetrics metrics = paper(1000, 1000);
+    metrics.logPixelsY = 600;
+    EXPECT_EQ(pixelsWorthPrinting({458, 458}, metrics), QSize(687, 458));
+    EXPECT_EQ(pixelsWorthPrinting({0.5, 0.5}, metrics), QSize(1, 1));
+    EXPECT_TRUE(pixelsWorthPrinting({458, 0}, metrics).isEmpty());
+    EXPECT_TRUE(pixelsWorthPrinting({458, 458}, {}).isEmpty());
+}
+
 TEST(SheetLayout, FindsTheZoomThatShowsAWholeSheet)
 {
     EXPECT_EQ(wholeSheetZoom({300, 600}, {400, 640}), 100);
