@@ -38,6 +38,8 @@ MailAddress addressOf(const QString& entry)
     return {name, entry.sliced(begin + 1).chopped(1).trimmed()};
 }
 
+constexpr qsizetype kLongestAddress = 254; // bytes in a command
+
 bool endsAddress(QChar character)
 {
     return character.isSpace() || character.unicode() < 0x20 || character == u'<' ||
@@ -61,7 +63,8 @@ bool canBeSentTo(const QString& address)
 {
     const qsizetype at = address.lastIndexOf(u'@');
     return at > 0 && at < address.size() - 1 && onOneLine(address) == address &&
-           std::none_of(address.begin(), address.end(), endsAddress);
+           std::none_of(address.begin(), address.end(), endsAddress) &&
+           onTheWire(address).size() <= kLongestAddress;
 }
 
 QByteArray onTheWire(const QString& address)

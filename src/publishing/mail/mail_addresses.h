@@ -16,7 +16,8 @@ struct MailAddress {
 // quotes where it holds a comma. Entries of blanks alone are none.
 [[nodiscard]] std::vector<MailAddress> addressesIn(const QString& field);
 
-// Something on both sides of an "@", without what would end a command's address before its end.
+// Something on both sides of an "@", without what would end a command's address before its end, and
+// no longer than servers take.
 [[nodiscard]] bool canBeSentTo(const QString& address);
 
 // As commands carry it: the domain in ASCII, the rest in UTF-8.

@@ -9,8 +9,10 @@ namespace mail {
 
 namespace {
 
-constexpr qsizetype kFoldBehind = 60;    // characters of a head line
-constexpr qsizetype kBytesOfWord = 42;   // of UTF-8 in an encoded word of less than 75 characters
+constexpr qsizetype kFoldBehind = 60;     // characters of a head line
+constexpr qsizetype kLongestFolded = 500; // characters of a line where there is no blank
+constexpr qsizetype kLongestName = 60;
+constexpr qsizetype kBytesOfWord = 39;   // of UTF-8; with "Subject: " a line of 73 characters
 constexpr qsizetype kLongestQuoted = 75; // characters of a line ahead of its "="
 constexpr char kFold[] = "\r\n ";
 
@@ -21,7 +23,7 @@ bool isPlain(const QString& text)
                        [](QChar one) { return one.unicode() >= 0x20 && one.unicode() < 0x7F; });
 }
 
-// Breaks lines at blanks. A word that is longer than any line may be goes as encoded ones.
+// Breaks lines at blanks.
 QByteArray folded(const QByteArray& text)
 {
     QByteArray lines;
@@ -50,11 +52,24 @@ QByteArray encodedWords(const QString& text)
     return words.join(kFold);
 }
 
-bool hasLongWord(const QString& text)
+bool hasLongLine(const QByteArray& lines)
 {
-    const QStringList words = text.split(u' ');
-    return std::any_of(words.begin(), words.end(),
-                       [](const QString& word) { return word.size() > 500; });
+    const QByteArrayList all = lines.split('\n');
+    return std::any_of(all.begin(), all.end(),
+                       [](const QByteArray& line) { return line.size() > kLongestFolded; });
+}
+
+// Plain ASCII in double quotes.
+QByteArray quotedText(const QString& text)
+{
+    return '"' + text.toLatin1().replace('\\', "\\\\").replace('"', "\\\"") + '"';
+}
+
+// Needs no "=" and two digits, wherever in a line it stands.
+bool isSafe(char character)
+{
+    return (character >= ' ' && character <= '~' && character != '=') || character == '\t' ||
+           character == '\r' || character == '\n';
 }
 
 QByteArray hexadecimal(char character)
@@ -64,15 +79,25 @@ QByteArray hexadecimal(char character)
 
 } // namespace
 
+bool isAscii(const QByteArray& text)
+{
+    return std::all_of(text.begin(), text.end(), [](char one) { return (one & 0x80) == 0; });
+}
+
 QByteArray headWords(const QString& text)
 {
     const QString line = onOneLine(text).trimmed();
-    return isPlain(line) && !hasLongWord(line) ? folded(line.toLatin1()) : encodedWords(line);
+    if (!isPlain(line)) {
+        return encodedWords(line);
+    }
+    const QByteArray lines = folded(line.toLatin1());
+    return hasLongLine(lines) ? encodedWords(line) : lines;
 }
 
-QByteArray quotedText(const QString& text)
+QByteArray nameWords(const QString& text)
 {
-    return '"' + onOneLine(text).toLatin1().replace('\\', "\\\\").replace('"', "\\\"") + '"';
+    const QString line = onOneLine(text).trimmed();
+    return isPlain(line) && line.size() <= kLongestName ? quotedText(line) : encodedWords(line);
 }
 
 QByteArray headParameter(const QByteArray& name, const QString& value)
@@ -142,6 +167,13 @@ bool QuotedPrintable::goesAsItIs(char character) const
         return false;
     }
     return character > ' ' && character <= '~' && character != '=';
+}
+
+qint64 quotedPrintableSize(const QByteArray& text)
+{
+    const qint64 safe = std::count_if(text.begin(), text.end(), isSafe);
+    const qint64 characters = safe + 3 * (text.size() - safe);
+    return characters + characters / kLongestQuoted * 3; // "=" and a line end
 }
 
 QByteArray base64Lines(const QByteArray& bytes)

@@ -7,12 +7,15 @@
 // How text and bytes travel in a mail of seven-bit lines.
 namespace mail {
 
-// Words of a head line. What isn't plain ASCII goes as encoded words of UTF-8; long texts are
-// folded.
+[[nodiscard]] bool isAscii(const QByteArray& text);
+
+// Words of a head line. What isn't plain ASCII, or can't be folded, goes as encoded words of UTF-8;
+// long texts are folded.
 [[nodiscard]] QByteArray headWords(const QString& text);
 
-// Plain ASCII in double quotes.
-[[nodiscard]] QByteArray quotedText(const QString& text);
+// A name ahead of an address: in double quotes, or as encoded words where it isn't plain ASCII or
+// is too long for a line.
+[[nodiscard]] QByteArray nameWords(const QString& text);
 
 // A name as a parameter of a head line: name="..." in ASCII, else name*=UTF-8''...
 [[nodiscard]] QByteArray headParameter(const QByteArray& name, const QString& value);
@@ -38,6 +41,9 @@ private:
     qsizetype m_at = 0;
     qsizetype m_column = 0;
 };
+
+// How many bytes a text becomes as quoted-printable, near the truth.
+[[nodiscard]] qint64 quotedPrintableSize(const QByteArray& text);
 
 inline constexpr qsizetype kBytesOfBase64Line = 57; // they become 76 characters
 

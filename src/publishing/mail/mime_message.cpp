@@ -15,6 +15,8 @@ namespace {
 constexpr qsizetype kPiece = 48 * 1024;
 constexpr qint64 kPictureBytes = 600 * kBytesOfBase64Line; // 46,800 characters
 
+constexpr qsizetype kMostBeside = 64; // characters of name and address on one line
+
 struct PictureType {
     const char* extension;
     const char* type;
@@ -53,8 +55,9 @@ QByteArray addressWords(const MailAddress& one)
     if (one.name.isEmpty()) {
         return address;
     }
-    const QByteArray name = headWords(one.name);
-    return (name.startsWith("=?") ? name : quotedText(one.name)) + " <" + address + '>';
+    const QByteArray name = nameWords(one.name);
+    const bool fold = name.size() + address.size() > kMostBeside;
+    return name + (fold ? "\r\n <" : " <") + address + '>';
 }
 
 QByteArray addressLine(const std::vector<MailAddress>& addresses)
@@ -118,6 +121,7 @@ MimeMessage::MimeMessage(const MailDraft& draft, const QString& senderAddress,
     : m_picture(draft.picture)
 {
     const QByteArray head = headOf(draft, senderAddress, mark);
+    m_needsUnicode = !isAscii(head);
     if (draft.picture.isEmpty()) {
         addText(head + kHtmlHead);
         addHtml(draft.html);
@@ -141,9 +145,9 @@ void MimeMessage::addText(const QByteArray& text)
 
 void MimeMessage::addHtml(const QString& html)
 {
-    QuotedPrintable text(html.toUtf8());
-    m_size += html.size() + html.size() / 16;
-    m_sources.emplace_back([left = std::move(text)]() mutable { return left.next(kPiece); });
+    const QByteArray text = html.toUtf8();
+    m_size += quotedPrintableSize(text);
+    m_sources.emplace_back([left = QuotedPrintable(text)]() mutable { return left.next(kPiece); });
 }
 
 void MimeMessage::addPicture()

@@ -18,8 +18,9 @@ struct MessageMark {
     QByteArray token; // letters and digits that no other message has
 };
 
-// A whole message of seven-bit lines, told piece by piece, with the picture read as it goes. No
-// line begins with a dot, and each ends with CR LF.
+// A whole message of seven-bit lines, but for such addresses as needsUnicode() tells of. It is told
+// piece by piece, with the picture read as it goes. No line begins with a dot, and each ends with
+// CR LF.
 class MimeMessage {
 public:
     // The sender's address stands in the head where the From field holds none.
@@ -31,6 +32,8 @@ public:
     [[nodiscard]] QByteArray next();
     // The picture can't be read, or not to its end.
     [[nodiscard]] bool isBroken() const { return m_broken; }
+    // The head has an address that isn't ASCII, which only some servers take.
+    [[nodiscard]] bool needsUnicode() const { return m_needsUnicode; }
     // Bytes in all; that of the HTML is near the truth, the rest exact.
     [[nodiscard]] qint64 size() const { return m_size; }
 
@@ -46,6 +49,7 @@ private:
     QFile m_picture;
     qint64 m_leftOfPicture = 0;
     qint64 m_size = 0;
+    bool m_needsUnicode = false;
     bool m_broken = false;
 };
 

@@ -122,14 +122,53 @@ TEST(MimeMessage, AFromFieldWithoutAddressIsAName)
         << whole;
 }
 
+TEST(MimeMessage, TellsWhetherItsHeadIsBeyondAscii)
+{
+    const auto needsUnicode = [](const char* from, const char* sender) {
+        mail::MailDraft one = draft();
+        one.from = QString::fromUtf8(from);
+        return MimeMessage(one, QString::fromUtf8(sender), kMark).needsUnicode();
+    };
+    EXPECT_TRUE(needsUnicode("j\u00F6rg@example.org", "me@example.org"));
+    EXPECT_FALSE(needsUnicode("J\u00F6rg <me@b\u00FCro.example>", "me@example.org"));
+    EXPECT_FALSE(needsUnicode("J\u00F6rg", "me@example.org"));
+    EXPECT_TRUE(needsUnicode("me", "j\u00F6rg@example.org"));
+}
+
+TEST(MimeMessage, CountsTheTextAsItTravels)
+{
+    for (const char* const text : {"\u20AC\u00FC", "<p style=\"a=b\">=</p>", "plain text "}) {
+        mail::MailDraft large = draft();
+        large.html = QString::fromUtf8(text).repeated(5000);
+        MimeMessage message(large, QStringLiteral("me@example.org"), kMark);
+        const double size = double(message.size());
+        EXPECT_NEAR(size, double(wholeOf(message).size()), size / 50) << text;
+    }
+}
+
+TEST(MimeMessage, HasNoLongHeadLines)
+{
+    mail::MailDraft wide = draft();
+    wide.from = QString(3000, u'n') + QStringLiteral(" <me@example.org>");
+    wide.to = QStringLiteral("\"%1\" <a@b.org>, %2 <%3@%4.org>")
+                  .arg(QStringLiteral("a \\").repeated(900), QStringLiteral("\u20AC").repeated(300),
+                       QString(64, u'l'), QString(180, u'd'));
+    wide.subject = QString(2000, u'\u20AC');
+    MimeMessage message(wide, QStringLiteral("me@example.org"), kMark);
+    const QByteArray whole = QByteArray::fromStdString(wholeOf(message));
+    for (const QByteArray& line : whole.left(whole.indexOf("\r\n\r\n")).split('\n')) {
+        EXPECT_LE(line.size(), line.contains("=?") ? 77 : 300) << line.toStdString();
+    }
+}
+
 TEST(HeadWords, AreFoldedAndEncodedInShortLines)
 {
     EXPECT_EQ(mail::headWords(QStringLiteral("Hello you")), "Hello you");
     EXPECT_EQ(mail::headWords(QStringLiteral("a\r\nBcc: b")), "a  Bcc: b");
     EXPECT_EQ(mail::headWords(QStringLiteral("=?x?=")), "=?UTF-8?B?PT94Pz0=?=");
     const QString word = QStringLiteral("\u20AC\U0001F600abc ");
-    for (const QString& text :
-         {word.repeated(200), QStringLiteral("abc ").repeated(900), QString(3000, u'x')}) {
+    for (const QString& text : {word.repeated(200), QStringLiteral("abc ").repeated(900),
+                                QString(3000, u'x'), u'a' + QString(3000, u' ') + u'b'}) {
         for (const QByteArray& line : mail::headWords(text).split('\n')) {
             EXPECT_LT(line.size(), 80) << line.toStdString();
         }
@@ -181,6 +220,8 @@ TEST(MailAddresses, AreSplitAtCommas)
 TEST(MailAddresses, TellWhetherTheyCanBeSentTo)
 {
     EXPECT_TRUE(mail::canBeSentTo(QStringLiteral("a@b")));
+    EXPECT_TRUE(mail::canBeSentTo(QStringLiteral("a@") + QString(252, u'b')));
+    EXPECT_FALSE(mail::canBeSentTo(QStringLiteral("a@") + QString(253, u'b')));
     for (const char* const odd :
          {"", "a", "@b", "a@", "a b@c", "a@b>", "<a@b", "a@b\r\nRSET", "a@b,c@d",
           "a@\xC2\xA0"
