@@ -1,6 +1,7 @@
 #include "publishing/mail/secure_session.h"
 
 #include "publishing/mail/mail_addresses.h"
+#include "publishing/mail/mail_encoding.h"
 
 #include <algorithm>
 #include <array>
@@ -57,6 +58,7 @@ const QString kMaybeSent = QStringLiteral("Whether the message was sent isn't kn
 const QString kServerSays = QStringLiteral("The server says: %1");
 const QString kNoReply = QStringLiteral("What it says is no reply of a mail server.");
 const QString kOutOfTurn = QStringLiteral("It says more than it is asked.");
+const QString kAsksForMore = QStringLiteral("It asks for more than name and password.");
 const QString kSilent = QStringLiteral("It didn't answer for %1 seconds.");
 
 const StageFacts& factsOf(Stage stage)
@@ -84,11 +86,6 @@ QByteArray greetable(const QString& computer)
     return name.isEmpty() ? QByteArray("localhost") : name;
 }
 
-bool isAscii(const QByteArray& text)
-{
-    return std::all_of(text.begin(), text.end(), [](char one) { return (one & 0x80) == 0; });
-}
-
 } // namespace
 
 SecureSession::SecureSession(SessionFacts facts)
@@ -111,11 +108,12 @@ Step SecureSession::arrived(const QByteArray& bytes)
     while (step.move == Move::Wait && step.send.isEmpty()) {
         const std::optional<SmtpReply> reply = m_reader.next();
         if (!reply) {
-            return m_reader.isBroken() ? fail(refusal(), kNoReply) : Step();
+            return m_reader.isBroken() ? giveUp(kNoReply) : Step();
         }
         step = answered(*reply);
     }
-    const bool asks = step.move == Move::Wait && m_stage != Stage::Leaving;
+    const bool asks =
+        (step.move == Move::Wait && m_stage != Stage::Leaving) || step.move == Move::SendMessage;
     return asks && !m_reader.isEmpty() ? fail(refusal(), kOutOfTurn) : step;
 }
 
@@ -155,6 +153,9 @@ Step SecureSession::goOn(const SmtpReply& reply)
 
 Step SecureSession::secured()
 {
+    if (!m_reader.isEmpty()) {
+        return fail(refusal(), kOutOfTurn);
+    }
     m_secured = true;
     if (m_facts.security == MailSecurity::StartTls) {
         return sayHello();
@@ -197,9 +198,11 @@ Step SecureSession::nextOfLogin(const SmtpReply& reply)
                                    : fail(kNotProved.arg(m_facts.server, m_facts.user.name), {});
     }
     const QByteArray question = QByteArray::fromBase64(reply.lines.join());
-    const std::optional<QByteArray> answer = m_login->answer(question);
-    return answer ? send(Stage::Login, answer->toBase64())
-                  : fail(kNotProved.arg(m_facts.server, m_facts.user.name), {});
+    if (const std::optional<QByteArray> answer = m_login->answer(question)) {
+        return send(Stage::Login, answer->toBase64());
+    }
+    return m_login->isProved() ? fail(refusal(), kAsksForMore)
+                               : fail(kNotProved.arg(m_facts.server, m_facts.user.name), {});
 }
 
 Step SecureSession::nameSender()
@@ -227,6 +230,9 @@ Step SecureSession::nameRecipient()
 // Each line of the message has ended, so the dot stands on a line of its own.
 Step SecureSession::messageSent()
 {
+    if (!m_reader.isEmpty()) {
+        return fail(refusal(), kOutOfTurn);
+    }
     return send(Stage::Delivery, ".");
 }
 
@@ -254,8 +260,13 @@ Step SecureSession::lost(platform::MailLoss why, const QString& words)
 
 Step SecureSession::tookTooLong()
 {
+    return giveUp(kSilent.arg(patience()));
+}
+
+Step SecureSession::giveUp(const QString& reason)
+{
     return m_stage == Stage::Leaving ? lost(platform::MailLoss::PeerClosed, {})
-                                     : fail(refusal(), kSilent.arg(patience()), outcome());
+                                     : fail(refusal(), reason, outcome());
 }
 
 // A farewell inside the message would be a part of it.
@@ -312,7 +323,7 @@ bool SecureSession::isBeforeGreeting() const
 
 bool SecureSession::needsUnicode() const
 {
-    return !isAscii(onTheWire(m_facts.sender)) ||
+    return m_facts.headNeedsUnicode || !isAscii(onTheWire(m_facts.sender)) ||
            std::any_of(m_facts.recipients.begin(), m_facts.recipients.end(),
                        [](const QString& one) { return !isAscii(onTheWire(one)); });
 }

@@ -20,7 +20,8 @@ struct SessionFacts {
     QString sender;         // addresses, checked already
     QStringList recipients; // at least one
     qint64 messageSize = 0; // bytes, near the truth
-    QByteArray nonce;       // see bestLogin()
+    bool headNeedsUnicode = false;
+    QByteArray nonce; // see bestLogin()
 };
 
 // One encrypted dialogue with a mail server, as nothing but what comes of each thing that happens.
@@ -81,6 +82,7 @@ private:
     [[nodiscard]] Step send(Stage stage, const QByteArray& command);
     [[nodiscard]] Step fail(const QString& sentence, const QString& reason);
     [[nodiscard]] Step fail(const QString& sentence, const QString& reason, const QString& outcome);
+    [[nodiscard]] Step giveUp(const QString& reason);
     [[nodiscard]] Step refuse(const QString& reason);
     [[nodiscard]] QString refusal() const;
     [[nodiscard]] QString outcome() const;

@@ -75,6 +75,7 @@ SessionFacts factsOf(const MailDraft& draft, const MailSettings& settings, const
         facts.recipients.append(one.address);
     }
     facts.messageSize = message.size();
+    facts.headNeedsUnicode = message.needsUnicode();
     facts.nonce = randomToken();
     return facts;
 }

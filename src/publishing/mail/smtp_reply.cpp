@@ -18,11 +18,11 @@ bool isDigit(char character)
     return character >= '0' && character <= '9';
 }
 
-// Three digits, then a blank, a hyphen or nothing.
+// A code from 200 to 599, then a blank, a hyphen or nothing.
 bool isReplyLine(const QByteArray& line)
 {
-    return line.size() >= 3 && isDigit(line[0]) && isDigit(line[1]) && isDigit(line[2]) &&
-           (line.size() == 3 || line[3] == ' ' || line[3] == '-');
+    return line.size() >= 3 && line[0] >= '2' && line[0] <= '5' && isDigit(line[1]) &&
+           isDigit(line[2]) && (line.size() == 3 || line[3] == ' ' || line[3] == '-');
 }
 
 } // namespace

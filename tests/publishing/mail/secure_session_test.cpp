@@ -182,6 +182,7 @@ TEST(SecureSession, AMessageThatWasTakenIsSentWhateverBecomesOfTheFarewell)
     EXPECT_EQ(sessionBefore(9)->lost(platform::MailLoss::PeerClosed, {}).move, Move::Done);
     EXPECT_EQ(sessionBefore(9)->tookTooLong().move, Move::Done);
     EXPECT_EQ(sessionBefore(9)->arrived("500 what\r\n").move, Move::Done);
+    EXPECT_EQ(sessionBefore(9)->arrived("what\r\n").move, Move::Done);
 }
 
 TEST(SecureSession, TellsOfHostsNotFoundAndNotTrusted)
@@ -214,6 +215,55 @@ TEST(SecureSession, RefusesAServerThatSaysMoreThanItIsAsked)
 {
     EXPECT_EQ(sessionBefore(0)->arrived("220 hi\r\n220 hi\r\n").move, Move::Failed);
     EXPECT_EQ(sessionBefore(3)->arrived("250 ok\r\n25").move, Move::Failed);
+}
+
+// The second of two replies would be taken for the answer to what is asked next.
+TEST(SecureSession, TakesNoReplyForTheNextQuestion)
+{
+    for (std::size_t i = 0; !kTurns[i].reply.isNull(); ++i) {
+        SCOPED_TRACE(kTurns[i].name);
+        for (const QByteArray& more : {QByteArray("250 ok\r\n"), QByteArray("2")}) {
+            const std::unique_ptr<SecureSession> session = sessionBefore(i);
+            EXPECT_EQ(session->arrived(kTurns[i].reply + more).move, Move::Failed);
+            EXPECT_TRUE(session->failure().endsWith(QStringLiteral("\nNothing was sent.")));
+        }
+    }
+    EXPECT_EQ(sessionBefore(7)->arrived("250 ok\r\n").move, Move::Failed);
+    EXPECT_EQ(sessionBefore(8)->arrived("250 taken\r\n250 ok\r\n").send, "QUIT\r\n");
+}
+
+TEST(SecureSession, TakesTheBeginOfAReplyForNoLaterOne)
+{
+    const std::unique_ptr<SecureSession> sending = sessionBefore(7);
+    EXPECT_EQ(sending->arrived("25").move, Move::Wait);
+    EXPECT_EQ(sending->messageSent().move, Move::Failed);
+    SecureSession securing(facts(MailSecurity::StartTls));
+    EXPECT_EQ(securing.arrived("220 hi\r\n").move, Move::Wait);
+    EXPECT_EQ(securing.arrived(kHello).move, Move::Wait);
+    EXPECT_EQ(securing.arrived("220 go\r\n").move, Move::Secure);
+    EXPECT_EQ(securing.arrived("250-x").move, Move::Wait);
+    EXPECT_EQ(securing.secured().move, Move::Failed);
+}
+
+TEST(SecureSession, TakesNoCodeThatServersDoNotHave)
+{
+    for (std::size_t i = 0; i < kTurns.size() - 1; ++i) {
+        for (const char* const odd : {"000 ok\r\n", "199 ok\r\n", "600 ok\r\n"}) {
+            const std::unique_ptr<SecureSession> session = sessionBefore(i);
+            EXPECT_EQ(session->arrived(odd).move, Move::Failed) << kTurns[i].name << odd;
+            EXPECT_EQ(session->failure().endsWith(QStringLiteral("Nothing was sent.")), i != 8);
+        }
+    }
+}
+
+TEST(SecureSession, TellsOfAServerThatAsksForMoreThanThereIs)
+{
+    const std::unique_ptr<SecureSession> session = sessionBefore(2);
+    EXPECT_EQ(session->arrived("334 \r\n").send, "AG1lAHNlY3JldA==\r\n");
+    EXPECT_EQ(session->arrived("334 \r\n").move, Move::Failed);
+    EXPECT_EQ(session->failure(),
+              QStringLiteral("The mail server mail.example.org refuses to log in the user me.\n"
+                             "It asks for more than name and password.\nNothing was sent."));
 }
 
 TEST(SecureSession, TellsHowLargeAMessageMayBe)
