@@ -5,7 +5,12 @@
 
 namespace mail {
 
-enum class MailSecurity { None, StartTls, Tls };
+enum class MailSecurity {
+    None,
+    StartTls,
+    Tls,
+    Unknown, // what is stored is none of the others; nothing is sent
+};
 
 // What a sending needs to know. All but the last two are those of the classic client.
 struct MailSettings {
@@ -19,8 +24,9 @@ struct MailSettings {
 };
 
 // Reads server, port, sender, security and user from config.ini. A key that is missing reads as
-// "ERROR" (the user as empty, the security as None), a port without digits as 0, and a port beyond
-// 16 bits keeps the value before. In classic mode there is no security and no user.
+// "ERROR" (the user as empty, the security as None), and a port without digits as 0. A port beyond
+// 16 bits keeps the value before, and a security that can't be read is Unknown. In classic mode
+// there is no security and no user.
 void readMailSettings(MailSettings& settings);
 
 } // namespace mail

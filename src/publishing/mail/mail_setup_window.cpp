@@ -5,6 +5,7 @@
 #include "core/window_names.h"
 #include "core/window_registry.h"
 #include "platform/desktop/dialogs.h"
+#include "publishing/mail/email_address.h"
 #include "publishing/mail/mail_settings.h"
 #include "publishing/mail/password.h"
 #include "publishing/mail/setup_checks.h"
@@ -105,6 +106,7 @@ void frmConfig::buildSecurity(widgets::FormBuilder& form)
     for (const SecurityRow& row : kSecurityRows) {
         m_security->addItem(QString::fromLatin1(row.caption));
     }
+    m_security->setPlaceholderText(QStringLiteral("Choose one"));
     m_user = form.addCaptioned(new QLabel("User &name:"), new widgets::FocusField, "txtUser",
                                "User name");
     m_password = form.addCaptioned(new QLabel("Pass&word:"), new widgets::FocusField, "txtPassword",
@@ -123,7 +125,8 @@ void frmConfig::fill(const mail::MailSettings& settings, bool firstRun)
     m_port->setText(QString::number(settings.MailServerPort));
     m_address->setText(settings.MailFromAddress);
     if (m_security != nullptr) {
-        m_security->setCurrentIndex(static_cast<int>(settings.security));
+        const bool known = settings.security != mail::MailSecurity::Unknown;
+        m_security->setCurrentIndex(known ? static_cast<int>(settings.security) : -1);
         m_user->setText(settings.user);
     }
 }
@@ -153,6 +156,9 @@ void frmConfig::accept()
                                         QString::fromLatin1(complaint->title), complaint->icon);
         return;
     }
+    if (!isSecurityWhole()) {
+        return;
+    }
     store();
     const QPointer<frmConfig> alive = this;
     setEnabled(false); // the keyring may take its time
@@ -167,6 +173,31 @@ void frmConfig::accept()
     if (alive != nullptr) {
         close();
     }
+}
+
+bool frmConfig::isSecurityWhole()
+{
+    if (m_security == nullptr) {
+        return true;
+    }
+    if (m_security->currentIndex() < 0) {
+        return ask(QStringLiteral("Choose how the connection to the mail server is secured."),
+                   *m_security);
+    }
+    const bool isUseless = m_security->currentIndex() > 0 && !m_password->text().isEmpty() &&
+                           mail::withoutBlanks(m_user->text()).isEmpty();
+    return !isUseless ||
+           ask(QStringLiteral("Enter the user name that the password belongs to."), *m_user);
+}
+
+bool frmConfig::ask(const QString& text, QWidget& field)
+{
+    const QPointer<QWidget> alive = &field;
+    platform::dialogs().showMessage(text, windowTitle(), BoxIcon::Information);
+    if (alive != nullptr) {
+        alive->setFocus();
+    }
+    return false;
 }
 
 void frmConfig::store() const

@@ -36,6 +36,8 @@ private:
     void followSecurity();
     void proposePort(int security);
     void accept();
+    [[nodiscard]] bool isSecurityWhole();
+    [[nodiscard]] bool ask(const QString& text, QWidget& field); // for what the field lacks; false
     void store() const;
     void keepPassword();
     void reset();

@@ -20,7 +20,8 @@ platform::SecretName nameOf(const QString& server, const QString& user)
 
 std::optional<QString> passwordFor(const MailSettings& settings)
 {
-    if (settings.security == MailSecurity::None || settings.user.isEmpty()) {
+    if (settings.security == MailSecurity::None || settings.security == MailSecurity::Unknown ||
+        settings.user.isEmpty()) {
         return QString();
     }
     if (auto kept = platform::keptSecret(nameOf(settings.MailServerName, settings.user))) {

@@ -23,6 +23,9 @@ const QString kNoReply = QStringLiteral("SMTP service error, timed out while wai
 const QString kWrongCode = QStringLiteral(
     "SMTP service error, impromper response code. Code should have been: %1 Code recieved: %2");
 
+const QString kNoSecurity = QStringLiteral(
+    "The settings don't tell in a way that can be read how the connection to the mail server is "
+    "secured. Choose it in the mail setup.\nNothing was sent.");
 const QString kNoAddress = QStringLiteral("\u201C%1\u201D is no mail address.\nNothing was sent.");
 const QString kNoRecipient = QStringLiteral("The mail has no recipient.\nNothing was sent.");
 const QString kNoPicture = QStringLiteral("The picture %1 can't be read.\nNothing was sent.");
@@ -42,6 +45,9 @@ QByteArray commandWith(const char* word, const QString& text)
 // What keeps a message from going out, before anybody is asked; empty: nothing.
 QString flawOf(const MailDraft& draft, const MailSettings& settings)
 {
+    if (settings.security == MailSecurity::Unknown) {
+        return kNoSecurity;
+    }
     if (!canBeSentTo(settings.MailFromAddress)) {
         return kNoAddress.arg(settings.MailFromAddress);
     }

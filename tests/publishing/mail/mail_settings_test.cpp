@@ -51,6 +51,18 @@ TEST(MailSettings, MissingKeysReadAsError)
     EXPECT_TRUE(settings.user.isEmpty());
 }
 
+TEST(MailSettings, ASecurityThatCannotBeReadIsNotNone)
+{
+    const auto securityOf = [](const char* text) {
+        return readFrom({{QStringLiteral("MailSecurity"), QString::fromLatin1(text)}}).security;
+    };
+    EXPECT_EQ(securityOf("0"), MailSecurity::None);
+    EXPECT_EQ(securityOf("1"), MailSecurity::StartTls);
+    for (const char* const odd : {"TLS", "3", "01", "-1", "", " ", "None"}) {
+        EXPECT_EQ(securityOf(odd), MailSecurity::Unknown) << odd;
+    }
+}
+
 TEST(MailSettings, PortsAreRoundedTo16Bits)
 {
     EXPECT_EQ(portFrom("25.5"), 26);
@@ -72,10 +84,12 @@ TEST(MailSettings, APortThatDoesNotFitKeepsTheOneBefore)
 
 TEST(MailSettings, ClassicModeKnowsNoSecurity)
 {
-    const mail::MailSettings settings =
-        readFrom({{QStringLiteral("Classic"), QStringLiteral("1")},
-                  {QStringLiteral("MailSecurity"), QStringLiteral("1")},
-                  {QStringLiteral("MailUser"), QStringLiteral("me")}});
-    EXPECT_EQ(settings.security, MailSecurity::None);
-    EXPECT_TRUE(settings.user.isEmpty());
+    for (const char* const security : {"1", "TLS"}) {
+        const mail::MailSettings settings =
+            readFrom({{QStringLiteral("Classic"), QStringLiteral("1")},
+                      {QStringLiteral("MailSecurity"), QString::fromLatin1(security)},
+                      {QStringLiteral("MailUser"), QStringLiteral("me")}});
+        EXPECT_EQ(settings.security, MailSecurity::None);
+        EXPECT_TRUE(settings.user.isEmpty());
+    }
 }

@@ -211,6 +211,35 @@ TEST_F(MailSetup, KnowsSecurityUnlessItKeepsToTheStart)
     EXPECT_EQ(config.values["MailSecurity"], "2");
 }
 
+TEST_F(MailSetup, WantsASecurityWhereTheStoredOneCannotBeRead)
+{
+    config.values["MailSecurity"] = "TLS";
+    RecordingStore store(config);
+    open([] {
+        EXPECT_EQ(part<QComboBox>(setup(), "cboSecurity").currentIndex(), -1);
+        EXPECT_FALSE(field("txtUser").isEnabled());
+        press("cmdOk");
+        EXPECT_TRUE(setup()->isVisible());
+    });
+    EXPECT_EQ(dialogs.boxTexts(),
+              QStringList("Choose how the connection to the mail server is secured."));
+    EXPECT_TRUE(store.written.isEmpty());
+}
+
+TEST_F(MailSetup, TakesNoPasswordOfNobody)
+{
+    RecordingStore store(config);
+    open([] {
+        part<QComboBox>(setup(), "cboSecurity").setCurrentIndex(1);
+        field("txtUser").setText(" ");
+        field("txtPassword").setText("sesame");
+        press("cmdOk");
+        EXPECT_TRUE(setup()->isVisible());
+    });
+    EXPECT_EQ(dialogs.boxTexts(), QStringList("Enter the user name that the password belongs to."));
+    EXPECT_TRUE(store.written.isEmpty());
+}
+
 // There is no bus here, so nobody keeps it.
 TEST_F(MailSetup, WritesNoPasswordAnywhere)
 {
