@@ -26,6 +26,7 @@ public:
     std::function<void(const QByteArray& sent)> onSent = [](const QByteArray&) {};
     bool connects = true;
     bool securesItself = true; // tells secured() after secure() or an encrypted begin
+    bool holds = false;        // what it is sent waits for take()
 
     QStringList calls; // all but those that ask
     QByteArray sent;
@@ -53,6 +54,15 @@ public:
         tell([&](platform::MailSocketListener& listener) { listener.lost(why, words); });
     }
 
+    // The system takes so many bytes more of what waits.
+    void take(qsizetype bytes)
+    {
+        const QByteArray taken = m_held.left(bytes);
+        m_held.remove(0, taken.size());
+        pass(taken);
+        tell([](platform::MailSocketListener& listener) { listener.roomToSend(); });
+    }
+
 private:
     class Socket : public platform::MailSocket {
     public:
@@ -69,6 +79,7 @@ private:
             note(QStringLiteral("Close"));
             m_server.state = Closed;
             m_server.m_pieces.clear();
+            m_server.m_held.clear();
         }
         void setLocalPort(int port) override { note(QStringLiteral("LocalPort %1").arg(port)); }
         void setProtocol(int number) override { note(QStringLiteral("Protocol %1").arg(number)); }
@@ -94,9 +105,11 @@ private:
         [[nodiscard]] int State() const override { return m_server.state; }
         void SendData(const QByteArray& data) override
         {
-            m_server.sent += data;
-            m_server.answer(data);
-            m_server.onSent(data);
+            if (m_server.holds) {
+                m_server.m_held += data;
+            } else {
+                m_server.pass(data);
+            }
         }
         [[nodiscard]] QByteArray GetData() override
         {
@@ -111,7 +124,7 @@ private:
             note(QStringLiteral("secure"));
             m_server.beSecured();
         }
-        [[nodiscard]] qint64 unsent() const override { return 0; }
+        [[nodiscard]] qint64 unsent() const override { return m_server.m_held.size(); }
 
     private:
         void note(const QString& call) { m_server.calls.append(call); }
@@ -121,6 +134,12 @@ private:
         platform::MailEncryption m_encryption = platform::MailEncryption::None;
     };
 
+    void pass(const QByteArray& data)
+    {
+        sent += data;
+        answer(data);
+        onSent(data);
+    }
     void answer(const QByteArray& data)
     {
         for (const QByteArray& piece : answers(data)) {
@@ -158,6 +177,7 @@ private:
     Socket* m_socket = nullptr; // the client's
     std::deque<QByteArray> m_pieces;
     QByteArray m_arrived;
+    QByteArray m_held; // taken by the socket, and not yet by the system
     platform::ScopedMailSockets m_inPlace{*this};
 };
 

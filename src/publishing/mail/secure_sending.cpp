@@ -59,6 +59,7 @@ void SecureSending::DataArrival()
 
 void SecureSending::secured()
 {
+    m_since = platform::theClock().steadySeconds();
     perform(m_session.secured());
 }
 
@@ -69,18 +70,20 @@ void SecureSending::lost(platform::MailLoss why, const QString& words)
 
 void SecureSending::roomToSend()
 {
-    m_since = platform::theClock().steadySeconds();
     if (m_feeding) {
         feed();
     }
 }
 
+// Bytes alone win a server no time: only a whole reply makes a step that isn't empty.
 void SecureSending::perform(const SecureSession::Step& step)
 {
     if (m_over) {
         return;
     }
-    m_since = platform::theClock().steadySeconds();
+    if (step.move != SecureSession::Move::Wait || !step.send.isEmpty()) {
+        m_since = platform::theClock().steadySeconds();
+    }
     if (!step.send.isEmpty()) {
         m_socket->SendData(step.send);
     }
@@ -110,10 +113,12 @@ void SecureSending::feed()
         const QByteArray piece = m_message.next();
         if (piece.isEmpty()) {
             m_feeding = false;
+            showProgress();
             return m_message.isBroken() ? end(kUnreadable) : perform(m_session.messageSent());
         }
         m_socket->SendData(piece);
         m_fed += piece.size();
+        m_since = platform::theClock().steadySeconds();
     }
     showProgress();
 }

@@ -5,7 +5,6 @@
 #include "publishing/mail/secure_session.h"
 #include "publishing/mail/sending_status.h"
 
-#include <functional>
 #include <memory>
 
 namespace mail {
@@ -42,7 +41,7 @@ private:
     SecureSession m_session;
     MimeMessage& m_message;
     SendingStatus& m_status;
-    double m_since = 0; // when something happened last, in steady seconds
+    double m_since = 0; // when it got on last, in steady seconds
     qint64 m_fed = 0;   // bytes of the message
     int m_percent = -1;
     bool m_feeding = false;
