@@ -10,8 +10,8 @@ namespace mail {
 
 namespace {
 
-// The derivation runs at once, so a server may not ask for minutes of it.
-constexpr int kMostRounds = 250000;
+// The derivation runs at once, so a server may not ask for seconds of it.
+constexpr int kMostRounds = 100000;
 
 using Hash = QCryptographicHash::Algorithm;
 

@@ -59,8 +59,8 @@ TEST(SmtpLogin, AnswersNoOddQuestion)
 {
     for (const char* const odd :
          {"", "x", "r=nonce1", "r=nonce1,s=QQ==,i=", "r=nonce1,s=QQ==,i=0", "r=nonce1,s=QQ==,i=-1",
-          "r=nonce1,s=QQ==,i=2000000000", "r=nonce,s=QQ==,i=1", "r=other1,s=QQ==,i=1",
-          "r=nonce1,s=,i=1", "m=x,r=nonce1,s=QQ==,i=1"}) {
+          "r=nonce1,s=QQ==,i=2000000000", "r=nonce1,s=QQ==,i=100001", "r=nonce,s=QQ==,i=1",
+          "r=other1,s=QQ==,i=1", "r=nonce1,s=,i=1", "m=x,r=nonce1,s=QQ==,i=1"}) {
         EXPECT_FALSE(bestLogin({"SCRAM-SHA-256"}, kMe, "nonce")->answer(odd)) << odd;
     }
 }
