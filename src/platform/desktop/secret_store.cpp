@@ -150,7 +150,9 @@ std::optional<QDBusObjectPath> itemOf(const SecretName& name)
                                                        : std::nullopt;
 }
 
-bool createItem(const Session& session, const SecretName& name, const QString& secret)
+enum class Creation { Done, Refused, Dismissed };
+
+Creation createItem(const Session& session, const SecretName& name, const QString& secret)
 {
     const QVariantMap properties{{QStringLiteral("org.freedesktop.Secret.Item.Label"),
                                   QStringLiteral("Mail of %1 at %2").arg(name.user, name.server)},
@@ -160,7 +162,10 @@ bool createItem(const Session& session, const SecretName& name, const QString& s
     const QDBusPendingReply<QDBusObjectPath, QDBusObjectPath> reply =
         ask(kDefaultCollection, "Collection", "CreateItem",
             {properties, QVariant::fromValue(sent), true});
-    return reply.isValid() && passes(reply.argumentAt<1>());
+    if (!reply.isValid()) {
+        return Creation::Refused;
+    }
+    return passes(reply.argumentAt<1>()) ? Creation::Done : Creation::Dismissed;
 }
 
 } // namespace
@@ -180,13 +185,19 @@ std::optional<QString> keptSecret(const SecretName& name)
     return reply.isValid() ? std::optional(QString::fromUtf8(reply.value().value)) : std::nullopt;
 }
 
-// A locked collection may refuse the item instead of asking for itself.
+// A locked collection may refuse the item instead of asking for itself. A user who has said no
+// isn't asked again.
 bool keepSecret(const SecretName& name, const QString& secret)
 {
     const Session session;
-    return session.isOpen() &&
-           (createItem(session, name, secret) ||
-            (unlock(QDBusObjectPath(kDefaultCollection)) && createItem(session, name, secret)));
+    if (!session.isOpen()) {
+        return false;
+    }
+    Creation creation = createItem(session, name, secret);
+    if (creation == Creation::Refused && unlock(QDBusObjectPath(kDefaultCollection))) {
+        creation = createItem(session, name, secret);
+    }
+    return creation == Creation::Done;
 }
 
 } // namespace platform

@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
+#include <utility>
 
 using platform::keepSecret;
 using platform::keptSecret;
@@ -38,7 +39,8 @@ public:
     }
 
     std::atomic<bool> locked = false;
-    std::atomic<bool> broken = false; // answers with what nobody asked for
+    std::atomic<bool> asksItself = false; // ahead of each item that it keeps
+    std::atomic<bool> broken = false;     // answers with what nobody asked for
     std::atomic<User> user = User::Unlocks;
     std::atomic<int> prompts = 0;
 
@@ -87,6 +89,7 @@ private:
         ++prompts;
         if (user != User::IsAway) {
             locked = user == User::Dismisses;
+            keepWaiting();
             QDBusMessage done = QDBusMessage::createSignal(
                 kPromptPath, QStringLiteral("org.freedesktop.Secret.Prompt"),
                 QStringLiteral("Completed"));
@@ -110,9 +113,21 @@ private:
         QDBusObjectPath session;
         QByteArray parameters;
         sent.beginStructure();
-        sent >> session >> parameters >> m_secret;
-        return call.createReply({QVariant::fromValue(QDBusObjectPath(kItemPath)),
-                                 QVariant::fromValue(QDBusObjectPath("/"))});
+        sent >> session >> parameters >> m_waiting;
+        if (!asksItself) {
+            keepWaiting();
+        }
+        return call.createReply(
+            {QVariant::fromValue(QDBusObjectPath(asksItself ? "/" : kItemPath)),
+             QVariant::fromValue(QDBusObjectPath(asksItself ? kPromptPath : "/"))});
+    }
+
+    void keepWaiting()
+    {
+        const QByteArray waiting = std::exchange(m_waiting, {});
+        if (!locked && !waiting.isNull()) {
+            m_secret = waiting;
+        }
     }
 
     QDBusMessage secret(const QDBusMessage& call) const
@@ -127,6 +142,7 @@ private:
 
     Attributes m_attributes;
     QByteArray m_secret;
+    QByteArray m_waiting; // for the user's yes
     std::unique_ptr<BusService> m_service = std::make_unique<BusService>(
         kService, [this](const QDBusMessage& call) { return answer(call); });
 };
@@ -166,6 +182,18 @@ TEST(SecretStore, HasNothingWhereTheUserDismissesTheQuestion)
     keyring.user = User::Dismisses;
     EXPECT_EQ(keptSecret(kName), std::nullopt);
     EXPECT_FALSE(keepSecret(kName, kSecret));
+}
+
+TEST(SecretStore, AsksNotTwiceWhereTheUserDismissesTheQuestion)
+{
+    Keyring keyring;
+    keyring.asksItself = true;
+    EXPECT_TRUE(keepSecret(kName, kSecret));
+    EXPECT_EQ(keptSecret(kName), kSecret);
+    EXPECT_EQ(keyring.prompts, 1);
+    keyring.user = User::Dismisses;
+    EXPECT_FALSE(keepSecret(kName, QStringLiteral("other")));
+    EXPECT_EQ(keyring.prompts, 2);
 }
 
 TEST(SecretStore, EndsItsQuestionWithTheProgramAndWithTheService)
