@@ -1,8 +1,9 @@
 """mail_server.py FOLDER MODE [CERTIFICATE]   a mail server on loopback for one test.
 
 Prints its port. Each message that it takes becomes FOLDER/message (its bytes) and FOLDER/envelope
-(sender, then recipients, one a line). Modes: plain, starttls, tls; starttls and tls want the user
-"me" with the password "secret". It ends when its standard input does.
+(sender, then recipients, one a line). Modes: plain, starttls, tls, and login, which is tls that asks
+for name and password one by one; all but plain want the user "me" with the password "secret". It
+ends when its standard input does.
 """
 
 import json
@@ -40,10 +41,12 @@ def main(folder, mode, certificate=None):
         context = ssl.create_default_context(ssl.Purpose.CLIENT_AUTH)
         context.load_cert_chain(certificate, certificate.replace(".pem", ".key"))
         options |= {"authenticator": authenticate, "auth_required": True}
-        if mode == "tls":
-            options |= {"ssl_context": context, "auth_require_tls": False}
-        else:
+        if mode == "starttls":
             options |= {"tls_context": context, "require_starttls": True}
+        else:
+            options |= {"ssl_context": context, "auth_require_tls": False}
+        if mode == "login":
+            options["auth_exclude_mechanism"] = ["PLAIN"]
     controller = FreePort(Keeper(folder), **options)
     controller.start()
     print(controller.server.sockets[0].getsockname()[1], flush=True)

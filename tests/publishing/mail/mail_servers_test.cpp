@@ -248,6 +248,21 @@ TEST_F(MailServersTest, RefusalsComeWithTheServersWords)
     EXPECT_FALSE(QFile::exists(tree.path("run/envelope")));
 }
 
+TEST_F(MailServersTest, NameAndPasswordAreToldOneByOne)
+{
+    const TrustedAuthority trusted(tree.path("data/authority.pem"));
+    secure(mail::MailSecurity::Tls);
+    client->password = QStringLiteral("wrong");
+    sendTo("login", "good.pem", richDraft());
+    ASSERT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(dialogs.boxes[0].text.contains(QStringLiteral("refuses to log in the user me.")));
+    EXPECT_FALSE(QFile::exists(tree.path("run/envelope")));
+    client->password = QStringLiteral("secret");
+    sendTo("login", "good.pem", richDraft());
+    EXPECT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(QFile::exists(tree.path("run/envelope")));
+}
+
 TEST_F(MailServersTest, AServerWithoutEncryptionGetsNothing)
 {
     secure(mail::MailSecurity::StartTls);
