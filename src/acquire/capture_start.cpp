@@ -36,6 +36,7 @@ private:
     Window m_which;
     QPointer<QWidget> m_leaving;
     Leave m_leave;
+    std::optional<platform::PointerWait> m_hourglass;
 };
 
 QPointer<CaptureStart>& underWay()
@@ -72,7 +73,7 @@ CaptureStart::CaptureStart(Window which, QWidget* leaving, Leave leave)
 
 void CaptureStart::begin()
 {
-    platform::setPointer(platform::Pointer::HourGlass);
+    m_hourglass.emplace();
     if (m_leaving != nullptr) {
         clearTheWay();
     } else {
@@ -103,7 +104,7 @@ void CaptureStart::grab()
 {
     platform::screenGrab().take(
         *this, [this](const std::optional<platform::FrozenDesktop>& frozen) { end(frozen); });
-    platform::setPointer(platform::Pointer::Default);
+    m_hourglass.reset();
 }
 
 void CaptureStart::end(const std::optional<platform::FrozenDesktop>& frozen)

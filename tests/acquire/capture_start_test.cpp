@@ -103,6 +103,17 @@ TEST_F(CaptureStart, LeavesThePointerToWhatGoesOnBesideALateAnswer)
     EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
 }
 
+// A box that opened while the window left, say, and that is closed when the screen has been taken.
+TEST_F(CaptureStart, LeavesNoHourglassToWhatBeganMeanwhile)
+{
+    acquire::startCapture(&leaving);
+    {
+        const platform::PointerGuard work;
+        waitForTheGrab();
+    }
+    EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+}
+
 // It would get neither clicks nor keys, and lie over the window that has them.
 TEST_F(CaptureStart, AsksForNothingWhileAModalWindowIsOpen)
 {

@@ -7,7 +7,9 @@ namespace platform {
 
 namespace {
 
-Pointer g_pointer = Pointer::Default;
+Pointer g_set = Pointer::Default;
+Pointer g_shown = Pointer::Default;
+int g_waits = 0;
 
 Qt::CursorShape shapeOf(Pointer pointer)
 {
@@ -24,15 +26,13 @@ Qt::CursorShape shapeOf(Pointer pointer)
     return Qt::ArrowCursor;
 }
 
-} // namespace
-
-void setPointer(Pointer pointer)
+void show(Pointer pointer)
 {
-    if (pointer == g_pointer) {
+    if (pointer == g_shown) {
         return;
     }
-    const bool overridden = g_pointer != Pointer::Default;
-    g_pointer = pointer;
+    const bool overridden = g_shown != Pointer::Default;
+    g_shown = pointer;
     if (pointer == Pointer::Default) {
         QGuiApplication::restoreOverrideCursor();
     } else if (overridden) {
@@ -42,9 +42,45 @@ void setPointer(Pointer pointer)
     }
 }
 
+void showWhatHolds()
+{
+    show(g_set == Pointer::Default && g_waits > 0 ? Pointer::HourGlass : g_set);
+}
+
+} // namespace
+
+void setPointer(Pointer pointer)
+{
+    g_set = pointer;
+    showWhatHolds();
+}
+
 Pointer pointer()
 {
-    return g_pointer;
+    return g_shown;
+}
+
+PointerGuard::PointerGuard(Pointer shape)
+    : m_before(g_set)
+{
+    setPointer(shape);
+}
+
+PointerGuard::~PointerGuard()
+{
+    setPointer(m_before);
+}
+
+PointerWait::PointerWait()
+{
+    ++g_waits;
+    showWhatHolds();
+}
+
+PointerWait::~PointerWait()
+{
+    --g_waits;
+    showWhatHolds();
 }
 
 } // namespace platform

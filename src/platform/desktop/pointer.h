@@ -7,17 +7,13 @@ enum class Pointer { Default = 0, SizeNS = 7, HourGlass = 11, ArrowHourGlass = 1
 
 // Sets the pointer for all windows of the program. Default takes the override away.
 void setPointer(Pointer pointer);
-[[nodiscard]] Pointer pointer();
+[[nodiscard]] Pointer pointer(); // what is shown
 
-// The given shape while it lives, the one before afterwards.
+// The given shape while it lives, the one set before afterwards.
 class PointerGuard {
 public:
-    explicit PointerGuard(Pointer shape = Pointer::HourGlass)
-        : m_before(pointer())
-    {
-        setPointer(shape);
-    }
-    ~PointerGuard() { setPointer(m_before); }
+    explicit PointerGuard(Pointer shape = Pointer::HourGlass);
+    ~PointerGuard();
     PointerGuard(const PointerGuard&) = delete;
     PointerGuard& operator=(const PointerGuard&) = delete;
 
@@ -26,19 +22,22 @@ private:
 };
 
 // The default shape while it lives, what was before it afterwards: for what waits for the user.
-class PointerPause {
+class PointerPause : public PointerGuard {
 public:
     PointerPause()
-        : m_before(pointer())
+        : PointerGuard(Pointer::Default)
     {
-        setPointer(Pointer::Default);
     }
-    ~PointerPause() { setPointer(m_before); }
-    PointerPause(const PointerPause&) = delete;
-    PointerPause& operator=(const PointerPause&) = delete;
+};
 
-private:
-    Pointer m_before;
+// The hourglass while it lives wherever no other shape is set, for what events have to run for. It
+// may end before or after whatever began meanwhile.
+class PointerWait {
+public:
+    PointerWait();
+    ~PointerWait();
+    PointerWait(const PointerWait&) = delete;
+    PointerWait& operator=(const PointerWait&) = delete;
 };
 
 } // namespace platform
