@@ -167,7 +167,7 @@ void captureScreen(Form1& form, int /*index*/)
 void captureQuietly(Form1& form, int /*index*/)
 {
     acquire::showCaptureIcon();
-    form.showMinimized();
+    acquire::keepOutOfCaptures(form);
 }
 
 void showProperties(Form1& form, int /*index*/)

@@ -1,4 +1,5 @@
 #include "core/window_registry.h"
+#include "native/hand.h"
 #include "native/native_fixture.h"
 #include "native/real_hand.h"
 #include "platform/desktop/x11_server.h"
@@ -14,6 +15,8 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QWindow>
+#include <algorithm>
+#include <array>
 #include <xcb/xcb.h>
 
 using namespace native;
@@ -259,5 +262,63 @@ TEST_F(CaptureByPortal, GivesTheMainWindowBackWhereThePortalSaysNo)
         EXPECT_TRUE(waitUntil([&] { return !form.isMinimized(); }));
         EXPECT_TRUE(colourAppears(onScreen(pictureArea(form)), kRed, kJpegSize));
         EXPECT_FALSE(core::windows().isLoaded(Window::frmCapture));
+    });
+}
+
+// On a Wayland desktop that minimises no window, whose portal takes what stands on the screen.
+class CaptureOfTiles : public NativeTest {
+protected:
+    CaptureOfTiles()
+        : empty(screen())
+    {
+        portal.camera = [] { return screen(); };
+    }
+
+    void expectNothingOfTheProgram() const
+    {
+        ASSERT_FALSE(empty.isNull());
+        EXPECT_EQ(portal.picture, empty);
+    }
+
+    // Wherever the desktop has put the window, which may be one half of the screen.
+    static bool tilesAreOnScreen()
+    {
+        return waitUntil([] {
+            const QImage shot = screen();
+            return std::ranges::none_of(std::array{kRed, kGreen, kBlue}, [&](const QColor& tile) {
+                return boundsOf(shot, shot.rect(), tile).isNull();
+            });
+        });
+    }
+
+    const QImage empty; // before the program is there
+    support::StandInPortal portal{tree.path("home")};
+};
+
+TEST_F(CaptureOfTiles, HoldsNoneOfTheMainWindow)
+{
+    run([this](Form1& form) {
+        takeScreen(form);
+        ASSERT_TRUE(appears(Window::frmCapture));
+        expectNothingOfTheProgram();
+        hand::key(*core::windows().find(Window::frmCapture), Qt::Key_Escape);
+        EXPECT_TRUE(tilesAreOnScreen());
+    });
+}
+
+TEST_F(CaptureOfTiles, HoldsNoneOfTheWindowsOfTheKey)
+{
+    run([this](Form1& form) {
+        for (int times = 0; times < 2; ++times) {
+            hand::key(pictureArea(form), Qt::Key_F12);
+            ASSERT_TRUE(appears(Window::frmCaputreN));
+            const QWidget& icon = *core::windows().find(Window::frmCaputreN);
+            icon.findChild<QPushButton*>(QStringLiteral("cmdImage"))->click();
+            ASSERT_TRUE(appears(Window::frmCapture));
+            expectNothingOfTheProgram();
+            hand::key(*core::windows().find(Window::frmCapture), Qt::Key_Escape);
+            EXPECT_TRUE(isUp(icon));
+            EXPECT_TRUE(tilesAreOnScreen());
+        }
     });
 }

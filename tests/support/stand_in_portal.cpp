@@ -53,6 +53,9 @@ QDBusObjectPath StandInPortal::Screenshot(const QString& /*parentWindow*/, const
 
 QString StandInPortal::writtenUri()
 {
+    if (camera) {
+        picture = camera();
+    }
     files.append(QStringLiteral("%1/shot%2.png").arg(m_folder).arg(files.size()));
     picture.save(files.last(), "PNG");
     return QUrl::fromLocalFile(files.last()).toString();

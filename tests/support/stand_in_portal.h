@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QVariantMap>
 #include <chrono>
+#include <functional>
 
 namespace support {
 
@@ -27,10 +28,11 @@ public:
 
     Answer answer = Answer::Once;
     std::chrono::milliseconds delay{0};
-    QImage picture;      // what it takes
-    QString uri;         // what it tells instead of the file that it wrote
-    QVariantMap options; // that it was last asked with
-    QStringList files;   // that it wrote
+    QImage picture;                 // what it takes
+    std::function<QImage()> camera; // takes it, where there is one
+    QString uri;                    // what it tells instead of the file that it wrote
+    QVariantMap options;            // that it was last asked with
+    QStringList files;              // that it wrote
 
 public slots:
     QDBusObjectPath Screenshot(const QString& parentWindow, const QVariantMap& asked,

@@ -1,6 +1,7 @@
 #include "platform/desktop/screen_grab.h"
 
 #include "platform/desktop/screenshot_portal.h"
+#include "platform/desktop/window_manager.h"
 #include "platform/desktop/x11_server.h"
 
 #include <QGuiApplication>
@@ -18,11 +19,6 @@ QList<ScreenFacts> allScreens()
         facts.append({screen->geometry(), screen->devicePixelRatio()});
     }
     return facts;
-}
-
-bool isOnWayland()
-{
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 // An X server inside of a Wayland desktop sees nothing but its own windows.

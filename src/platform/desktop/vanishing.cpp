@@ -1,9 +1,9 @@
 #include "platform/desktop/vanishing.h"
 
+#include "platform/desktop/window_manager.h"
 #include "platform/desktop/x11_server.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
@@ -39,8 +39,7 @@ std::chrono::milliseconds settlingTime()
     if (x11Server() != nullptr) {
         return isX11Composited() ? kAnimation : kRepaint;
     }
-    const bool showsOthers = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-    return showsOthers ? kAnimation : 0ms;
+    return isOnWayland() ? kAnimation : 0ms;
 }
 
 class Vanishing : public QObject {

@@ -2,6 +2,7 @@
 
 #include "platform/desktop/x11_server.h"
 
+#include <QGuiApplication>
 #include <cstdlib>
 #include <memory>
 #include <xcb/xcb.h>
@@ -28,6 +29,11 @@ bool hasWindowManager()
     const std::unique_ptr<xcb_get_window_attributes_reply_t, Free> facts(
         xcb_get_window_attributes_reply(server, xcb_get_window_attributes(server, root), nullptr));
     return facts == nullptr || (facts->all_event_masks & XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT) != 0;
+}
+
+bool isOnWayland()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 } // namespace platform

@@ -6,4 +6,8 @@ namespace platform {
 // there stays where it put itself, and what it asks for is never answered.
 [[nodiscard]] bool hasWindowManager();
 
+// Whether the windows are on a Wayland desktop. It tells no program where a window is, and whether
+// it is minimised.
+[[nodiscard]] bool isOnWayland();
+
 } // namespace platform
