@@ -81,20 +81,36 @@ void FolderRun::showStrip(bool visible)
     }
 }
 
+// A run that has ended while events ran has put these back.
+void FolderRun::holdAgain()
+{
+    holdHost();
+    showStrip(true);
+}
+
 void FolderRun::walk()
 {
     while (m_index < m_count) {
         if (!platform::pump(m_alive) || m_step.isCancelled(m_list.surface().state)) {
             return;
         }
-        // A run that has ended meanwhile has put these back.
-        holdHost();
-        showStrip(true);
+        holdAgain();
         if (!takeFile()) {
             return;
         }
         showProgress();
         ++m_index;
+    }
+}
+
+// A strip that is shown again is empty, so that this run's is left as it is where no other has run.
+void FolderRun::workOn()
+{
+    const int runs = m_list.surface().state.runs;
+    while (m_step.workOn() && platform::pump(m_alive)) {
+        if (m_list.surface().state.runs != runs) {
+            holdAgain();
+        }
     }
 }
 
@@ -131,6 +147,7 @@ bool FolderRun::takeFile()
 bool FolderRun::load(const FileInRun& file)
 {
     const int runs = m_list.surface().state.runs;
+    m_step.makeReadyToLoad();
     if (const std::optional<QSize> room = m_step.tileRoom()) {
         m_loader.loadTile(file.path, *room);
     } else if (const std::optional<QSize> own = m_step.fileRoom()) {
@@ -160,6 +177,9 @@ void FolderRun::showProgress()
 // The host gets everything back, whenever the list has gone.
 void FolderRun::finish()
 {
+    if (m_alive != nullptr) {
+        workOn();
+    }
     if (m_alive != nullptr) {
         m_step.end();
     }

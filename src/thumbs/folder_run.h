@@ -24,7 +24,9 @@ private:
     void holdHost();
     void giveHostBack();
     void showStrip(bool visible);
+    void holdAgain();
     void walk();
+    void workOn();
     [[nodiscard]] std::optional<FileInRun> fileNow() const;
     [[nodiscard]] bool takeFile();
     [[nodiscard]] bool load(const FileInRun& file);

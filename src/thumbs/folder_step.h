@@ -65,9 +65,16 @@ public:
     // it needn't come larger than it takes.
     [[nodiscard]] virtual std::optional<QSize> fileRoom() const { return std::nullopt; }
     [[nodiscard]] virtual std::optional<QString> barText(const FileInRun& file) const = 0;
+    // Comes right before a picture is loaded. What stands in the list's scratch box then is what
+    // is there in place of a file that can't be.
+    virtual void makeReadyToLoad() {}
     virtual void make(const FileInRun& file) = 0;
 
-    // After the last file and after a cancel.
+    // Work behind the last file and after a cancel, a piece at each call. Events run before the
+    // next piece. False: there is none left.
+    [[nodiscard]] virtual bool workOn() { return false; }
+
+    // After all that.
     virtual void end() = 0;
     // The index is behind the last file done.
     [[nodiscard]] virtual std::optional<QString> closingText(int index, int count) const = 0;

@@ -37,6 +37,7 @@ struct GalleryState {
     bool CancelLoading = false; // the running loop stops at its next file
     bool IsPrintPreview = false;
     bool IsHtmlRun = false;
+    bool isAlbumMade = false; // from its first step to its last, whatever runs nest in it
     bool IsPrinting = false;
     QString AlbumSideText; // of the album pages; they stay from one album to the next
     QString AlbumSubTitle;

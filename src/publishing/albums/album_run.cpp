@@ -24,6 +24,29 @@ namespace {
 // Below the title of every album: whom to write to about the program that made it.
 const QString kContactLine = QStringLiteral(R"(<a href="mailto:albums@vistara.example">Email</a>)");
 
+// Marks a list for as long as an album of its folder is made.
+class AlbumMark {
+public:
+    explicit AlbumMark(ThumbNailList& list)
+        : m_list(&list)
+        , m_before(list.surface().state.isAlbumMade)
+    {
+        list.surface().state.isAlbumMade = true;
+    }
+    ~AlbumMark()
+    {
+        if (m_list != nullptr) {
+            m_list->surface().state.isAlbumMade = m_before;
+        }
+    }
+    AlbumMark(const AlbumMark&) = delete;
+    AlbumMark& operator=(const AlbumMark&) = delete;
+
+private:
+    const QPointer<ThumbNailList> m_list;
+    const bool m_before;
+};
+
 void takeTexts(thumbs::GalleryState& state, const QString& sideText, const QString& subTitle)
 {
     if (!sideText.isEmpty()) {
@@ -84,6 +107,7 @@ void MakeHtmlGallery(ThumbNailList& list, const QString& root, const QString& si
                      const QString& subTitle)
 {
     const QPointer<ThumbNailList> alive(&list);
+    const AlbumMark mark(list);
     beginAlbum(list);
     takeTexts(list.surface().state, sideText, subTitle);
     const AlbumFolders folders = albums::albumFolders(root, list.path());
@@ -107,7 +131,7 @@ void MakeHtmlGallery(ThumbNailList& list, const QString& root, const QString& si
 void albums::createAlbum()
 {
     ThumbNailList* const list = thumbs::paneThumbnails();
-    if (list == nullptr || list->path().isEmpty() || list->surface().state.IsHtmlRun) {
+    if (list == nullptr || list->path().isEmpty() || list->surface().state.isAlbumMade) {
         return;
     }
     MakeHtmlGallery(*list, platform::drivePrefix(list->path()), {}, kContactLine);

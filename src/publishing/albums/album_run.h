@@ -14,7 +14,8 @@ void MakeHtmlGallery(ThumbNailList& list, const QString& root = {}, const QStrin
 namespace albums {
 
 // The same of the pane's folder, onto the drive of its pictures; the pane's tiles are made anew
-// afterwards. Nothing without a folder, or while an album of it is being made.
+// afterwards. Nothing without a folder, or while the list makes an album already, whatever it shows by
+// then.
 void createAlbum();
 
 } // namespace albums

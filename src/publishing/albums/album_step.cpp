@@ -107,7 +107,6 @@ std::optional<int> AlbumStep::begin()
     thumbs::RunSurface& surface = m_list.surface();
     surface.state.CancelLoading = false;
     surface.state.ThumbTable.resize(0);
-    surface.P_load = {Picture(), QSize(0, 0)};
     surface.showTop();
     m_scratch = new ScratchPage(&surface.viewport, m_list.Html_ThumbnailBorderColor()); // its child
     watchEscape();
@@ -143,8 +142,18 @@ std::optional<QString> AlbumStep::barText(const FileInRun& file) const
     return stageText(m_list.Language(), RunStage::MasterRow, file.index + 1, file.count);
 }
 
+void AlbumStep::makeReadyToLoad()
+{
+    m_list.surface().P_load = m_loaded;
+}
+
+// At design time there is no file.
 void AlbumStep::make(const FileInRun& file)
 {
+    if (file.path.isEmpty()) {
+        return;
+    }
+    m_loaded = m_list.surface().P_load;
     const AlbumNames names = albumNames(platform::fileNameOf(file.path), nameRules());
     drawThumbnail();
     saveThumbnail(names);
@@ -159,7 +168,7 @@ NameRules AlbumStep::nameRules() const
 
 void AlbumStep::drawThumbnail()
 {
-    const Picture& picture = m_list.surface().P_load.picture;
+    const Picture& picture = m_loaded.picture;
     const int side = std::max(0, m_list.Html_ThumbnailSize());
     const QSize size = thumbs::fitPicture(sizeOf(picture), {side, side});
     m_scratch->draw(picture, size, std::max(0, m_list.Html_ThumbnailBorderThicknes()));
@@ -183,14 +192,14 @@ void AlbumStep::saveFullPicture(const FileInRun& file, const AlbumNames& names)
         return;
     }
     showStage(RunStage::FullPicture, file.index + 1, file.count);
-    const Picture& picture = m_list.surface().P_load.picture;
+    const Picture& picture = m_loaded.picture;
     compress(atOwnSize(picture, m_list.Html_ThumbnailBorderColor()), target, m_jpeg);
     platform::removeFile(core::workingFile(core::WorkingFile::AlbumPage));
 }
 
 void AlbumStep::addRow(const FileInRun& file, const AlbumNames& names)
 {
-    const Picture& picture = m_list.surface().P_load.picture;
+    const Picture& picture = m_loaded.picture;
     MasterRow row;
     row.detail = names.detail;
     row.thumbnail = names.thumbnail;
@@ -208,25 +217,21 @@ void AlbumStep::showStage(RunStage stage, int number, int count)
     }
 }
 
-// A handler may take the list away or close the program at any of these files.
-void AlbumStep::end()
+// The master page, then the pages of the pictures, which are small. Those that are left where the
+// program closes or the list goes are written when the step ends.
+bool AlbumStep::workOn()
 {
-    writePages();
-    if (m_alive == nullptr || platform::isClosing()) {
-        return;
+    if (m_pagesWritten > 0) {
+        showStage(RunStage::DetailPage, m_pagesWritten, m_files.count());
     }
-    emit m_list.HtmLGaleryCreated(true, m_files.count(), m_pages.masterPath());
+    static_cast<void>(m_pages.writeNext());
+    return m_pagesWritten++ < m_pages.rows();
 }
 
-// Pages are small. Where nobody is there any more to yield to, the rest of them is written at once.
-void AlbumStep::writePages()
+void AlbumStep::end()
 {
-    static_cast<void>(m_pages.writeNext());
-    for (int number = 1; number <= m_pages.rows(); ++number) {
-        if (m_alive != nullptr && platform::pump(m_alive)) {
-            showStage(RunStage::DetailPage, number, m_files.count());
-        }
-        static_cast<void>(m_pages.writeNext());
+    if (!platform::isClosing()) {
+        emit m_list.HtmLGaleryCreated(true, m_files.count(), m_pages.masterPath());
     }
 }
 

@@ -8,6 +8,7 @@
 #include "publishing/albums/album_run_texts.h"
 #include "publishing/albums/scratch_page.h"
 #include "thumbs/folder_step.h"
+#include "thumbs/loaded_picture.h"
 
 #include <QPointer>
 #include <QShortcut>
@@ -61,7 +62,9 @@ public:
     [[nodiscard]] bool needsPicture(const thumbs::FileInRun& file) const override;
     [[nodiscard]] std::optional<QSize> tileRoom() const override;
     [[nodiscard]] std::optional<QString> barText(const thumbs::FileInRun& file) const override;
+    void makeReadyToLoad() override;
     void make(const thumbs::FileInRun& file) override;
+    [[nodiscard]] bool workOn() override;
     void end() override;
     [[nodiscard]] std::optional<QString> closingText(int index, int count) const override;
     void finished() override;
@@ -74,7 +77,6 @@ private:
     void saveFullPicture(const thumbs::FileInRun& file, const AlbumNames& names);
     void addRow(const thumbs::FileInRun& file, const AlbumNames& names);
     void showStage(RunStage stage, int number, int count);
-    void writePages();
     void clearAway();
 
     ThumbNailList& m_list;
@@ -83,6 +85,8 @@ private:
     const JpegWay m_jpeg;
     const bool m_endsAtEscape;
     AlbumRunPages m_pages;
+    int m_pagesWritten = 0;
+    thumbs::LoadedPicture m_loaded = {{}, {0, 0}}; // of the file before, whatever other runs load
     mutable RunStrips m_strips;
     // Children of others, and gone with them.
     QPointer<ScratchPage> m_scratch;

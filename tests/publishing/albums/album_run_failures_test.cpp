@@ -120,6 +120,25 @@ TEST_F(AlbumRunFailures, LeavesNoHalfFileOnAFullDisk)
     expectAllGivenBack();
 }
 
+TEST_F(AlbumRunFailures, KeepsThePagesBeforeOnAFullDisk)
+{
+    addPictures(1);
+    run();
+    const std::string index = m_tree.content("home/Web/pics/index.htm");
+    const std::string detail = m_tree.content("home/Web/pics/OriginalPics/p0.htm");
+    addPictures(2);
+    list().surface().File1.refresh();
+    {
+        const support::FullDisk disk(100);
+        run();
+    }
+    EXPECT_EQ(m_told.size(), 2);
+    EXPECT_EQ(m_tree.content("home/Web/pics/index.htm"), index);
+    EXPECT_EQ(m_tree.content("home/Web/pics/OriginalPics/p0.htm"), detail);
+    EXPECT_FALSE(m_tree.exists("home/Web/pics/OriginalPics/p1.htm"));
+    expectAllGivenBack();
+}
+
 TEST_F(AlbumRunFailures, GoesOnWhereTheRootVanishes)
 {
     addPictures(3);
@@ -320,6 +339,7 @@ TEST_F(AlbumRunFailures, SurvivesTheEndOfTheListInItsEvent)
 TEST_F(AlbumRunFailures, StaysWithItsFolderWhenAnotherIsShown)
 {
     addPictures(3);
+    m_tree.add({"home/pics/p1.bmp", "damaged"}); // shows the picture of p0
     addPicture("home/other/x.bmp", qRgb(0, 250, 0));
     atFile(1, [this] {
         showFolder("home/other");
@@ -327,9 +347,65 @@ TEST_F(AlbumRunFailures, StaysWithItsFolderWhenAnotherIsShown)
     });
     run();
     expectAlbumOf(3);
+    for (const std::string folder : {"tn_", "OriginalPics/"}) {
+        EXPECT_EQ(m_tree.content("home/Web/pics/" + folder + "p1.jpg"),
+                  m_tree.content("home/Web/pics/" + folder + "p0.jpg"));
+    }
     EXPECT_EQ(list().path(), m_tree.path("home/other"));
     EXPECT_EQ(m_told, QStringList{"1 3 " + m_tree.path("home/Web/pics/index.htm")});
     expectAllGivenBack();
+}
+
+TEST_F(AlbumRunFailures, IsTheOnlyOneWhenAnotherFolderIsShown)
+{
+    addPictures(3);
+    addPicture("home/other/x.bmp", qRgb(0, 250, 0));
+    showFolder();
+    atFile(1, [this] {
+        showFolder("home/other");
+        list().Makegallery();
+        albums::createAlbum();
+        EXPECT_EQ(list().window()->findChildren<QShortcut*>().size(), 1);
+    });
+    albums::createAlbum();
+    EXPECT_EQ(m_told, QStringList{"1 3 " + m_tree.path("home/Web/pics/index.htm")});
+    EXPECT_FALSE(m_tree.exists("home/Web/other"));
+    m_yield.stop();
+    albums::createAlbum();
+    EXPECT_EQ(m_told.size(), 2);
+    EXPECT_TRUE(m_tree.exists("home/Web/other/index.htm"));
+}
+
+TEST_F(AlbumRunFailures, HoldsTheHostAgainWhenAnotherFolderWasShownAmongThePages)
+{
+    addPictures(3);
+    addPicture("home/other/x.bmp", qRgb(0, 250, 0));
+    bool shown = false;
+    bool held = false;
+    atEveryYield([&] {
+        if (m_yields++ == 4) {
+            showFolder("home/other");
+            list().Makegallery();
+            shown = true;
+        } else if (shown) {
+            held = m_main.gradient.shown && state().IsLoading &&
+                   platform::pointer() == platform::Pointer::HourGlass;
+        }
+    });
+    run();
+    EXPECT_TRUE(held);
+    expectAlbumOf(3);
+    expectAllGivenBack();
+}
+
+TEST_F(AlbumRunFailures, IsEmptyAtDesignTime)
+{
+    addPictures(2);
+    ThumbNailList design(nullptr, ThumbNailList::Use::DesignTime);
+    design.setPath(m_tree.path("home/pics"));
+    MakeHtmlGallery(design, m_tree.path("home"));
+    EXPECT_EQ(namesIn("home/Web/pics"), QStringList{"index.htm"});
+    EXPECT_EQ(rows(), 0);
 }
 
 TEST_F(AlbumRunFailures, GoesOnWhenFilesOfItsFolderGo)
