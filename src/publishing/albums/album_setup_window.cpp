@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QShowEvent>
+#include <cmath>
 
 namespace {
 
@@ -89,8 +90,9 @@ void frmWebRelease::startFromDefaults()
 
 albums::AlbumSetup frmWebRelease::setup() const
 {
-    const auto quality =
-        base::narrow32(base::roundHalfEven(base::leadingNumber(m_quality->text().toStdString())));
+    // The leading digits count and no fraction.
+    const auto quality = base::narrow32(
+        base::roundHalfEven(std::trunc(base::leadingNumber(m_quality->text().toStdString()))));
     return {m_title->text().trimmed(), quality.value_or(0)};
 }
 
