@@ -75,9 +75,12 @@ platform::Printer* ContactSheetPaper::printer() const
     return m_printer == platform::printers().selected() ? m_printer : nullptr;
 }
 
+// A run that this one has overtaken has left its document open. It comes out as far as it went;
+// the start of another one would drop it.
 bool ContactSheetPaper::begin(const QString& title)
 {
     if (printer() != nullptr && m_state == State::Blank) {
+        printer()->endDocument();
         m_state = printer()->startDocument(title) ? State::Open : State::Refused;
     }
     return m_state == State::Open && printer() != nullptr;

@@ -109,7 +109,7 @@ void SheetMaker::layOut()
 // A folder that was put in the place of the first one isn't mixed into its sheets.
 bool SheetMaker::takes(const FileInRun& file) const
 {
-    return file.path.startsWith(platform::withSeparator(m_folder));
+    return platform::folderOf(file.path) == m_folder;
 }
 
 std::optional<QSize> SheetMaker::fileRoom() const

@@ -57,6 +57,14 @@ protected:
     [[nodiscard]] int sheets() { return m_list.surface().pages.pages(); }
     [[nodiscard]] QRect sheet(int index) { return m_list.surface().pages.stack().pageRect(index); }
     [[nodiscard]] QString bar() { return m_list.surface().infoText(); }
+    [[nodiscard]] std::vector<std::size_t> pagesOfDocuments() const
+    {
+        std::vector<std::size_t> pages;
+        for (const support::PrintedDocument& each : m_printers.documents) {
+            pages.push_back(each.pages.size());
+        }
+        return pages;
+    }
     [[nodiscard]] const support::PrintedDocument& document()
     {
         return m_printers.documents.front();
@@ -401,10 +409,15 @@ TEST_F(ContactSheetsTest, TakesASheetForEachPictureWhereACellIsHigherThanThePape
 TEST_F(ContactSheetsTest, DrawsNothingIntoCellsWithoutRoom)
 {
     for (const std::int16_t columns : {0, -3, 30, 32767}) {
+        m_printers.documents.clear();
         m_list.setPrint_NrThumbCols(columns);
         m_list.PrintPicture();
         EXPECT_EQ(m_printers.log.filter("draw").size(), 0) << columns;
         EXPECT_EQ(at(125, 180), kWhite) << columns;
+        // Without cells each file turns the page; less than none put all of them on the first.
+        const std::vector<std::size_t> pages =
+            columns == 0 ? std::vector<std::size_t>{4} : std::vector<std::size_t>{};
+        EXPECT_EQ(pagesOfDocuments(), pages) << columns;
     }
 }
 
@@ -436,6 +449,22 @@ TEST_F(ContactSheetsTest, LeavesTheSheetsToAZoomInTheMiddle)
     EXPECT_FALSE(state().IsLoading);
 }
 
+// The sheets so far come out, and then all of them at the new zoom.
+TEST_F(ContactSheetsTest, EndsItsDocumentAtAZoomInTheMiddle)
+{
+    atEveryYield([this, count = 0]() mutable {
+        if (++count == 2) {
+            m_list.setPrint_Zoomfactor(50);
+        }
+    });
+    m_list.PrintPicture();
+    ASSERT_EQ(pagesOfDocuments(), (std::vector<std::size_t>{1, 2}));
+    EXPECT_EQ(m_printers.documents[0].pages[0].size(), 1U);
+    EXPECT_EQ(m_printers.documents[1].pages[0].size(), 2U);
+    EXPECT_EQ(m_printers.documents[1].pages[1].size(), 1U);
+    EXPECT_FALSE(state().IsPrinting);
+}
+
 TEST_F(ContactSheetsTest, LeavesThePagesToTilesInTheMiddleAndEndsItsDocument)
 {
     m_tree.add({"other/"});
@@ -463,6 +492,21 @@ TEST_F(ContactSheetsTest, EndsWhereTheFolderIsChangedForAnother)
     atEveryYield([this, count = 0]() mutable {
         if (++count == 2) {
             m_list.setPath(m_tree.path("other"));
+        }
+    });
+    m_list.PrintPicture();
+    ASSERT_EQ(document().pages.size(), 1U);
+    EXPECT_EQ(document().pages[0].size(), 1U);
+}
+
+TEST_F(ContactSheetsTest, EndsWhereTheFolderIsChangedForOneInIt)
+{
+    m_tree.add({"pics/more/"});
+    addPicture("pics/more/x.bmp", kGreen);
+    addPicture("pics/more/y.bmp", kGreen);
+    atEveryYield([this, count = 0]() mutable {
+        if (++count == 2) {
+            m_list.setPath(m_tree.path("pics/more"));
         }
     });
     m_list.PrintPicture();
