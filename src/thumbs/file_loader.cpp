@@ -38,6 +38,12 @@ void FileLoader::loadTile(const QString& path, QSize room)
     }
 }
 
+// Opened by hand, an IFF file isn't taken for one of the own formats.
+bool FileLoader::isOwnFormat(const QString& path)
+{
+    return files::isOwnFormat(path) || files::extensionOf(path) == u"iff";
+}
+
 void FileLoader::loadWhole(const QString& path)
 {
     if (const auto picture = platform::loadPicture(path)) {

@@ -20,6 +20,9 @@ public:
     // may show a box; the list may be gone afterwards.
     void loadTile(const QString& path, QSize room);
 
+    // Whether only the program's own readers know the file's format, by its name.
+    [[nodiscard]] static bool isOwnFormat(const QString& path);
+
     // The file itself, whole and without a badge, where the picture loader takes it.
     void loadWhole(const QString& path);
     // The same, no larger than the room takes.

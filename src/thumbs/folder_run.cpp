@@ -150,12 +150,21 @@ bool FolderRun::load(const FileInRun& file)
     m_step.makeReadyToLoad();
     if (const std::optional<QSize> room = m_step.tileRoom()) {
         m_loader.loadTile(file.path, *room);
-    } else if (const std::optional<QSize> own = m_step.fileRoom()) {
-        m_loader.loadFitting(file.path, *own);
     } else {
-        m_loader.loadWhole(file.path);
+        loadItself(file.path);
     }
     return m_alive != nullptr && m_list.surface().state.runs == runs;
+}
+
+void FolderRun::loadItself(const QString& path)
+{
+    if (m_step.readsOwnFormats() && FileLoader::isOwnFormat(path)) {
+        m_list.openPsd(path);
+    } else if (const std::optional<QSize> room = m_step.fileRoom()) {
+        m_loader.loadFitting(path, *room);
+    } else {
+        m_loader.loadWhole(path);
+    }
 }
 
 void FolderRun::make(const FileInRun& file)

@@ -30,6 +30,7 @@ private:
     [[nodiscard]] std::optional<FileInRun> fileNow() const;
     [[nodiscard]] bool takeFile();
     [[nodiscard]] bool load(const FileInRun& file);
+    void loadItself(const QString& path);
     void make(const FileInRun& file);
     void showProgress();
     void finish();

@@ -64,6 +64,9 @@ public:
     // For files that are loaded themselves: the room of the picture, in pixels of the screen, where
     // it needn't come larger than it takes.
     [[nodiscard]] virtual std::optional<QSize> fileRoom() const { return std::nullopt; }
+    // For files that are loaded themselves: those in the program's own formats, too, as they are in
+    // tiles. They come whole.
+    [[nodiscard]] virtual bool readsOwnFormats() const { return false; }
     [[nodiscard]] virtual std::optional<QString> barText(const FileInRun& file) const = 0;
     // Comes right before a picture is loaded. What stands in the list's scratch box then is what
     // is there in place of a file that can't be.

@@ -66,7 +66,7 @@ bool ContactSheetPaper::end()
 {
     const bool wasOpen = m_state == State::Open;
     m_state = State::Blank;
-    return !wasOpen || (printer() != nullptr && printer()->endDocument());
+    return wasOpen && printer() != nullptr && printer()->endDocument();
 }
 
 // Null when it has gone for another one, and its document with it.

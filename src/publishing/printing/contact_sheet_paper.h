@@ -29,7 +29,7 @@ public:
 
     // The document couldn't begin, or the user wanted none.
     [[nodiscard]] bool isRefused() const { return m_state == State::Refused; }
-    // False when handing over has failed already.
+    // False where none had begun, and when handing over has failed already.
     bool end();
 
 private:

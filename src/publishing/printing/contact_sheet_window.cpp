@@ -119,7 +119,8 @@ void ContactSheetWindow::buildPreview(widgets::FormBuilder& form)
     m_list->setInfoBackColor(m_list->ThumbPage_FrameColor());
     m_list->setInfoForeColor(kBarText);
     m_list->setPrintLayout([this, alive = QPointer(this)](ThumbNailList& list) {
-        const bool isWhole = makeContactSheets(list);
+        const bool isWhole = makeSheetsForPaper(list);
+    m_list->surface().File1.setPattern(kPictures);
         if (alive != nullptr) {
             m_isWhole = isWhole;
         }
@@ -146,7 +147,7 @@ void ContactSheetWindow::buildChoices(widgets::FormBuilder& form)
                                "spnZoom", "Zoom");
     m_zoom->setSuffix(QStringLiteral(" %"));
     m_zoom->setSingleStep(10);
-    m_counts = form.add(new QLabel, "lblCounts", "What is printed");
+    m_counts = form.add(new QLabel, "lblCounts");
     m_counts->setWordWrap(true);
     form.addStretch();
     for (QComboBox* combo : {m_printer, m_paper, m_orientation}) {
@@ -205,6 +206,11 @@ void ContactSheetWindow::showWholeSheet()
 QSize ContactSheetWindow::pageSize() const
 {
     const int height = m_list->surface().viewportSize().height() - 2 * thumbs::kSheetMargin;
+SheetLayout ContactSheetWindow::paperLayout() const
+{
+    return layOutPaper(pageSize(), m_columns->value());
+}
+
     platform::Printer* printer = core::currentPrinter();
     const platform::PaperMetrics paper =
         printer != nullptr ? printer->metrics() : platform::PaperMetrics();
@@ -245,8 +251,7 @@ void ContactSheetWindow::runOnce(Run run)
     m_isWhole = false;
     enter(run);
     setPaper();
-    m_list->setPrint_NrThumbCols(static_cast<std::int16_t>(
-        columnsToAskFor(m_columns->value(), pageSize(), m_zoom->value())));
+    m_list->setPrint_NrThumbCols(static_cast<std::int16_t>(m_columns->value()));
     // The zoom begins the run, of a print too: its sheets are those that were shown.
     m_list->surface().state.IsPrinting = run == Run::Print;
     m_list->setPrint_Zoomfactor(m_zoom->value());
@@ -270,7 +275,8 @@ void ContactSheetWindow::enter(Run run)
          std::initializer_list<QWidget*>{m_printer, m_paper, m_orientation, m_columns, m_zoom}) {
         choice->setEnabled(!prints);
     }
-    m_print->setEnabled(!prints && m_list->surface().File1.count() > 0 && m_printer->count() > 0);
+    m_print->setEnabled(!prints && m_list->surface().File1.count() > 0 && m_printer->count() > 0 &&
+                        holdsPictures(paperLayout()));
     m_cancel->setText(prints ? QStringLiteral("&Cancel") : QStringLiteral("&Close"));
     m_cancel->setAccessibleName(m_cancel->text().remove(QLatin1Char('&')));
 }
@@ -278,7 +284,14 @@ void ContactSheetWindow::enter(Run run)
 void ContactSheetWindow::cancel()
 {
     if (m_running == Run::Print) {
+// A screen reader says the name in place of the text.
         m_list->stopRunningLoop();
+{
+    m_counts->setText(counts());
+    m_counts->setAccessibleName(m_counts->text());
+}
+
+QString ContactSheetWindow::counts() const
     } else {
         close();
     }
@@ -288,16 +301,17 @@ void ContactSheetWindow::showCounts()
 {
     const int files = m_list->surface().File1.count();
     if (files == 0) {
-        m_counts->setText(QStringLiteral("There are no pictures in this folder."));
-        return;
+        return QStringLiteral("There are no pictures in this folder.");
     }
-    const SheetLayout layout =
-        layOutSheet(pageSize(), m_zoom->value(), m_list->Print_NrThumbCols(), m_list->width());
-    m_counts->setText(QStringLiteral("%1 on %2, with %3 across and %4 down.")
-                          .arg(counted(files, "picture", "pictures"))
-                          .arg(counted(m_list->surface().pages.pages(), "sheet", "sheets"))
-                          .arg(layout.columns)
-                          .arg(layout.rows));
+    const SheetLayout sheet = paperLayout();
+    if (!holdsPictures(sheet)) {
+        return QStringLiteral("The paper has no room for so many pictures across.");
+    }
+    return QStringLiteral("%1 on %2, with %3 across and %4 down.")
+        .arg(counted(files, "picture", "pictures"))
+        .arg(counted(m_list->surface().pages.pages(), "sheet", "sheets"))
+        .arg(sheet.columns)
+        .arg(sheet.rows);
 }
 
 } // namespace printing

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "publishing/printing/sheet_layout.h"
 #include "widgets/strip_window.h"
 
 class QComboBox;
@@ -38,7 +39,9 @@ private:
     void enter(Run run);
     void cancel();
     void showCounts();
+    [[nodiscard]] QString counts() const;
     [[nodiscard]] QSize pageSize() const;
+    [[nodiscard]] SheetLayout paperLayout() const;
 
     Run m_running = Run::None;
     Run m_next = Run::None; // asked for while one is under way

@@ -11,6 +11,7 @@
 #include "widgets/progress_strip.h"
 
 #include <QPointer>
+#include <utility>
 
 namespace printing {
 
@@ -19,10 +20,12 @@ namespace {
 using thumbs::FileInRun;
 using thumbs::GalleryState;
 
+enum class LaidOutFor { Zoom, Paper };
+
 // A picture for every file on sheets shaped like paper, and on the paper itself.
 class SheetMaker : public thumbs::FolderStep {
 public:
-    explicit SheetMaker(ThumbNailList& list);
+    SheetMaker(ThumbNailList& list, LaidOutFor use);
 
     [[nodiscard]] thumbs::HostHold hold() const override { return {false, std::nullopt}; }
     [[nodiscard]] core::ProgressStrip* strip() const override;
@@ -32,6 +35,7 @@ public:
     [[nodiscard]] bool needsPicture(const FileInRun& /*file*/) const override { return true; }
     [[nodiscard]] std::optional<QSize> tileRoom() const override { return std::nullopt; }
     [[nodiscard]] std::optional<QSize> fileRoom() const override;
+    [[nodiscard]] bool readsOwnFormats() const override { return m_use == LaidOutFor::Paper; }
     [[nodiscard]] std::optional<QString> barText(const FileInRun& file) const override;
     void make(const FileInRun& file) override;
     void end() override;
@@ -44,12 +48,15 @@ private:
     [[nodiscard]] bool isOvertaken(const GalleryState& state) const { return state.runs != m_run; }
     [[nodiscard]] bool isOver() const;
     void turnTo(int page);
+    [[nodiscard]] thumbs::LoadedPicture takeLoaded();
     void drawOnSheet(const platform::Picture& picture, const QRectF& place);
 
+    const LaidOutFor m_use;
     QPointer<ThumbNailList> m_list;
     ContactSheetPaper m_paper;
     platform::PaperMetrics m_metrics;
     SheetLayout m_layout;
+    QSize m_shown; // what a sheet of the layout is on the screen
     QString m_folder;
     QString m_title; // of the document
     bool m_isPrinting = false;
@@ -58,8 +65,9 @@ private:
     int m_page = 0;
 };
 
-SheetMaker::SheetMaker(ThumbNailList& list)
-    : m_list(&list)
+SheetMaker::SheetMaker(ThumbNailList& list, LaidOutFor use)
+    : m_use(use)
+    , m_list(&list)
 {
 }
 
@@ -101,9 +109,13 @@ void SheetMaker::layOut()
         state.PageHeightNow = viewport.height() - 2 * thumbs::kSheetMargin;
     }
     state.PageWidthNow = sheetWidth(state.PageHeightNow, m_metrics).value_or(state.PageWidthNow);
-    m_layout = layOutSheet({state.PageWidthNow, state.PageHeightNow}, m_list->Print_Zoomfactor(),
-                           m_list->Print_NrThumbCols(), viewport.width());
-    surface.layoutFirstSheet(m_layout.sheet, m_layout.left);
+    const QSize page(state.PageWidthNow, state.PageHeightNow);
+    const int columns = m_list->Print_NrThumbCols();
+    const SheetLayout shown =
+        layOutSheet(page, m_list->Print_Zoomfactor(), columns, viewport.width());
+    m_shown = shown.sheet;
+    m_layout = m_use == LaidOutFor::Paper ? layOutPaper(page, columns) : shown;
+    surface.layoutFirstSheet(shown.sheet, shown.left);
 }
 
 // A folder that was put in the place of the first one isn't mixed into its sheets.
@@ -114,12 +126,13 @@ bool SheetMaker::takes(const FileInRun& file) const
 
 std::optional<QSize> SheetMaker::fileRoom() const
 {
-    const QSize room = pictureRoom(m_layout).expandedTo({1, 1});
-    const QSize onScreen = (QSizeF(room) * m_list->surface().pages.ratio()).toSize();
+    const QRectF room(QPointF(), pictureRoom(m_layout).expandedTo({1, 1}));
+    const QSizeF shown = samePlace(room, m_layout.sheet, m_shown).size();
+    const QSize onScreen = (shown * m_list->surface().pages.ratio()).toSize().expandedTo({1, 1});
     if (!m_isPrinting) {
         return onScreen;
     }
-    const QRectF printed = onPaper(QRectF(QPointF(), room), m_layout.sheet, m_metrics);
+    const QRectF printed = onPaper(room, m_layout.sheet, m_metrics);
     return onScreen.expandedTo(pixelsWorthPrinting(printed.size(), m_metrics));
 }
 
@@ -132,6 +145,7 @@ std::optional<QString> SheetMaker::barText(const FileInRun& file) const
 // A document that begins lets events run, so paper comes last.
 void SheetMaker::make(const FileInRun& file)
 {
+    const thumbs::LoadedPicture loaded = takeLoaded();
     const thumbs::TilePlace place = sheetPlace(m_layout, file.index);
     turnTo(place.page);
     if (isOver()) {
@@ -140,17 +154,24 @@ void SheetMaker::make(const FileInRun& file)
     thumbs::RunSurface& surface = m_list->surface();
     surface.setHostCaption(QStringLiteral("Can_Print = ") +
                            QLatin1StringView(m_isPrinting ? "True" : "False"));
-    const platform::Picture picture = surface.P_load.picture;
-    const QRectF where = pictureRect(m_layout, place, surface.P_load.naturalSize);
+    const platform::Picture picture = loaded.picture;
+    const QRectF where = pictureRect(m_layout, place, loaded.naturalSize);
     if (picture.isNothing() || where.isEmpty()) {
         return;
     }
-    drawOnSheet(picture, where);
+    drawOnSheet(picture, samePlace(where, m_layout.sheet, m_shown));
     if (m_isPrinting) {
         m_paper.draw(picture, onPaper(where, m_layout.sheet, m_metrics), m_title);
     } else {
         surface.P_load.thinOut();
     }
+}
+
+// What stays is drawn in place of a file that can't be loaded.
+thumbs::LoadedPicture SheetMaker::takeLoaded()
+{
+    thumbs::LoadedPicture& loaded = m_list->surface().P_load;
+    return m_use == LaidOutFor::Paper ? std::exchange(loaded, {}) : loaded;
 }
 
 bool SheetMaker::isOver() const
@@ -195,13 +216,23 @@ std::optional<QString> SheetMaker::closingText(int index, int count) const
     return thumbs::closingText(m_list->Language(), {m_page, index, count});
 }
 
+bool run(ThumbNailList& list, LaidOutFor use)
+{
+    SheetMaker step(list, use);
+    thumbs::FolderRun(list, step).run();
+    return step.isWhole();
+}
+
 } // namespace
 
 bool makeContactSheets(ThumbNailList& list)
 {
-    SheetMaker step(list);
-    thumbs::FolderRun(list, step).run();
-    return step.isWhole();
+    return run(list, LaidOutFor::Zoom);
+}
+
+bool makeSheetsForPaper(ThumbNailList& list)
+{
+    return run(list, LaidOutFor::Paper);
 }
 
 } // namespace printing

@@ -36,6 +36,18 @@ int cellSize(int width, int columnsWanted)
     return columnsWanted == 0 ? 0 : width / columnsWanted - kCellReserve;
 }
 
+SheetLayout fillWithCells(QSize sheet, int cell)
+{
+    SheetLayout layout;
+    layout.sheet = sheet;
+    layout.PrintThumbSize = cell;
+    layout.columns = share(sheet.width(), cell);
+    layout.rows = share(sheet.height(), cell);
+    layout.gridLeft = centred(sheet.width(), std::int64_t{cell} * layout.columns);
+    layout.gridTop = centred(sheet.height(), std::int64_t{cell} * layout.rows);
+    return layout;
+}
+
 } // namespace
 
 // Counted in whole pixels of the printer, which may be wider than they are high.
@@ -51,16 +63,28 @@ std::optional<int> sheetWidth(int height, const platform::PaperMetrics& paper)
 
 SheetLayout layOutSheet(QSize page, int zoom, int columnsWanted, int viewportWidth)
 {
-    SheetLayout layout;
-    layout.sheet = {zoomed(page.width(), zoom), zoomed(page.height(), zoom)};
-    layout.left = centred(viewportWidth, layout.sheet.width());
-    const int cell = cellSize(layout.sheet.width(), columnsWanted);
-    layout.PrintThumbSize = cell;
-    layout.columns = share(layout.sheet.width(), cell);
-    layout.rows = share(layout.sheet.height(), cell);
-    layout.gridLeft = centred(layout.sheet.width(), std::int64_t{cell} * layout.columns);
-    layout.gridTop = centred(layout.sheet.height(), std::int64_t{cell} * layout.rows);
+    const QSize sheet(zoomed(page.width(), zoom), zoomed(page.height(), zoom));
+    SheetLayout layout = fillWithCells(sheet, cellSize(sheet.width(), columnsWanted));
+    layout.left = centred(viewportWidth, sheet.width());
     return layout;
+}
+
+// A small sheet comes to more columns than it was asked for, so less is asked for.
+SheetLayout layOutPaper(QSize page, int columns)
+{
+    SheetLayout layout;
+    for (int asked = columns; asked > 0; --asked) {
+        layout = fillWithCells(page, std::min(cellSize(page.width(), asked), page.height()));
+        if (layout.columns <= columns && holdsPictures(layout)) {
+            break;
+        }
+    }
+    return layout;
+}
+
+bool holdsPictures(const SheetLayout& layout)
+{
+    return layout.columns > 0 && layout.rows > 0 && !pictureRoom(layout).isEmpty();
 }
 
 thumbs::TilePlace sheetPlace(const SheetLayout& layout, int file)
@@ -88,15 +112,19 @@ QRectF pictureRect(const SheetLayout& layout, const thumbs::TilePlace& place, QS
     return {corner + thumbs::pictureOffset({cell, cell}, fit), QSizeF(fit)};
 }
 
-QRectF onPaper(const QRectF& onSheet, QSize sheet, const platform::PaperMetrics& paper)
+QRectF samePlace(const QRectF& place, QSize sheet, QSize other)
 {
     if (sheet.isEmpty()) {
         return {};
     }
-    const double across = static_cast<double>(paper.innerWidth) / sheet.width();
-    const double down = static_cast<double>(paper.innerHeight) / sheet.height();
-    return {onSheet.x() * across, onSheet.y() * down, onSheet.width() * across,
-            onSheet.height() * down};
+    const double across = static_cast<double>(other.width()) / sheet.width();
+    const double down = static_cast<double>(other.height()) / sheet.height();
+    return {place.x() * across, place.y() * down, place.width() * across, place.height() * down};
+}
+
+QRectF onPaper(const QRectF& onSheet, QSize sheet, const platform::PaperMetrics& paper)
+{
+    return samePlace(onSheet, sheet, {paper.innerWidth, paper.innerHeight});
 }
 
 QSize pixelsWorthPrinting(QSizeF place, const platform::PaperMetrics& paper)
@@ -121,15 +149,6 @@ int wholeSheetZoom(QSize page, QSize viewport)
     const int across = share((viewport.width() - margin) * kPercent, page.width());
     const int down = share((viewport.height() - margin) * kPercent, page.height());
     return std::clamp(std::min(across, down), kSmallestZoom, kPercent);
-}
-
-int columnsToAskFor(int columns, QSize page, int zoom)
-{
-    int asked = columns;
-    while (asked > 1 && layOutSheet(page, zoom, asked, 0).columns > columns) {
-        --asked;
-    }
-    return asked;
 }
 
 } // namespace printing

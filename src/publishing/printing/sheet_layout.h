@@ -30,6 +30,13 @@ struct SheetLayout {
 // one column on wide paper has no rows.
 [[nodiscard]] SheetLayout layOutSheet(QSize page, int zoom, int columnsWanted, int viewportWidth);
 
+// A sheet of the page size for so many columns and at least one row, whatever it is shown as. Where
+// that number can't be had it is the next smaller one that can.
+[[nodiscard]] SheetLayout layOutPaper(QSize page, int columns);
+
+// Whether there is a cell at all, and room for a picture in it.
+[[nodiscard]] bool holdsPictures(const SheetLayout& layout);
+
 // Sheet, column and row of a file, all from 0. Where a sheet has no place at all, every file takes
 // the next one.
 [[nodiscard]] thumbs::TilePlace sheetPlace(const SheetLayout& layout, int file);
@@ -40,6 +47,9 @@ struct SheetLayout {
 // Where a picture of the size given stands on its sheet. Empty for one that has no room.
 [[nodiscard]] QRectF pictureRect(const SheetLayout& layout, const thumbs::TilePlace& place,
                                  QSize naturalSize);
+
+// The same place on a sheet of another size.
+[[nodiscard]] QRectF samePlace(const QRectF& place, QSize sheet, QSize other);
 
 // The same place on paper, in the printer's pixels.
 [[nodiscard]] QRectF onPaper(const QRectF& onSheet, QSize sheet,
@@ -52,9 +62,5 @@ struct SheetLayout {
 
 // The zoom, from 10 to 100 percent, at which a sheet of the page size is in sight as a whole.
 [[nodiscard]] int wholeSheetZoom(QSize page, QSize viewport);
-
-// What to ask of layOutSheet for so many columns. On a small sheet it comes to more columns than it
-// was asked for, and some numbers can't be had; then it is the next smaller one.
-[[nodiscard]] int columnsToAskFor(int columns, QSize page, int zoom);
 
 } // namespace printing

@@ -1,5 +1,6 @@
 #include "publishing/printing/contact_sheet_window.h"
 
+#include "formats/iff_files.h"
 #include "support/fake_browser_pane.h"
 #include "support/fake_printers.h"
 #include "support/memory_config_store.h"
@@ -67,6 +68,62 @@ protected:
         auto& box = control<QComboBox>(combo);
         box.setCurrentText(text);
         emit box.activated(box.currentIndex());
+    }
+    // By a window that is opened for it.
+    support::PrintedDocument printed(int columns, int zoom)
+    {
+        m_printers.documents.clear();
+        open();
+        control<QSpinBox>("spnColumns").setValue(columns);
+        control<QSpinBox>("spnZoom").setValue(zoom);
+        press("cmdPrint");
+        EXPECT_EQ(m_printers.documents.size(), 1U) << columns << " at " << zoom;
+        return m_printers.documents.empty() ? support::PrintedDocument()
+                                            : m_printers.documents.front();
+    }
+    static void expectSame(const support::PrintedDocument& one,
+                           const support::PrintedDocument& other)
+    {
+        ASSERT_EQ(one.pages.size(), other.pages.size());
+        for (std::size_t page = 0; page < one.pages.size(); ++page) {
+            ASSERT_EQ(one.pages[page].size(), other.pages[page].size());
+            for (std::size_t k = 0; k < one.pages[page].size(); ++k) {
+                EXPECT_EQ(one.pages[page][k].place, other.pages[page][k].place);
+                EXPECT_EQ(one.pages[page][k].picture, other.pages[page][k].picture);
+            }
+        }
+    }
+    void addLbm(const std::string& name, QSize size)
+    {
+        FileBytes body;
+        for (int row = 0; row < size.height(); ++row) {
+            body.byte(static_cast<unsigned>(257 - size.width())).byte(200);
+        }
+        const FileBytes file = iffPicture(size.width(), size.height(), body.byte(0));
+        m_tree.add(
+            {name, std::string(reinterpret_cast<const char*>(file.vector().data()), file.size())});
+    }
+    QList<QSize> sizesOnPage(std::size_t page)
+    {
+        QList<QSize> sizes;
+        for (const support::PrintedThing& thing : m_printers.documents.at(0).pages.at(page)) {
+            sizes.append(thing.picture.size());
+        }
+        return sizes;
+    }
+    const QLabel* captionOf(const QWidget& part)
+    {
+        for (const QLabel* label : m_window->findChildren<QLabel*>()) {
+            if (label->buddy() == &part) {
+                return label;
+            }
+        }
+        return nullptr;
+    }
+    static QString letterOf(const QString& caption)
+    {
+        const auto mark = caption.indexOf(QLatin1Char('&'));
+        return mark < 0 ? QString() : caption.mid(mark + 1, 1).toLower();
     }
     // Acts once, at a yield of the run that is to come.
     void atYield(int which, std::function<void()> act)
@@ -183,6 +240,136 @@ TEST_F(ContactSheetWindowTest, ZoomsTheSheets)
     const QSize whole = sheetSize();
     control<QSpinBox>("spnZoom").setValue(50);
     EXPECT_EQ(sheetSize(), whole / 2);
+}
+
+TEST_F(ContactSheetWindowTest, PrintsTheSameSheetsAtEveryZoom)
+{
+    for (const int columns : {1, 5, 10, 20}) {
+        const support::PrintedDocument whole = printed(columns, 100);
+        ASSERT_FALSE(whole.pages.empty()) << columns;
+        for (const int zoom : {10, 15, 30, 60}) {
+            expectSame(printed(columns, zoom), whole);
+        }
+    }
+}
+
+TEST_F(ContactSheetWindowTest, ShowsASmallSheetAsItIsPrinted)
+{
+    open();
+    control<QSpinBox>("spnZoom").setValue(15);
+    EXPECT_EQ(counts().toStdString(), "12 pictures on 1 sheet, with 5 across and 8 down.");
+    EXPECT_EQ(sheets().surface().pages.pages(), 1);
+}
+
+TEST_F(ContactSheetWindowTest, PrintsOnePictureAcrossOnPaperThatLies)
+{
+    open();
+    choose("cmbOrientation", "Landscape");
+    control<QSpinBox>("spnColumns").setValue(1);
+    EXPECT_EQ(counts().toStdString(), "12 pictures on 12 sheets, with 1 across and 1 down.");
+    press("cmdPrint");
+    ASSERT_EQ(m_printers.documents.size(), 1U);
+    ASSERT_EQ(m_printers.documents[0].pages.size(), 12U);
+    const platform::PaperMetrics& paper = m_printers.documents[0].paper;
+    for (const auto& page : m_printers.documents[0].pages) {
+        ASSERT_EQ(page.size(), 1U);
+        EXPECT_TRUE(QRectF(0, 0, paper.innerWidth, paper.innerHeight).contains(page[0].place));
+    }
+}
+
+TEST_F(ContactSheetWindowTest, PrintsNothingOnPaperWithoutRoom)
+{
+    m_printers.metrics = platform::PaperMetrics{.logPixelsX = 200,
+                                                .logPixelsY = 200,
+                                                .physicalWidth = 30,
+                                                .physicalHeight = 2000,
+                                                .innerWidth = 30,
+                                                .innerHeight = 2000};
+    open();
+    EXPECT_FALSE(control<QPushButton>("cmdPrint").isEnabled());
+    EXPECT_EQ(counts().toStdString(), "The paper has no room for so many pictures across.");
+    press("cmdPrint");
+    EXPECT_TRUE(m_printers.documents.empty());
+    EXPECT_TRUE(m_window->isVisible());
+}
+
+// In the order of their names, behind the twelve.
+TEST_F(ContactSheetWindowTest, PrintsPicturesInTheProgramsOwnFormats)
+{
+    addLbm("pics/q1.lbm", {8, 6});
+    addLbm("pics/q2.IFF", {10, 7});
+    m_list.surface().File1.refresh();
+    open();
+    EXPECT_EQ(counts().toStdString(), "14 pictures on 1 sheet, with 5 across and 8 down.");
+    press("cmdPrint");
+    ASSERT_EQ(m_printers.documents.size(), 1U);
+    EXPECT_EQ(sizesOnPage(0).mid(11), (QList<QSize>{QSize(60, 60), QSize(8, 6), QSize(10, 7)}));
+}
+
+TEST_F(ContactSheetWindowTest, LeavesOutWhatHasNoPicture)
+{
+    for (const char* name : {"a.avi", "b.mp3", "c.html", "d.swf", "e.mpeg", "f.dvd", "g.did"}) {
+        m_tree.add({std::string("pics/") + name, "x"});
+    }
+    m_list.surface().File1.refresh();
+    open();
+    EXPECT_EQ(counts().toStdString(), "12 pictures on 1 sheet, with 5 across and 8 down.");
+    press("cmdPrint");
+    EXPECT_EQ(sizesOnPage(0).size(), 12);
+}
+
+TEST_F(ContactSheetWindowTest, LeavesThePlaceOfADamagedPictureEmpty)
+{
+    m_tree.add({"pics/p10a.jpg", "no picture"});
+    m_tree.add({"pics/p10b.psd", "no picture"});
+    m_list.surface().File1.refresh();
+    open();
+    press("cmdPrint");
+    ASSERT_EQ(m_printers.documents.size(), 1U);
+    const auto& page = m_printers.documents[0].pages[0];
+    ASSERT_EQ(page.size(), 12U);
+    EXPECT_NEAR(page[1].place.x() - page[0].place.x(), 3 * (page[2].place.x() - page[1].place.x()),
+                2);
+}
+
+TEST_F(ContactSheetWindowTest, StaysOpenWhereNoPictureIsWhole)
+{
+    m_tree.add({"broken/"});
+    m_tree.add({"broken/a.jpg", "no picture"});
+    m_list.setPath(m_tree.path("broken"));
+    open();
+    press("cmdPrint");
+    EXPECT_TRUE(m_printers.documents.empty());
+    EXPECT_TRUE(m_window->isVisible());
+}
+
+TEST_F(ContactSheetWindowTest, NamesAllOfItsControls)
+{
+    open();
+    for (const QWidget* part : m_window->findChildren<QWidget*>()) {
+        if (part->focusPolicy() != Qt::NoFocus) {
+            EXPECT_FALSE(part->accessibleName().isEmpty()) << part->objectName().toStdString();
+        }
+    }
+    EXPECT_EQ(control<QLabel>("lblCounts").accessibleName(), counts());
+    control<QSpinBox>("spnColumns").setValue(2);
+    EXPECT_EQ(control<QLabel>("lblCounts").accessibleName(), counts());
+}
+
+TEST_F(ContactSheetWindowTest, LeadsToEachControlByALetterOfItsOwn)
+{
+    open();
+    QStringList letters;
+    for (const char* name : {"cmbPrinter", "cmbPaper", "cmbOrientation", "spnColumns", "spnZoom"}) {
+        const QLabel* caption = captionOf(control<QWidget>(name));
+        ASSERT_NE(caption, nullptr) << name;
+        letters.append(letterOf(caption->text()));
+    }
+    for (const char* name : {"cmdPrint", "cmdCancel"}) {
+        letters.append(letterOf(control<QPushButton>(name).text()));
+    }
+    EXPECT_FALSE(letters.contains(QString()));
+    EXPECT_EQ(letters.removeDuplicates(), 0);
 }
 
 TEST_F(ContactSheetWindowTest, LaysOutAnewWhatChangesInTheMiddle)

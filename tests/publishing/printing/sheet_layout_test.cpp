@@ -163,14 +163,51 @@ TEST(SheetLayout, FindsTheZoomThatShowsAWholeSheet)
     EXPECT_EQ(wholeSheetZoom({0, 600}, {20, 20}), 100);
 }
 
-TEST(SheetLayout, AsksForTheColumnsThatAreWanted)
+TEST(SheetLayout, HasTheColumnsThatAreWantedOnPaper)
 {
     for (int columns = 1; columns <= 12; ++columns) {
-        const int asked = columnsToAskFor(columns, {368, 520}, 100);
-        const SheetLayout layout = layOutSheet({368, 520}, 100, asked, 440);
+        const SheetLayout layout = layOutPaper({368, 520}, columns);
+        EXPECT_TRUE(holdsPictures(layout));
         EXPECT_LE(layout.columns, columns);
         EXPECT_GE(layout.columns, columns - 1);
     }
-    EXPECT_EQ(columnsToAskFor(5, {500, 700}, 100), 5);
-    EXPECT_EQ(columnsToAskFor(8, {368, 520}, 100), 7); // 8 would come to 10
+    EXPECT_EQ(layOutPaper({500, 700}, 5).PrintThumbSize, 89);
+    EXPECT_EQ(layOutPaper({368, 520}, 8).PrintThumbSize, 41); // 7 were asked for; 8 come to 10
+}
+
+TEST(SheetLayout, HasRoomForPicturesInManyColumnsOnPaper)
+{
+    for (const QSize page : {QSize(368, 520), QSize(520, 368), QSize(410, 580)}) {
+        const SheetLayout layout = layOutPaper(page, 20);
+        EXPECT_TRUE(holdsPictures(layout));
+        EXPECT_LE(layout.columns, 20);
+        EXPECT_GE(layout.columns, 15);
+    }
+}
+
+TEST(SheetLayout, HasOneRowOnPaperThatIsWiderThanHigh)
+{
+    const SheetLayout layout = layOutPaper({760, 540}, 1);
+    EXPECT_EQ(layout.PrintThumbSize, 540);
+    EXPECT_EQ(layout.columns, 1);
+    EXPECT_EQ(layout.rows, 1);
+    EXPECT_EQ(layout.gridLeft, 110);
+    EXPECT_EQ(layout.gridTop, 0);
+    expectPlace(sheetPlace(layout, 0), 0, 0, 0);
+    expectPlace(sheetPlace(layout, 1), 1, 0, 0);
+}
+
+TEST(SheetLayout, HoldsNoPicturesOnAStripOfPaper)
+{
+    EXPECT_FALSE(holdsPictures(layOutPaper({20, 560}, 5)));
+    EXPECT_FALSE(holdsPictures(layOutPaper({560, 9}, 5)));
+    EXPECT_FALSE(holdsPictures(layOutPaper({0, 0}, 5)));
+    EXPECT_FALSE(holdsPictures(layOutSheet({500, 700}, 100, 30, 800)));
+}
+
+TEST(SheetLayout, StandsAtTheSamePlaceOnASheetOfAnotherSize)
+{
+    EXPECT_EQ(samePlace({33, 62.5, 79, 40}, {500, 700}, {250, 175}),
+              QRectF(16.5, 15.625, 39.5, 10));
+    EXPECT_TRUE(samePlace({33, 62.5, 79, 40}, {0, 700}, {250, 175}).isEmpty());
 }
