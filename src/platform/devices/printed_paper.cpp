@@ -7,7 +7,6 @@ namespace platform {
 
 namespace {
 
-constexpr double kMillimetresInInch = 25.4;
 // The longest paper that a PDF can be of, in the units that count most of it.
 constexpr double kMostMillimetres = 100000;
 constexpr int kLeastQuality = 10;
@@ -32,17 +31,12 @@ QMarginsF turned(const QMarginsF& rim)
 
 QSizeF uprightMillimetres(const PaperSetting& setting)
 {
-    switch (setting.paper) {
-    case Paper::A3:
-        return {297, 420};
-    case Paper::A5:
-        return {148, 210};
-    case Paper::Custom:
+    if (setting.paper == Paper::Custom) {
         return setting.customMillimetres;
-    case Paper::A4:
-        break;
     }
-    return {210, 297};
+    const auto* const found = std::ranges::find(kNamedPapers, setting.paper, &PaperRow::paper);
+    const PaperRow& row = found != kNamedPapers.end() ? *found : kNamedPapers[kA4];
+    return {double(row.width), double(row.height)};
 }
 
 QSizeF lyingMillimetres(const PaperSetting& setting)

@@ -3,8 +3,26 @@
 #include "platform/devices/printers.h"
 
 #include <QMarginsF>
+#include <array>
+#include <cstdint>
 
 namespace platform {
+
+inline constexpr double kMillimetresInInch = 25.4;
+
+// The papers that go by a name, upright and in millimetres.
+struct PaperRow {
+    const char* caption;
+    std::int16_t width;
+    std::int16_t height;
+    Paper paper;
+};
+inline constexpr std::array kNamedPapers{
+    PaperRow{"A5", 148, 210, Paper::A5},
+    PaperRow{"A4", 210, 297, Paper::A4},
+    PaperRow{"A3", 297, 420, Paper::A3},
+};
+inline constexpr std::size_t kA4 = 1; // which counts where none was chosen
 
 // What a printer is set to.
 struct PaperSetting {

@@ -1,5 +1,6 @@
 #include "platform/devices/printers.h"
 
+#include "platform/devices/printed_paper.h"
 #include "platform/devices/queue_printers.h"
 
 #include <utility>
@@ -7,8 +8,6 @@
 namespace platform {
 
 namespace {
-
-constexpr double kMillimetresInInch = 25.4;
 
 Printers* g_printers = nullptr;
 

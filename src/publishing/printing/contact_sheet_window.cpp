@@ -2,6 +2,7 @@
 
 #include "core/printing.h"
 #include "core/window_names.h"
+#include "platform/devices/printed_paper.h"
 #include "publishing/printing/contact_sheets.h"
 #include "publishing/printing/sheet_layout.h"
 #include "thumbs/frame_layout.h"
@@ -28,7 +29,7 @@ namespace printing {
 
 namespace {
 
-using platform::Paper;
+using platform::kNamedPapers;
 using platform::PaperOrientation;
 
 // On a smaller sheet of A4 five pictures wouldn't stand beside each other.
@@ -40,16 +41,9 @@ constexpr int kLargestZoom = 200;
 constexpr int kEnglish = 0;
 constexpr base::Colour kBarText = 0xE0E0E0;
 
-struct PaperRow {
-    const char* caption;
-    Paper paper;
-};
-constexpr std::array kPapers{
-    PaperRow{"A5", Paper::A5},
-    PaperRow{"A4", Paper::A4},
-    PaperRow{"A3", Paper::A3},
-};
-constexpr int kFirstPaper = 1;
+// The pane lists films, sound, pages of the web and libraries as well, which have no picture.
+const QString kPictures = QStringLiteral("*.lbm;*.bbm;*.iff;*.pcx;*.tif;*.tga;*.psd;*.bmp;*.emf;"
+                                         "*.gif;*.ico;*.cur;*.jpg;*.jpeg;*.jif;*.wmf");
 
 struct OrientationRow {
     const char* caption;
@@ -120,13 +114,13 @@ void ContactSheetWindow::buildPreview(widgets::FormBuilder& form)
     m_list->setInfoForeColor(kBarText);
     m_list->setPrintLayout([this, alive = QPointer(this)](ThumbNailList& list) {
         const bool isWhole = makeSheetsForPaper(list);
-    m_list->surface().File1.setPattern(kPictures);
         if (alive != nullptr) {
             m_isWhole = isWhole;
         }
     });
     layout->addWidget(m_list);
     m_list->surface().V_Scroll.setFocusPolicy(Qt::TabFocus);
+    m_list->surface().File1.setPattern(kPictures);
     if (ThumbNailList* pane = thumbs::paneThumbnails()) {
         m_list->setPathFrom(pane->surface().File1);
     }
@@ -136,8 +130,8 @@ void ContactSheetWindow::buildChoices(widgets::FormBuilder& form)
 {
     m_printer = form.addCaptioned(new QLabel("Pr&inter:"), new QComboBox, "cmbPrinter", "Printer");
     m_printer->setFixedWidth(kChoicesWidth);
-    m_paper = form.addCaptioned(new QLabel("Pap&er:"), comboOf(kPapers), "cmbPaper", "Paper");
-    m_paper->setCurrentIndex(kFirstPaper);
+    m_paper = form.addCaptioned(new QLabel("Pap&er:"), comboOf(kNamedPapers), "cmbPaper", "Paper");
+    m_paper->setCurrentIndex(static_cast<int>(platform::kA4));
     m_orientation = form.addCaptioned(new QLabel("&Orientation:"), comboOf(kOrientations),
                                       "cmbOrientation", "Orientation");
     m_columns = form.addCaptioned(new QLabel("Pictures &across:"),
@@ -189,7 +183,7 @@ void ContactSheetWindow::changePaper()
 void ContactSheetWindow::setPaper()
 {
     if (platform::Printer* printer = core::currentPrinter()) {
-        printer->setPaper(kPapers.at(static_cast<std::size_t>(m_paper->currentIndex())).paper);
+        printer->setPaper(kNamedPapers.at(static_cast<std::size_t>(m_paper->currentIndex())).paper);
         printer->setOrientation(
             kOrientations.at(static_cast<std::size_t>(m_orientation->currentIndex())).orientation);
     }
@@ -206,15 +200,15 @@ void ContactSheetWindow::showWholeSheet()
 QSize ContactSheetWindow::pageSize() const
 {
     const int height = m_list->surface().viewportSize().height() - 2 * thumbs::kSheetMargin;
-SheetLayout ContactSheetWindow::paperLayout() const
-{
-    return layOutPaper(pageSize(), m_columns->value());
-}
-
     platform::Printer* printer = core::currentPrinter();
     const platform::PaperMetrics paper =
         printer != nullptr ? printer->metrics() : platform::PaperMetrics();
     return {sheetWidth(height, paper).value_or(height), height};
+}
+
+SheetLayout ContactSheetWindow::paperLayout() const
+{
+    return layOutPaper(pageSize(), m_columns->value());
 }
 
 void ContactSheetWindow::showEvent(QShowEvent* event)
@@ -284,20 +278,20 @@ void ContactSheetWindow::enter(Run run)
 void ContactSheetWindow::cancel()
 {
     if (m_running == Run::Print) {
-// A screen reader says the name in place of the text.
         m_list->stopRunningLoop();
+    } else {
+        close();
+    }
+}
+
+// A screen reader says the name in place of the text.
+void ContactSheetWindow::showCounts()
 {
     m_counts->setText(counts());
     m_counts->setAccessibleName(m_counts->text());
 }
 
 QString ContactSheetWindow::counts() const
-    } else {
-        close();
-    }
-}
-
-void ContactSheetWindow::showCounts()
 {
     const int files = m_list->surface().File1.count();
     if (files == 0) {

@@ -4,20 +4,18 @@
 #include "core/settings.h"
 #include "platform/devices/printers.h"
 #include "publishing/printing/print_resolution.h"
+#include "publishing/printing/sheet_layout.h"
 
 using platform::PaperMetrics;
 using platform::PaperOrientation;
 
 namespace {
 
-constexpr double kPagePixelsAnInch = 96;
-
 // A part of the page, in the printer's pixels from the corner of what it can reach.
-QRectF onPaper(const QRect& part, const PaperMetrics& metrics)
+QRectF onPaper(const QRectF& part, const PaperMetrics& metrics)
 {
-    const double x = metrics.logPixelsX / kPagePixelsAnInch;
-    const double y = metrics.logPixelsY / kPagePixelsAnInch;
-    return {part.x() * x, part.y() * y, part.width() * x, part.height() * y};
+    constexpr QSize kInch(printing::kPagePixelsAnInch, printing::kPagePixelsAnInch);
+    return printing::samePlace(part, kInch, {metrics.logPixelsX, metrics.logPixelsY});
 }
 
 printing::Margins marginsOf(const PaperMetrics& metrics)
@@ -42,7 +40,7 @@ PlacedImage seenPart(const QImage& image, const QRect& place, const QRect& page)
     return {image.copy(seen.translated(-place.topLeft())), seen};
 }
 
-const printing::PaperRow* paperRow(std::int32_t size)
+const platform::PaperRow* paperRow(std::int32_t size)
 {
     const bool isKnown = size >= 0 && size < static_cast<std::int32_t>(printing::kPapers.size());
     return isKnown ? &printing::kPapers[static_cast<std::size_t>(size)] : nullptr;
@@ -74,7 +72,7 @@ void AAPrintPicture::GetPrinterMargin()
 
 void AAPrintPicture::setPaper(platform::Printer& printer) const
 {
-    if (const printing::PaperRow* row = paperRow(m_values.PaperSize)) {
+    if (const platform::PaperRow* row = paperRow(m_values.PaperSize)) {
         printer.setPaper(row->paper, QSizeF(m_values.PaperWidth, m_values.PaperHeight));
     }
 }
@@ -87,7 +85,7 @@ void AAPrintPicture::setOrientation(platform::Printer& printer) const
 
 void AAPrintPicture::GetPaperWH(std::int16_t& width, std::int16_t& height) const
 {
-    const printing::PaperRow* row = paperRow(m_values.PaperSize);
+    const platform::PaperRow* row = paperRow(m_values.PaperSize);
     const bool isManual = m_values.PaperSize == printing::kManualPaper || row == nullptr;
     width = isManual ? m_values.PaperWidth : row->width;
     height = isManual ? m_values.PaperHeight : row->height;

@@ -6,8 +6,6 @@ namespace printing {
 
 namespace {
 
-constexpr double kPixelsAnInch = 96;
-constexpr double kMillimetresAnInch = 25.4;
 constexpr double kMarginShare = 4; // whatever the printer's resolution is
 
 constexpr int kAlignmentsARow = 3;
@@ -21,7 +19,7 @@ int rounded(double value)
 
 int sidePixels(int millimetres, double marginsTogether)
 {
-    return rounded(millimetres * kPixelsAnInch / kMillimetresAnInch -
+    return rounded(millimetres * double{kPagePixelsAnInch} / platform::kMillimetresInInch -
                    marginsTogether / kMarginShare);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/devices/printers.h"
+#include "platform/devices/printed_paper.h"
 
 #include <QPoint>
 #include <QRect>
@@ -11,6 +11,8 @@
 // Where a picture lies on its page. The page is measured in pixels of 96 to the inch, whatever the
 // printer has; only the margins come in the printer's own.
 namespace printing {
+
+inline constexpr int kPagePixelsAnInch = 96;
 
 // What the printer can't reach, in its pixels.
 struct Margins {
@@ -23,17 +25,11 @@ struct Margins {
 };
 
 // By its number as the property PaperSize. The first one has the size that is typed.
-struct PaperRow {
-    const char* caption;
-    std::int16_t width; // millimetres
-    std::int16_t height;
-    platform::Paper paper;
-};
 inline constexpr std::array kPapers{
-    PaperRow{"Manual ->", 0, 0, platform::Paper::Custom},
-    PaperRow{"A5", 148, 210, platform::Paper::A5},
-    PaperRow{"A4", 210, 297, platform::Paper::A4},
-    PaperRow{"A3", 297, 420, platform::Paper::A3},
+    platform::PaperRow{"Manual ->", 0, 0, platform::Paper::Custom},
+    platform::kNamedPapers[0],
+    platform::kNamedPapers[1],
+    platform::kNamedPapers[2],
 };
 inline constexpr int kManualPaper = 0;
 

@@ -98,7 +98,7 @@ void frmTemp::load()
         m_align->addItem(QString::fromLatin1(alignment));
     }
     m_align->setCurrentIndex(m_print->Align());
-    for (const printing::PaperRow& paper : printing::kPapers) {
+    for (const platform::PaperRow& paper : printing::kPapers) {
         m_paperSize->addItem(QString::fromLatin1(paper.caption));
     }
     m_paperSize->setCurrentIndex(m_print->PaperSize());
