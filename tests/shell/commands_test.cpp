@@ -127,7 +127,11 @@ TEST_F(CommandsTest, EndQuietlyWhereTheyNeedNothing)
             form.menus().entry(array, row.index)->trigger();
             EXPECT_FALSE(program.dialogs.boxTexts().contains(kNoPicture))
                 << row.array << ' ' << row.index;
-            EXPECT_EQ(platform::pointer(), platform::Pointer::Default);
+            // The screen is captured once the window has had the time to leave.
+            EXPECT_TRUE(QTest::qWaitFor([] {
+                return platform::pointer() == platform::Pointer::Default;
+            })) << row.array
+                << ' ' << row.index;
             program.dialogs.yesNoAnswers.clear();
         }
     });

@@ -11,6 +11,7 @@
 #include "platform/desktop/pointer.h"
 #include "platform/desktop/pump.h"
 #include "platform/pictures/picture_saver.h"
+#include "shell/commands.h"
 #include "shell/running_program.h"
 #include "viewer/picture_viewer.h"
 
@@ -23,6 +24,7 @@
 namespace {
 
 const std::string kNoPicture = "[No picture to process.]";
+const std::string kNoBrowser = "[Fout met openen van de browser !!]";
 const std::string kDeleteQuestion = "[Move it to the trash?]";
 
 enum class Hand { Empty, Picture };
@@ -158,7 +160,10 @@ TEST_F(EveryCommandTest, BearsThatTheFileOfThePictureHasVanished)
             part(form, "Xiala").setFocus();
             program.dialogs.boxes.clear();
             route.go(form);
-            EXPECT_EQ(told(program), expectedBoxes(route, Hand::Picture)) << route.name;
+            EXPECT_EQ(told(program), route.handler == &shell::commands::createAlbum
+                                         ? kNoBrowser
+                                         : expectedBoxes(route, Hand::Picture))
+                << route.name;
             expectFocus(form, route);
             route.go(form);
             settle(form);

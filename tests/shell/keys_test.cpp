@@ -163,7 +163,9 @@ TEST_F(KeysTest, ZoomAndEditWhateverModifierIsHeld)
 TEST_F(KeysTest, OpenTheirWindowsWhateverModifierIsHeld)
 {
     program.run([this](Form1& form) {
-        program.stubWindow(core::Window::frmTemp); // in place of the real one
+        for (const core::Window window : {core::Window::frmMailSender, core::Window::frmTemp}) {
+            program.stubWindow(window); // in place of the real one
+        }
         form.viewer().setPicture(cornered());
         for (const Qt::KeyboardModifier held :
              {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier}) {
