@@ -29,6 +29,7 @@ TEST_F(Mail, WritesAMailByKeysAndSendsIt)
     EXPECT_TRUE(server.message.contains("Subject: The lake\r\n"));
     EXPECT_TRUE(server.message.contains("font-weight:700"));
     EXPECT_TRUE(server.message.contains("Greetings"));
+    EXPECT_TRUE(textAppears(screen().rect(), QStringLiteral("Status : Send Complete")));
     // What was sent is closed without a question.
     session.key(QStringLiteral("Escape"));
     ASSERT_TRUE(session.dialogsAreClosed());

@@ -1,33 +1,65 @@
 #pragma once
 
 #include <QPointer>
+#include <QSslConfiguration>
+#include <QSslSocket>
 #include <QStringList>
 #include <QTcpServer>
-#include <QTcpSocket>
 #include <functional>
 #include <gtest/gtest.h>
-#include <memory>
+#include <sys/socket.h>
 
 namespace test {
 
-// A server on the loopback that takes every mail, in the thread of the test.
-class LoopbackMailServer : public QObject {
+// A server on the loopback that takes every mail, in the thread of the test. It lets everybody log
+// in, and encrypts when it is told how.
+class LoopbackMailServer : public QTcpServer {
 public:
+    enum class Encryption { Never, WhenAsked, AtOnce };
+
     LoopbackMailServer()
     {
         // The settings hold a port in 16 bits with a sign.
-        for (quint16 port = 21000; port < 32000 && !m_server.isListening(); ++port) {
-            m_server.listen(QHostAddress::LocalHost, port);
+        for (quint16 port = 21000; port < 32000 && !isListening(); ++port) {
+            listen(QHostAddress::LocalHost, port);
         }
-        EXPECT_TRUE(m_server.isListening());
-        connect(&m_server, &QTcpServer::newConnection, this, &LoopbackMailServer::greet);
+        EXPECT_TRUE(isListening());
     }
 
-    [[nodiscard]] int port() const { return m_server.serverPort(); }
+    [[nodiscard]] int port() const { return serverPort(); }
+    void encrypt(Encryption when, const QSslConfiguration& certificate)
+    {
+        m_encryption = when;
+        m_certificate = certificate;
+    }
 
     [[nodiscard]] bool isAlone() const
     {
         return m_peer == nullptr || m_peer->state() != QAbstractSocket::ConnectedState;
+    }
+
+    // Ends the connection, as a server that closes or that breaks down.
+    void hangUp()
+    {
+        if (m_peer != nullptr) {
+            m_peer->disconnectFromHost();
+        }
+    }
+    void breakDown()
+    {
+        if (m_peer != nullptr) {
+            const linger atOnce{1, 0};
+            ::setsockopt(int(m_peer->socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce,
+                         sizeof atOnce);
+            m_peer->abort();
+        }
+    }
+    void say(const QByteArray& bytes)
+    {
+        if (!isAlone()) {
+            m_peer->write(bytes);
+            m_peer->flush();
+        }
     }
 
     QList<QByteArray> commands;
@@ -35,16 +67,28 @@ public:
     int connections = 0;
     // Before each command is answered; "connected" and "message" too.
     std::function<void(const QByteArray& command)> onCommand;
+    // Answers in the place of this server, which would have said the reply. Null: says it.
+    std::function<void(const QByteArray& command, const QByteArray& reply)> onReply;
 
-private:
-    void greet()
+protected:
+    void incomingConnection(qintptr descriptor) override
     {
         ++connections;
-        m_peer = m_server.nextPendingConnection();
-        connect(m_peer, &QTcpSocket::readyRead, this, &LoopbackMailServer::readLines);
-        tell("connected");
-        answer("220 here");
+        m_inMessage = false;
+        m_peer = new QSslSocket(this);
+        m_peer->setSocketDescriptor(descriptor);
+        m_peer->setSslConfiguration(m_certificate);
+        connect(m_peer, &QSslSocket::readyRead, this, &LoopbackMailServer::readLines);
+        if (m_encryption == Encryption::AtOnce) {
+            connect(m_peer, &QSslSocket::encrypted, this, &LoopbackMailServer::greet);
+            m_peer->startServerEncryption();
+        } else {
+            greet();
+        }
     }
+
+private:
+    void greet() { meet("connected", "220 here"); }
 
     void readLines()
     {
@@ -57,38 +101,51 @@ private:
     void take(const QByteArray& command)
     {
         commands.append(command);
-        tell(command);
         m_inMessage = command == "DATA";
-        answer(m_inMessage ? "354 go on" : command == "QUIT" ? "221 bye" : "250 ok");
+        meet(command, replyTo(command));
+        if (command == "STARTTLS" && !isAlone()) {
+            m_peer->startServerEncryption();
+        }
+    }
+
+    [[nodiscard]] QByteArray replyTo(const QByteArray& command) const
+    {
+        if (command.startsWith("EHLO")) {
+            const bool asks = m_encryption == Encryption::WhenAsked && !m_peer->isEncrypted();
+            return asks ? "250-here\r\n250 STARTTLS" : "250-here\r\n250 AUTH PLAIN";
+        }
+        return command == "DATA"            ? "354 go on"
+               : command == "QUIT"          ? "221 bye"
+               : command == "STARTTLS"      ? "220 go"
+               : command.startsWith("AUTH") ? "235 in"
+                                            : "250 ok";
     }
 
     void takeText(const QByteArray& line)
     {
         if (line == ".\r\n") {
             m_inMessage = false;
-            tell("message");
-            answer("250 taken");
+            meet("message", "250 taken");
         } else {
             message.append(line);
         }
     }
 
-    void tell(const QByteArray& command) const
+    void meet(const QByteArray& command, const QByteArray& reply)
     {
         if (onCommand) {
             onCommand(command);
         }
-    }
-
-    void answer(const QByteArray& text)
-    {
-        if (m_peer != nullptr) {
-            m_peer->write(text + "\r\n");
+        if (onReply) {
+            onReply(command, reply + "\r\n");
+        } else {
+            say(reply + "\r\n");
         }
     }
 
-    QTcpServer m_server;
-    QPointer<QTcpSocket> m_peer;
+    QPointer<QSslSocket> m_peer;
+    QSslConfiguration m_certificate;
+    Encryption m_encryption = Encryption::Never;
     bool m_inMessage = false;
 };
 
