@@ -206,3 +206,8 @@ qint64 QtMailSocket::unsent() const
 }
 
 } // namespace platform
+
+extern "C" platform::MailSocket* vistaraMailSocket()
+{
+    return new platform::QtMailSocket;
+}

@@ -51,3 +51,6 @@ private:
 };
 
 } // namespace platform
+
+// The one door of the library that this class is in; the caller owns what it gets.
+extern "C" platform::MailSocket* vistaraMailSocket();
