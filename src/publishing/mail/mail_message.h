@@ -21,6 +21,24 @@ struct MailDraft {
 // Head and body in UTF-8, as the plain dialogue sends them: sender, recipient, subject, a head that
 // marks the body as HTML, an empty line and the body with CR LF behind each line and a second "."
 // at lines that begin with one. It ends with the line "." that ends the message, without its CR LF.
+// A large one takes a while, so it is made piece by piece.
+class PlainMessage {
+public:
+    explicit PlainMessage(const MailDraft& draft);
+
+    // Adds about a megabyte; false once all is there.
+    [[nodiscard]] bool goOn();
+    [[nodiscard]] QByteArray take(); // what there is, with the end
+
+private:
+    void addPartOfLine();
+
+    QString m_html;
+    qsizetype m_at = 0;    // of m_html
+    bool m_inLine = false; // its begin is there already
+    QByteArray m_text;
+};
+
 [[nodiscard]] QByteArray mailMessageText(const MailDraft& draft);
 
 } // namespace mail

@@ -11,6 +11,7 @@
 #include <QRandomGenerator>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace mail {
 
@@ -100,7 +101,7 @@ SmtpClient::~SmtpClient()
     leave();
 }
 
-void SmtpClient::Send(const MailDraft& draft)
+void SmtpClient::Send(MailDraft draft)
 {
     if (m_sending) {
         return;
@@ -109,7 +110,7 @@ void SmtpClient::Send(const MailDraft& draft)
     m_sending = true;
     emit sendingChanged(true);
     if (settings.security == MailSecurity::None) {
-        sendPlainly(draft);
+        sendPlainly(std::move(draft));
     } else {
         sendSecured(draft);
     }
@@ -119,15 +120,31 @@ void SmtpClient::Send(const MailDraft& draft)
     }
 }
 
-void SmtpClient::sendPlainly(const MailDraft& draft)
+// A large text is held once, so the draft goes ahead of the sending.
+void SmtpClient::sendPlainly(MailDraft draft)
 {
     const QPointer<SmtpClient> alive = this;
+    m_left = false;
     settings.MailRecipient = draft.to;
-    settings.MailMessageText = mailMessageText(draft);
+    if (!compose(PlainMessage(std::exchange(draft, {})))) {
+        return;
+    }
     SendEmail();
     if (alive != nullptr) {
         settings.MailMessageText.clear();
     }
+}
+
+// False when the sending is over; the client may be gone then.
+bool SmtpClient::compose(PlainMessage message)
+{
+    while (message.goOn()) {
+        if (!platform::pump(this) || m_left) {
+            return false;
+        }
+    }
+    settings.MailMessageText = message.take();
+    return true;
 }
 
 void SmtpClient::leave()

@@ -28,7 +28,7 @@ public:
 
     // Sets MailRecipient and MailMessageText from the draft and runs SendEmail(); returns when the
     // sending is over. Does nothing while another one is under way.
-    void Send(const MailDraft& draft);
+    void Send(MailDraft draft);
     [[nodiscard]] bool isSending() const { return m_sending; }
 
     // The window unloads: a sending under way ends, and Response is emptied.
@@ -46,7 +46,8 @@ signals:
 private:
     void DataArrival() override;
     void nameServer();
-    void sendPlainly(const MailDraft& draft);
+    void sendPlainly(MailDraft draft);
+    [[nodiscard]] bool compose(PlainMessage message);
     void sendSecured(const MailDraft& draft);
     [[nodiscard]] bool converse(const MailDraft& draft, QString& failure);
     void tellOutcome(const QString& failure);

@@ -59,6 +59,15 @@ TEST(MailMessage, IsUtf8)
     EXPECT_EQ(bodyOf(QStringLiteral("\u00FC \u20AC")), "\xC3\xBC \xE2\x82\xAC\r\n.");
 }
 
+TEST(MailMessage, LargeLinesComeThroughWhole)
+{
+    const qsizetype megabyte = 1 << 20;
+    const QString line = QString(megabyte - 1, u'a') + QStringLiteral("\U0001F600") +
+                         QString(2 * megabyte, u'.') + QString(megabyte, u'\u00FC');
+    EXPECT_TRUE(bodyOf(line + QStringLiteral("\r\n.") + line) ==
+                line.toStdString() + "\r\n.." + line.toStdString() + "\r\n.");
+}
+
 TEST(MailMessage, FieldsAddNoHeadLines)
 {
     MailDraft draft = draftWith(QStringLiteral("x"));

@@ -216,6 +216,22 @@ TEST_F(SmtpClientTest, MayGoWhileABoxIsShown)
     EXPECT_EQ(dialogs.boxes.size(), 1U);
 }
 
+TEST_F(SmtpClientTest, MayBeLeftBeforeALargeTextIsPutTogether)
+{
+    mail::MailDraft large = draft();
+    large.html = QString(8 << 20, u'x');
+    for (const std::function<void()>& end :
+         {std::function<void()>([this] { client->leave(); }),
+          std::function<void()>([] { platform::beginClosing(); }),
+          std::function<void()>([this] { client.reset(); })}) {
+        QTimer::singleShot(0, &server, end);
+        client->Send(large);
+        EXPECT_TRUE(server.calls.isEmpty());
+        EXPECT_TRUE(status.shown.isEmpty());
+        platform::resetClosing();
+    }
+}
+
 TEST_F(SmtpClientTest, TakesNoPiecesOfACodeTogether)
 {
     answerAt(QByteArray(), {"22", "0 x\r\n"});
