@@ -5,6 +5,7 @@
 #include "platform/os/paths.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QTimer>
 #include <algorithm>
 #include <array>
@@ -17,6 +18,8 @@ namespace {
 constexpr QLatin1String kFilter{"PDF (*.pdf)|*.pdf"};
 constexpr QLatin1String kExtension{".pdf"};
 constexpr QLatin1String kNoTitle{"Document"};
+constexpr const char* kReplaceText = "“%1” already exists. Replace it?";
+constexpr qsizetype kMostNameBytes = 200; // leaves room for an ending
 
 struct FailureText {
     platform::PrintFailure why;
@@ -31,28 +34,46 @@ constexpr std::array kFailureTexts{
                 "can't be written to."},
 };
 
-// A title may be anything, also what names no file or one in another folder.
+// A title may be anything, also what names no file, one in another folder, or one too long.
 QString fileNameFor(const QString& title)
 {
     QString name = title.trimmed();
     name.replace(QLatin1Char('/'), QLatin1Char('-'));
     name.remove(QChar(u'\0'));
+    while (name.toUtf8().size() > kMostNameBytes) {
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    }
     return (name.isEmpty() ? QString(kNoTitle) : name) + kExtension;
 }
 
+bool mayReplace(const QString& path)
+{
+    const QFileInfo file(path);
+    return !file.exists() || platform::dialogs().askYesNo(
+                                 QString::fromUtf8(kReplaceText).arg(file.fileName()), kPdfPrinter,
+                                 {.picture = {}, .facts = {}, .preset = platform::Answer::No});
+}
+
+// The dialog asks before a file is replaced, but of a name without its ending it knows nothing.
 QString askFile(const QString& title)
 {
-    const platform::FileRequest request{.title = kPdfPrinter,
-                                        .filter = kFilter,
-                                        .folder = {},
-                                        .fileName = fileNameFor(title),
-                                        .askBeforeReplacing = true};
-    const auto choice = platform::dialogs().saveFile(request);
-    if (!choice || choice->path.isEmpty()) {
-        return {};
+    platform::FileRequest request{.title = kPdfPrinter,
+                                  .filter = kFilter,
+                                  .folder = {},
+                                  .fileName = fileNameFor(title),
+                                  .askBeforeReplacing = true};
+    while (const auto choice = platform::dialogs().saveFile(request)) {
+        const QString& path = choice->path;
+        if (path.isEmpty() || path.endsWith(kExtension, Qt::CaseInsensitive)) {
+            return path;
+        }
+        if (mayReplace(path + kExtension)) {
+            return path + kExtension;
+        }
+        request.folder = platform::folderOf(path);
+        request.fileName = platform::fileNameOf(path) + kExtension;
     }
-    const bool isNamed = choice->path.endsWith(kExtension, Qt::CaseInsensitive);
-    return isNamed ? choice->path : choice->path + kExtension;
+    return {};
 }
 
 void tellFailure(const QString& printer, platform::PrintFailure why)

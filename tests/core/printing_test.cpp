@@ -4,6 +4,7 @@
 #include "support/fake_dialogs.h"
 #include "support/fake_printers.h"
 #include "support/memory_config_store.h"
+#include "support/temp_tree.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
@@ -89,6 +90,35 @@ TEST_F(Printing, AsksForTheFileByTheTitleAndNamesItPdf)
     EXPECT_EQ(dialogs.fileRequests.at(0).fileName, "2-3 holidays.pdf");
     EXPECT_EQ(dialogs.fileRequests.at(1).fileName, "Document.pdf");
     EXPECT_TRUE(dialogs.fileRequests.at(0).askBeforeReplacing);
+}
+
+TEST_F(Printing, AsksAgainWhereTheEndingMakesItAFileThatIsThere)
+{
+    const support::TempTree tree({{"foo.pdf", "kept"}});
+    ASSERT_NE(core::currentPrinter(), nullptr);
+    const platform::SaveChoice typed{tree.path("foo")};
+    dialogs.saveAnswers = {typed, typed};
+    dialogs.yesNoAnswers = {false, true};
+    EXPECT_EQ(printers.lastContact.askFile(QStringLiteral("x")), tree.path("foo.pdf"));
+    ASSERT_EQ(dialogs.boxes.size(), 2U);
+    EXPECT_TRUE(dialogs.boxes[0].text.contains(QStringLiteral("“foo.pdf” already exists")));
+    EXPECT_EQ(dialogs.subjects[0].preset, platform::Answer::No);
+    EXPECT_EQ(dialogs.fileRequests.at(1).fileName, "foo.pdf");
+    dialogs.saveAnswers = {typed, std::nullopt};
+    EXPECT_EQ(printers.lastContact.askFile(QStringLiteral("x")), "");
+}
+
+TEST_F(Printing, ProposesANameThatAFileCanHave)
+{
+    ASSERT_NE(core::currentPrinter(), nullptr);
+    for (const QString& letter : {QStringLiteral("x"), QStringLiteral("ä"), QStringLiteral("😀")}) {
+        static_cast<void>(printers.lastContact.askFile(letter.repeated(300)));
+        const QString name = dialogs.fileRequests.back().fileName;
+        EXPECT_LE(name.toUtf8().size(), 204);
+        EXPECT_GE(name.toUtf8().size(), 200);
+        EXPECT_EQ(QString::fromUtf8(name.toUtf8()), name); // no half of a letter
+        EXPECT_TRUE(name.endsWith(QStringLiteral(".pdf")));
+    }
 }
 
 TEST_F(Printing, TellsAFailureByThePrintersNameButNotInClassicMode)
