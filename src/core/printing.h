@@ -24,7 +24,7 @@ inline constexpr QLatin1String kPdfPrinter{"Print to a PDF file"};
 // was set on it.
 //
 // It asks for its files by a dialog. Outside classic mode a document that fails is told in one
-// message for each time that a printer is selected; in classic mode nothing is told.
+// message; in classic mode nothing is told.
 [[nodiscard]] platform::Printer* currentPrinter();
 
 // False for a name that isn't among the choices: the current printer stays. Selecting the current

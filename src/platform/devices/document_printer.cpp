@@ -6,7 +6,7 @@ namespace platform {
 
 namespace {
 
-// However often something fails and whatever fails it, it is told once.
+// However often a document fails and whatever fails it, it is told once.
 PrinterContact toldOnce(PrinterContact contact)
 {
     contact.failed = [told = std::make_shared<bool>(false),
@@ -22,7 +22,7 @@ PrinterContact toldOnce(PrinterContact contact)
 
 DocumentPrinter::DocumentPrinter(QString name, const PrinterContact& contact)
     : m_name(std::move(name))
-    , m_contact(toldOnce(contact))
+    , m_given(contact)
 {
 }
 
@@ -52,6 +52,7 @@ PaperMetrics DocumentPrinter::metrics()
 bool DocumentPrinter::startDocument(const QString& title)
 {
     abandonDocument();
+    m_contact = toldOnce(m_given);
     const PaperMetrics paper = metrics();
     if (paper.isEmpty()) {
         return false;

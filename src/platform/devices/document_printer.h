@@ -43,11 +43,13 @@ protected:
 
     void fail(PrintFailure why);
     [[nodiscard]] const PaperSetting& setting() const { return m_setting; }
+    // That of the document that is begun.
     [[nodiscard]] const PrinterContact& contact() const { return m_contact; }
 
 private:
     QString m_name;
-    PrinterContact m_contact;
+    PrinterContact m_given;
+    PrinterContact m_contact; // of the document begun last, which may fail after its end
     PaperSetting m_setting;
     // While a document is open; its pages write into the target.
     std::unique_ptr<PrintTarget> m_target;

@@ -91,7 +91,7 @@ struct PrinterFacts {
 struct PrinterContact {
     // The file that a document becomes, by the document's title; "" when the user wants none.
     std::function<QString(const QString& title)> askFile;
-    // Once at most for one printer, from inside of a call or later from the event loop.
+    // Once at most for each document, from inside of a call or later from the event loop.
     std::function<void(PrintFailure why)> failed;
 };
 

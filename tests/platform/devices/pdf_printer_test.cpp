@@ -250,7 +250,7 @@ TEST_F(PdfPrinter, MakesOneFileOfManyCopiesAndNoneOfNone)
     EXPECT_EQ(support::pdfFact(target, "Pages"), "1");
 }
 
-TEST_F(PdfPrinter, TellsOnceThatAFileCannotBeWritten)
+TEST_F(PdfPrinter, TellsOnceOfEachDocumentThatItCannotBeWritten)
 {
     for (const QString& refused : {tree.path("missing/a.pdf"), tree.path("out"),
                                    QStringLiteral("/proc/a.pdf"), QStringLiteral("/dev/full")}) {
@@ -258,7 +258,7 @@ TEST_F(PdfPrinter, TellsOnceThatAFileCannotBeWritten)
         EXPECT_FALSE(start());
         EXPECT_FALSE(printer->endDocument());
     }
-    EXPECT_EQ(failures, std::vector{PrintFailure::NotSaved});
+    EXPECT_EQ(failures, std::vector(4, PrintFailure::NotSaved));
 }
 
 TEST_F(PdfPrinter, KeepsTheOldFileOnAFullDisk)
