@@ -10,9 +10,9 @@ namespace core {
 // The entry of the list that prints to a PDF file.
 inline constexpr QLatin1String kPdfPrinter{"Print to a PDF file"};
 
-// The printers that a user chooses from, asked for anew: those of the system, and outside classic
-// mode the PDF file as the last. One is the default: the system's, else, where it is there, the PDF
-// file. Takes two seconds at most.
+// The printers that a user chooses from: those of the system, and outside classic mode the PDF file
+// as the last. One is the default: the system's, else, where it is there, the PDF file. Takes two
+// seconds at most.
 [[nodiscard]] std::vector<platform::PrinterFacts> printerChoices();
 
 // What is chosen in a window that lists them, before anybody chose: the default of the choices, in

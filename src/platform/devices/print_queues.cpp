@@ -12,8 +12,21 @@ namespace {
 
 constexpr std::chrono::seconds kPatience(2);
 constexpr std::chrono::seconds kSilence(30);
+constexpr std::chrono::seconds kListAge(5); // one window asks several times as it opens
 constexpr qint64 kMostOutput = qint64(1) << 20;
 constexpr double kHundredths = 100;
+
+const QString kService; // in place of a queue's name
+
+std::vector<PrinterFacts> readList(const QByteArray& answer)
+{
+    const QByteArrayList texts = answer.split('\0');
+    std::vector<PrinterFacts> queues;
+    for (qsizetype index = 0; index + 1 < texts.size(); index += 2) {
+        queues.push_back({QString::fromUtf8(texts[index]), texts[index + 1] == "1"});
+    }
+    return queues;
+}
 
 std::optional<PaperTraits> readTraits(const QByteArray& answer)
 {
@@ -37,9 +50,15 @@ QString printHelper()
     return joinPath(programFolder(), QStringLiteral("vistara-print"));
 }
 
-std::optional<QByteArray> PrintQueues::ask(const QStringList& request)
+bool PrintQueues::isSilent(const QString& queue) const
 {
-    if (!m_silence.hasExpired()) {
+    const auto found = m_silences.find(queue);
+    return found != m_silences.end() && !found->second.hasExpired();
+}
+
+std::optional<QByteArray> PrintQueues::ask(const QString& queue, const QStringList& request)
+{
+    if (isSilent(queue) || isSilent(kService)) {
         return std::nullopt;
     }
     const HelperAnswer answer = helperAnswer({.program = m_helper,
@@ -47,26 +66,27 @@ std::optional<QByteArray> PrintQueues::ask(const QStringList& request)
                                               .patience = kPatience,
                                               .arguments = request});
     if (answer.end == HelperEnd::TooLong) {
-        m_silence.setRemainingTime(kSilence);
+        m_silences[queue].setRemainingTime(kSilence);
     }
     return answer.end == HelperEnd::Answered ? std::optional(answer.output) : std::nullopt;
 }
 
 std::vector<PrinterFacts> PrintQueues::list()
 {
-    const QByteArrayList texts = ask({QStringLiteral("list")}).value_or(QByteArray()).split('\0');
-    std::vector<PrinterFacts> queues;
-    for (qsizetype index = 0; index + 1 < texts.size(); index += 2) {
-        queues.push_back({QString::fromUtf8(texts[index]), texts[index + 1] == "1"});
+    if (m_listAge.hasExpired()) {
+        if (const auto answer = ask(kService, {QStringLiteral("list")})) {
+            m_list = readList(*answer);
+        }
+        m_listAge.setRemainingTime(kListAge);
     }
-    return queues;
+    return m_list;
 }
 
 std::optional<PaperTraits> PrintQueues::traits(const QString& queue, QSizeF millimetres)
 {
     const auto hundredths = [](double side) { return QString::number(qRound(side * kHundredths)); };
-    const auto answer = ask({QStringLiteral("paper"), queue, hundredths(millimetres.width()),
-                             hundredths(millimetres.height())});
+    const auto answer = ask(queue, {QStringLiteral("paper"), queue, hundredths(millimetres.width()),
+                                    hundredths(millimetres.height())});
     return answer ? readTraits(*answer) : std::nullopt;
 }
 

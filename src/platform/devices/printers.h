@@ -99,8 +99,8 @@ class Printers {
 public:
     virtual ~Printers() = default;
 
-    // The system's printers. They are asked for anew by every call, for two seconds at most; a
-    // printing system that doesn't answer has none.
+    // The system's printers, as they were some seconds ago at most. They are asked for two seconds
+    // at most; of a printing system that doesn't answer they are those that it told last.
     [[nodiscard]] virtual std::vector<PrinterFacts> list() = 0;
 
     // A printer may be gone since it was listed; its documents fail then. Never null.
