@@ -13,23 +13,6 @@ Printers* g_printers = nullptr;
 
 } // namespace
 
-QSizeF innerMillimetres(const PaperMetrics& metrics)
-{
-    if (metrics.isEmpty()) {
-        return {0, 0};
-    }
-    return {metrics.innerWidth * kMillimetresInInch / metrics.logPixelsX,
-            metrics.innerHeight * kMillimetresInInch / metrics.logPixelsY};
-}
-
-QRectF printerPixels(const PaperMetrics& metrics, const QRectF& millimetres)
-{
-    const double x = metrics.logPixelsX / kMillimetresInInch;
-    const double y = metrics.logPixelsY / kMillimetresInInch;
-    return {millimetres.x() * x, millimetres.y() * y, millimetres.width() * x,
-            millimetres.height() * y};
-}
-
 Printers& printers()
 {
     static QueuePrinters real;

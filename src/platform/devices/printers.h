@@ -33,11 +33,6 @@ struct PaperMetrics {
     [[nodiscard]] bool isEmpty() const { return innerWidth <= 0 || innerHeight <= 0; }
 };
 
-// The printable part, in millimetres.
-[[nodiscard]] QSizeF innerMillimetres(const PaperMetrics& metrics);
-// What is given in millimetres, in the printer's pixels.
-[[nodiscard]] QRectF printerPixels(const PaperMetrics& metrics, const QRectF& millimetres);
-
 enum class PrintFailure {
     Gone,     // no such printer any more, or nobody answers
     Refused,  // the printer takes no jobs, or not from this user

@@ -39,7 +39,6 @@ TEST(PrintedPaper, TakesOwnSizes)
                                      sizeOf(qQNaN(), 100), sizeOf(100, qInf()), sizeOf(1e9, 1e9)}) {
         EXPECT_TRUE(none.isEmpty());
         EXPECT_EQ(physical(none), QSize(0, 0));
-        EXPECT_EQ(platform::innerMillimetres(none), QSizeF(0, 0));
     }
 }
 
@@ -74,8 +73,6 @@ TEST(PrintedPaper, CountsInTheQualityThatIsSet)
     EXPECT_EQ(metrics.logPixelsX, 508);
     EXPECT_EQ(metrics.logPixelsY, 508);
     EXPECT_EQ(metrics.physicalWidth, 4200);
-    EXPECT_EQ(platform::innerMillimetres(metrics), QSizeF(210, 297));
-    EXPECT_EQ(platform::printerPixels(metrics, {10, 20, 30, 40}), QRectF(200, 400, 600, 800));
 }
 
 } // namespace
