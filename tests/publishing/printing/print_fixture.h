@@ -24,7 +24,7 @@ protected:
         .innerHeight = 2126,
     };
 
-    void keepToTheStart() { core::store(core::kClassic, true); }
+    void beClassic() { core::store(core::kClassic, true); }
     void havePrinters()
     {
         printers.system = {{QStringLiteral("Laser"), false}, {QStringLiteral("Ink"), true}};

@@ -163,7 +163,7 @@ TEST_F(PictureOnPaper, TellsTheMarginsFromLeftRound)
 
 TEST_F(PictureOnPaper, TellsNoMarginsWithoutAPrinter)
 {
-    keepToTheStart();
+    beClassic();
     AAPrintPicture print;
     const QSignalSpy measured(&print, &AAPrintPicture::MarginsMeasured);
     print.GetPrinterMargin();
@@ -186,7 +186,7 @@ TEST_F(PictureOnPaper, SelectsThePrinterOfItsName)
 TEST_F(PictureOnPaper, MeasuresOnTheSystemsPrinterBeforeOneIsChosen)
 {
     havePrinters();
-    keepToTheStart();
+    beClassic();
     AAPrintPicture print;
     print.GetPrinterMargin();
     EXPECT_EQ(printers.selected()->name(), "Ink");
@@ -352,9 +352,9 @@ TEST_F(PictureOnPaper, LaysItsPageOnTheSideWithThePaper)
     EXPECT_EQ(preview(print).size(), kPage);
 }
 
-TEST_F(PictureOnPaper, KeepsItsPageUprightAsAtTheStart)
+TEST_F(PictureOnPaper, KeepsItsPageUprightInClassicMode)
 {
-    keepToTheStart();
+    beClassic();
     AAPrintPicture print;
     usePage(print);
     print.Hvprinter(true);
@@ -450,7 +450,7 @@ TEST_F(PictureOnPaper, PrintsNothingOfNoPicture)
 
 TEST_F(PictureOnPaper, PrintsNothingWithoutAPrinter)
 {
-    keepToTheStart();
+    beClassic();
     AAPrintPicture print;
     print.setPicture(Picture(numbered(2, 2)));
     print.PrintPicture();

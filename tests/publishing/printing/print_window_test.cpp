@@ -136,9 +136,9 @@ TEST_F(PrintWindow, ChoosesTheSystemsPrinterAndOffersPdfFiles)
     EXPECT_TRUE(control<QPushButton>("cmdPrint").isEnabled());
 }
 
-TEST_F(PrintWindow, ChoosesNoPrinterAsAtTheStart)
+TEST_F(PrintWindow, ChoosesNoPrinterInClassicMode)
 {
-    keepToTheStart();
+    beClassic();
     havePrinters();
     openWith(kRed);
     EXPECT_EQ(entries("cmbPrinter"), (QStringList{"Laser", "Ink"}));
@@ -153,7 +153,7 @@ TEST_F(PrintWindow, ChoosesNoPrinterAsAtTheStart)
 
 TEST_F(PrintWindow, CantPrintWithoutAnyPrinter)
 {
-    keepToTheStart();
+    beClassic();
     openWith(kRed);
     EXPECT_FALSE(control<QPushButton>("cmdPrint").isEnabled());
     QTest::keyClick(m_window, Qt::Key_Return);
@@ -229,15 +229,19 @@ TEST_F(PrintWindow, TakesASizeWhenTheFieldIsLeft)
     EXPECT_EQ(field("txtHeight").text(), "297");
 }
 
-TEST_F(PrintWindow, TakesASizeByReturnAloneAsAtTheStart)
+TEST_F(PrintWindow, TakesASizeByReturnAloneInClassicMode)
 {
-    keepToTheStart();
+    beClassic();
     open();
     box("cmbPaperSize").setCurrentIndex(0);
     field("txtWidth").setFocus();
     field("txtWidth").setText("100");
     field("txtHeight").setFocus();
     EXPECT_EQ(print().PaperWidth(), 210);
+    QTest::keyClick(&field("txtHeight"), Qt::Key_Return);
+    EXPECT_EQ(print().PaperWidth(), 210); // each field is its own
+    QTest::keyClick(&field("txtWidth"), Qt::Key_Return);
+    EXPECT_EQ(print().PaperWidth(), 100);
 }
 
 TEST_F(PrintWindow, StandsSizesThatAreNone)
@@ -369,9 +373,9 @@ TEST_F(PrintWindow, ReducesALargePictureUnlessItIsTold)
     EXPECT_EQ(shownAt(0.5, 0.2), QColor(Qt::red));
 }
 
-TEST_F(PrintWindow, CutsALargePictureAsAtTheStart)
+TEST_F(PrintWindow, CutsALargePictureInClassicMode)
 {
-    keepToTheStart();
+    beClassic();
     openWith(test::filled(2000, 1000, qRgb(255, 0, 0)));
     EXPECT_FALSE(check("chkShrink").isVisible());
     EXPECT_EQ(shownAt(0.5, 0.2), QColor(Qt::red));
