@@ -108,6 +108,11 @@ const platform::PrinterFacts* defaultOf(const std::vector<platform::PrinterFacts
 
 } // namespace
 
+void tellPrinterGone(const QString& name)
+{
+    tellFailure(name, platform::PrintFailure::Gone);
+}
+
 std::vector<platform::PrinterFacts> printerChoices()
 {
     std::vector<platform::PrinterFacts> choices = platform::printers().list();

@@ -31,4 +31,7 @@ inline constexpr QLatin1String kPdfPrinter{"Print to a PDF file"};
 // one again leaves it as it is.
 bool selectPrinter(const QString& name);
 
+// Tells that a printer of that name can't be reached; nothing in classic mode.
+void tellPrinterGone(const QString& name);
+
 } // namespace core

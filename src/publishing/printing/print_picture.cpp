@@ -57,7 +57,7 @@ AAPrintPicture::AAPrintPicture(QObject* parent)
 void AAPrintPicture::GetPrinterMargin()
 {
     if (!m_values.Printer.isEmpty()) {
-        // Where it is gone the one that was selected before goes on.
+        // Where it is gone the one that was selected before is measured.
         static_cast<void>(core::selectPrinter(m_values.Printer));
     }
     if (platform::Printer* printer = core::currentPrinter()) {
@@ -157,6 +157,10 @@ void AAPrintPicture::PrintPicture()
     static_cast<void>(printer->endDocument(m_values.Copies));
 }
 
+    if (hasPage && isElsewhere(printer)) {
+        core::tellPrinterGone(m_values.Printer);
+        return;
+    }
 void AAPrintPicture::drawOn(platform::Printer& printer, const Composition& composition) const
 {
     const PaperMetrics metrics = printer.metrics();
@@ -165,6 +169,13 @@ void AAPrintPicture::drawOn(platform::Printer& printer, const Composition& compo
     const PlacedImage seen = seenPart(m_picture.image(), composition.picture, page);
     printer.draw(seen.image, onPaper(seen.place, metrics), onPaper(page, metrics));
     for (const QRect& side : composition.border) {
+// Classic mode prints on the printer that is left, the other mode never on one that nobody chose.
+bool AAPrintPicture::isElsewhere(const platform::Printer* printer) const
+{
+    return !core::setting(core::kClassic) && !m_values.Printer.isEmpty() && printer != nullptr &&
+           printer->name() != m_values.Printer;
+}
+
         if (!side.isEmpty()) {
             printer.fill(onPaper(side, metrics), m_values.BorderColor);
         }

@@ -62,8 +62,9 @@ public:
     void GetPaperWH(std::int16_t& width, std::int16_t& height) const;
     // The page, or Nothing where the paper has no room or is too large for a picture of it.
     [[nodiscard]] platform::Picture GetPreview();
-    // A document for each copy. Nothing is printed of no picture, or on a page without room.
-    // A file is asked for meanwhile, so events may run.
+    // A document for each copy. Nothing is printed of no picture, on a page without room, or,
+    // outside classic mode, in place of a printer that is gone, which is told. A file is asked for
+    // meanwhile, so events may run.
     void PrintPicture();
     // Whether the printer lays the paper on its side.
     void Hvprinter(bool landscape);
@@ -99,6 +100,7 @@ private:
     void setOrientation(platform::Printer& printer) const;
     [[nodiscard]] Composition compose();
     [[nodiscard]] QSize pageSize() const;
+    [[nodiscard]] bool isElsewhere(const platform::Printer* printer) const;
     void drawOn(platform::Printer& printer, const Composition& composition) const;
 
     Values m_values;

@@ -489,3 +489,30 @@ TEST_F(PictureOnPaper, NotesTheResolutionWhenItBegins)
     print.PrintPicture();
     EXPECT_EQ(platform::getSetting("Print", "Resolution"), "300");
 }
+TEST_F(PictureOnPaper, TellsThatThePrinterIsGoneAndPrintsOnNoOther)
+{
+    havePrinters();
+    AAPrintPicture print;
+    print.setPicture(Picture(numbered(2, 2)));
+    print.GetPrinterMargin();
+    print.setDefultPrinter("Laser");
+    printers.system.erase(printers.system.begin());
+    print.PrintPicture();
+    EXPECT_TRUE(printers.documents.empty());
+    ASSERT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_TRUE(dialogs.boxes[0].text.contains(QStringLiteral("“Laser” can't be reached")));
+}
+
+TEST_F(PictureOnPaper, GoesToThePrinterThatIsLeftInClassicMode)
+{
+    havePrinters();
+    beClassic();
+    AAPrintPicture print;
+    print.setPicture(Picture(numbered(2, 2)));
+    print.setDefultPrinter("Cellar");
+    print.PrintPicture();
+    ASSERT_EQ(printers.documents.size(), 1U);
+    EXPECT_EQ(printers.documents[0].printer, "Ink");
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
