@@ -154,13 +154,16 @@ void frmTemp::showPaperSize()
 
 // A text that is no number leaves the size that it should change. The fields also show the sizes of
 // papers that have a name, and are left then.
-void frmTemp::takePaperSize()
+void frmTemp::takePaperSize(const QObject* field)
 {
     if (m_print->PaperSize() != printing::kManualPaper) {
         return;
     }
-    m_print->setPaperWidth(millimetresIn(*m_width).value_or(m_print->PaperWidth()));
-    m_print->setPaperHeight(millimetresIn(*m_height).value_or(m_print->PaperHeight()));
+    if (field == m_width) {
+        m_print->setPaperWidth(millimetresIn(*m_width).value_or(m_print->PaperWidth()));
+    } else {
+        m_print->setPaperHeight(millimetresIn(*m_height).value_or(m_print->PaperHeight()));
+    }
     GeneratePreview();
 }
 
@@ -234,7 +237,7 @@ void frmTemp::GeneratePreview()
 bool frmTemp::eventFilter(QObject* watched, QEvent* event)
 {
     if ((watched == m_width || watched == m_height) && isReturn(*event)) {
-        takePaperSize();
+        takePaperSize(watched);
         return true;
     }
     return StripWindow::eventFilter(watched, event);

@@ -61,7 +61,7 @@ private:
     void choosePrinter();
     void choosePaper();
     void showPaperSize();
-    void takePaperSize();
+    void takePaperSize(const QObject* field); // m_width or m_height, alone
     void takeCopies();
     void turn(bool landscape);
     void setStretch(bool stretch);
@@ -78,7 +78,7 @@ private:
     QLineEdit* m_height = nullptr;
     QRadioButton* m_portrait = nullptr; // Command1
     QComboBox* m_align = nullptr;
-    QCheckBox* m_shrink = nullptr; // seen where the program goes beyond what it did from the start
+    QCheckBox* m_shrink = nullptr; // seen outside classic mode
     QCheckBox* m_stretch = nullptr;
     QCheckBox* m_showBorder = nullptr;
     AASelectColor* m_backColor = nullptr;   // AASelectColor1

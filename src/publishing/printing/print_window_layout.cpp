@@ -193,8 +193,8 @@ void frmTemp::connectFields()
         return;
     }
     for (QLineEdit* field : {m_width, m_height}) {
-        connect(field, &QLineEdit::editingFinished, this, [this] {
-            takePaperSize();
+        connect(field, &QLineEdit::editingFinished, this, [this, field] {
+            takePaperSize(field);
             showPaperSize();
         });
     }
