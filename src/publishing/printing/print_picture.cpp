@@ -11,11 +11,19 @@ using platform::PaperOrientation;
 
 namespace {
 
+// Where the page begins on what the printer can reach: in its corner, where the margins end.
+// Classic mode counts the margins once more.
+QPointF pageCorner(const printing::Margins& margins)
+{
+    return core::setting(core::kClassic) ? QPointF(margins.left, margins.top) : QPointF();
+}
+
 // A part of the page, in the printer's pixels from the corner of what it can reach.
-QRectF onPaper(const QRectF& part, const PaperMetrics& metrics)
+QRectF onPaper(const QRectF& part, const PaperMetrics& metrics, QPointF corner)
 {
     constexpr QSize kInch(printing::kPagePixelsAnInch, printing::kPagePixelsAnInch);
-    return printing::samePlace(part, kInch, {metrics.logPixelsX, metrics.logPixelsY});
+    return printing::samePlace(part, kInch, {metrics.logPixelsX, metrics.logPixelsY})
+        .translated(corner);
 }
 
 printing::Margins marginsOf(const PaperMetrics& metrics)
@@ -149,6 +157,10 @@ void AAPrintPicture::PrintPicture()
     const Composition composition = compose();
     const bool hasPage = !composition.page.isEmpty() && !m_picture.isNothing();
     platform::Printer* const printer = core::currentPrinter();
+    if (hasPage && isElsewhere(printer)) {
+        core::tellPrinterGone(m_values.Printer);
+        return;
+    }
     if (!hasPage || printer == nullptr || !printer->startDocument(m_documentTitle)) {
         return;
     }
@@ -157,18 +169,6 @@ void AAPrintPicture::PrintPicture()
     static_cast<void>(printer->endDocument(m_values.Copies));
 }
 
-    if (hasPage && isElsewhere(printer)) {
-        core::tellPrinterGone(m_values.Printer);
-        return;
-    }
-void AAPrintPicture::drawOn(platform::Printer& printer, const Composition& composition) const
-{
-    const PaperMetrics metrics = printer.metrics();
-    const QRect page(QPoint(0, 0), composition.page);
-    printer.fill(onPaper(page, metrics), m_values.BackColor);
-    const PlacedImage seen = seenPart(m_picture.image(), composition.picture, page);
-    printer.draw(seen.image, onPaper(seen.place, metrics), onPaper(page, metrics));
-    for (const QRect& side : composition.border) {
 // Classic mode prints on the printer that is left, the other mode never on one that nobody chose.
 bool AAPrintPicture::isElsewhere(const platform::Printer* printer) const
 {
@@ -176,8 +176,19 @@ bool AAPrintPicture::isElsewhere(const platform::Printer* printer) const
            printer->name() != m_values.Printer;
 }
 
+void AAPrintPicture::drawOn(platform::Printer& printer, const Composition& composition) const
+{
+    const PaperMetrics metrics = printer.metrics();
+    const auto place = [&metrics, start = pageCorner(m_margins)](const QRect& part) {
+        return onPaper(part, metrics, start);
+    };
+    const QRect page(QPoint(0, 0), composition.page);
+    printer.fill(place(page), m_values.BackColor);
+    const PlacedImage seen = seenPart(m_picture.image(), composition.picture, page);
+    printer.draw(seen.image, place(seen.place), place(page));
+    for (const QRect& side : composition.border) {
         if (!side.isEmpty()) {
-            printer.fill(onPaper(side, metrics), m_values.BorderColor);
+            printer.fill(place(side), m_values.BorderColor);
         }
     }
 }

@@ -392,6 +392,22 @@ TEST_F(PictureOnPaper, GoesToPaperAtItsOwnPixelsWhereThePageHasIt)
     }
 }
 
+TEST_F(PictureOnPaper, LiesByTheMarginsFurtherInInClassicMode)
+{
+    havePrinters();
+    beClassic();
+    AAPrintPicture print;
+    print.setPicture(Picture(numbered(74, 93)));
+    print.PrintPicture();
+    const auto things = onlyPage();
+    ASSERT_EQ(things.size(), 6U);
+    const QRectF page(20, 40, 1548, 2186);
+    EXPECT_EQ(things[0].place, page);
+    EXPECT_EQ(things[1].place, QRectF(720, 1040, 148, 186));
+    EXPECT_EQ(things[1].clip, page);
+    EXPECT_EQ(things[2].place, QRectF(720, 1040, 150, 2));
+}
+
 TEST_F(PictureOnPaper, LeavesOutWhatThePageCuts)
 {
     AAPrintPicture print;
@@ -482,13 +498,6 @@ TEST_F(PictureOnPaper, PrintsOnThePrinterThatIsGoneWithoutHarm)
     EXPECT_TRUE(printers.documents.empty());
 }
 
-TEST_F(PictureOnPaper, NotesTheResolutionWhenItBegins)
-{
-    AAPrintPicture print;
-    EXPECT_EQ(platform::getSetting("Print", "Resolution"), "");
-    print.PrintPicture();
-    EXPECT_EQ(platform::getSetting("Print", "Resolution"), "300");
-}
 TEST_F(PictureOnPaper, TellsThatThePrinterIsGoneAndPrintsOnNoOther)
 {
     havePrinters();
@@ -516,3 +525,10 @@ TEST_F(PictureOnPaper, GoesToThePrinterThatIsLeftInClassicMode)
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
+TEST_F(PictureOnPaper, NotesTheResolutionWhenItBegins)
+{
+    AAPrintPicture print;
+    EXPECT_EQ(platform::getSetting("Print", "Resolution"), "");
+    print.PrintPicture();
+    EXPECT_EQ(platform::getSetting("Print", "Resolution"), "300");
+}
