@@ -9,8 +9,11 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QTextBlock>
+#include <QTextDocumentFragment>
 #include <algorithm>
 #include <iterator>
+#include <memory>
+#include <optional>
 
 namespace mail {
 
@@ -69,12 +72,30 @@ QTextCharFormat withoutLink(QTextCharFormat format)
     return format;
 }
 
+bool hasText(const QMimeData& source)
+{
+    return source.hasHtml() || source.hasText();
+}
+
+// Without the toolkit's own format, which it would take first, and which nobody has measured.
+std::unique_ptr<QMimeData> textOf(const QMimeData& source)
+{
+    auto text = std::make_unique<QMimeData>();
+    if (source.hasHtml()) {
+        text->setHtml(source.html());
+    }
+    if (source.hasText()) {
+        text->setText(source.text());
+    }
+    return text;
+}
+
 } // namespace
 
 struct HtmlEditor::Command {
     int number;
     void (HtmlEditor::*run)();
-    Qt::Key key = Qt::Key_unknown; // with Ctrl; the others have none of their own
+    std::optional<Qt::Key> key = std::nullopt; // with Ctrl; the others have none of their own
     bool (*isOn)(const HtmlEditor& editor) = nullptr; // null for what doesn't switch
 };
 
@@ -159,18 +180,27 @@ void HtmlEditor::keyPressEvent(QKeyEvent* event)
     }
 }
 
+// As text and HTML only: any other format would be made by opening the pictures that it names.
+QMimeData* HtmlEditor::createMimeDataFromSelection() const
+{
+    const QTextDocumentFragment selected = textCursor().selection();
+    auto taken = std::make_unique<QMimeData>();
+    taken->setHtml(selected.toHtml());
+    taken->setText(selected.toPlainText());
+    return taken.release();
+}
+
 bool HtmlEditor::canInsertFromMimeData(const QMimeData* source) const
 {
-    return QTextEdit::canInsertFromMimeData(source) ||
-           (source->hasImage() && !core::setting(core::kClassic));
+    return hasText(*source) || (source->hasImage() && !core::setting(core::kClassic));
 }
 
 // A picture alone goes in as one; beside a text the text is what is meant.
 void HtmlEditor::insertFromMimeData(const QMimeData* source)
 {
-    if (QTextEdit::canInsertFromMimeData(source)) {
+    if (hasText(*source)) {
         if (isShowableHtml(source->html()) && isShowableText(source->text())) {
-            QTextEdit::insertFromMimeData(source);
+            QTextEdit::insertFromMimeData(textOf(*source).get());
         }
     } else if (!canInsertFromMimeData(source)) {
         return;

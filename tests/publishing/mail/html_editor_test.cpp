@@ -87,6 +87,23 @@ void drop(QTextEdit& editor, const QMimeData& data)
     QApplication::sendEvent(editor.viewport(), &dropped);
 }
 
+// The formats, each read whole.
+QStringList bytesOfAll(const QMimeData& data)
+{
+    QStringList formats = data.formats();
+    for (const QString& format : formats) {
+        EXPECT_FALSE(data.data(format).isEmpty()) << format.toStdString();
+    }
+    formats.sort();
+    return formats;
+}
+
+// Lends what a drag and the primary selection take.
+class TakingEditor : public HtmlEditor {
+public:
+    using HtmlEditor::createMimeDataFromSelection;
+};
+
 class HtmlEditorTest : public testing::Test {
 protected:
     HtmlEditorTest()
@@ -320,6 +337,36 @@ TEST_F(HtmlEditorTest, PassesOverWhatItCannotPaste)
     EXPECT_EQ(editor.documentHtml(), before);
 }
 
+TEST_F(HtmlEditorTest, TakesNoFormatOfTheToolkitsOwn)
+{
+    writeAndSelect("word");
+    const QString before = editor.documentHtml();
+    for (const char* format : {"application/x-qrichtext", "application/x-qt-richtext"}) {
+        QMimeData alone;
+        alone.setData(format, "<b>hidden</b>");
+        drop(editor, alone);
+        EXPECT_EQ(editor.documentHtml(), before) << format;
+    }
+    auto* beside = new QMimeData;
+    beside->setText("seen");
+    beside->setData("application/x-qrichtext", "<b>hidden</b>");
+    QApplication::clipboard()->setMimeData(beside);
+    editor.ExecCommand(DECMD_PASTE);
+    EXPECT_EQ(editor.toPlainText(), "seen");
+}
+
+TEST_F(HtmlEditorTest, PassesOverKeysThatHaveNoName)
+{
+    writeAndSelect("word");
+    QApplication::clipboard()->setText("old");
+    for (const int key : {int(Qt::Key_unknown), 0}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
+        QApplication::sendEvent(&editor, &press);
+    }
+    EXPECT_EQ(QApplication::clipboard()->text(), "old");
+    EXPECT_EQ(editor.toPlainText(), "word");
+}
+
 TEST_F(HtmlEditorTest, WorksByKeys)
 {
     editor.newDocument();
@@ -346,6 +393,34 @@ TEST_F(ClosedEditorTest, LoadsNothingThatADocumentNames)
     editor.ExecCommand(DECMD_BOLD);
     editor.setDocumentHtml(editor.documentHtml());
     EXPECT_FALSE(shows(editor, kCanary));
+    EXPECT_FALSE(wasTouched());
+}
+
+// Every format that is offered is asked for, as a program that receives it may.
+TEST_F(ClosedEditorTest, LoadsNothingForWhatIsTakenOut)
+{
+    const QStringList offered{"text/html", "text/plain"};
+    editor.setDocumentHtml(hostile());
+    editor.selectAll();
+    for (const int command : {DECMD_COPY, DECMD_CUT}) {
+        editor.ExecCommand(command);
+        const QMimeData* taken = QApplication::clipboard()->mimeData();
+        EXPECT_EQ(bytesOfAll(*taken), offered);
+        EXPECT_TRUE(taken->html().contains("cell"));
+        EXPECT_TRUE(taken->text().contains("cell"));
+    }
+    QApplication::clipboard()->clear();
+    EXPECT_FALSE(wasTouched());
+}
+
+TEST_F(ClosedEditorTest, LoadsNothingForWhatIsDraggedOrMarked)
+{
+    TakingEditor taking;
+    taking.setDocumentHtml(hostile());
+    taking.selectAll();
+    const std::unique_ptr<QMimeData> data(taking.createMimeDataFromSelection());
+    EXPECT_EQ(bytesOfAll(*data), (QStringList{"text/html", "text/plain"}));
+    EXPECT_TRUE(data->html().contains("cell"));
     EXPECT_FALSE(wasTouched());
 }
 
