@@ -226,9 +226,14 @@ void frmMailSender::openDocument()
     }
 }
 
-// What was found up to a record that is missing stays in the fields.
+// What was found up to a record that is missing stays in the fields. A text that can't be shown
+// changes nothing, so that no other mail's text stands under its recipient.
 void frmMailSender::showDocument(const DocumentRecords& records)
 {
+    if (records.body && !m_editor->setDocumentHtml(*records.body)) {
+        showStatus(QStringLiteral("The text of this document is too large to be shown."));
+        return;
+    }
     const std::optional<QString>* const fields[] = {&records.to, &records.from, &records.subject};
     for (std::size_t index = 0; index < m_txtMail.size() && *fields[index]; ++index) {
         m_txtMail.at(index)->setText(**fields[index]);
@@ -236,8 +241,6 @@ void frmMailSender::showDocument(const DocumentRecords& records)
     }
     if (!records.body) {
         showStatus(QStringLiteral("The document is incomplete; this is what it holds."));
-    } else if (!m_editor->setDocumentHtml(*records.body)) {
-        showStatus(QStringLiteral("The text of this document is too large to be shown."));
     } else {
         setUnchanged();
         showStatus(QString());
@@ -301,7 +304,10 @@ void frmMailSender::cut()
         return;
     }
     copy();
-    markedField().del();
+    QLineEdit& field = markedField();
+    if (field.hasSelectedText()) { // del() takes the next letter where nothing is selected
+        field.del();
+    }
 }
 
 void frmMailSender::copy()

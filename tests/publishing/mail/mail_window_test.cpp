@@ -210,6 +210,18 @@ TEST_F(MailWindow, ReadsItsDocument)
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
+TEST_F(MailWindow, KeepsItsMailWhereADocumentCannotBeShown)
+{
+    openComposer();
+    fill("old@example.com", "me@example.com", "Old", "old text");
+    openBytes("[MailFrom]to@example.com\r\n[MAILTO]from@example.org\r\n[SUBJECT]New\r\n"
+              "[MAILDATA]<p>" +
+              QByteArray(4 << 20, 'a') + "</p>\x19\r\n");
+    EXPECT_EQ(txtMail(0).text(), "old@example.com");
+    EXPECT_EQ(txtMail(2).text(), "Old");
+    EXPECT_EQ(editor().toPlainText(), "old text");
+}
+
 TEST_F(MailWindow, ReadsBackWhatItWrote)
 {
     openComposer();
@@ -357,6 +369,9 @@ TEST_F(MailWindow, EmptiesTheClipboardWhereNothingIsSelected)
     QApplication::clipboard()->setText("old");
     tool(4).click();
     EXPECT_EQ(QApplication::clipboard()->text(), "");
+    txtMail(0).setCursorPosition(0);
+    tool(3).click();
+    EXPECT_EQ(txtMail(0).text(), "to");
     QImage picture(4, 4, QImage::Format_RGB32);
     picture.fill(Qt::red);
     QApplication::clipboard()->setImage(picture);
