@@ -119,14 +119,13 @@ QString HeadlessBrowser::open(const QString& address)
     if (answer.isEmpty()) {
         return QStringLiteral("no answer");
     }
-    if (answer.contains("errorText")) {
-        return answer["errorText"].toString();
-    }
-    // A place on the same page loads nothing.
+    // A place on the same page loads nothing. A failure loads the browser's own page about it,
+    // whose end must not be taken for that of the next one.
     const bool loads = answer.contains("loaderId");
-    return !loads || waitForEvent(QStringLiteral("Page.loadEventFired"))
-               ? QString()
-               : QStringLiteral("it never loads");
+    if (loads && !waitForEvent(QStringLiteral("Page.loadEventFired"))) {
+        return QStringLiteral("it never loads");
+    }
+    return answer["errorText"].toString();
 }
 
 QJsonValue HeadlessBrowser::evaluate(const QString& expression)
